@@ -1,0 +1,156 @@
+#pragma once
+
+#include <QByteArray>
+#include <QDateTime>
+#include <QString>
+#include <QStringList>
+#include <QtGlobal>
+#include <memory>
+
+// The source of Palm databases: everything the database layer needs of a handheld, by role.
+// clsPalmPDB and clsPalmInformation work over these roles only and never know what stands behind
+// them (a folder of .pdb/.prc files today, a live handheld later). Failures are raised as ErrorVB
+// with the source's own numbers (see ErroresFuente below).
+
+// Information object of one database (the header facts).
+class clsInfoBase {
+public:
+    virtual ~clsInfoBase() = default;
+    virtual void Liberar() = 0;
+    virtual QString Nombre() const = 0;
+    virtual qint32 Tipo() const = 0;          // 32-bit type code, most significant byte first
+    virtual qint32 Creador() const = 0;       // 32-bit creator code
+    virtual qint32 AtributosBase() const = 0; // header attribute word; bit 0 = resource database
+    virtual qint32 Version() const = 0;
+    virtual qint32 VersionCompanero() const = 0; // companion value of the version
+    virtual QDateTime FechaCreacion() const = 0;
+    virtual QDateTime FechaModificacion() const = 0;
+    virtual QDateTime FechaBackup() const = 0;
+    virtual qint32 TamanoBase() const = 0;        // bytes
+    virtual qint32 CantidadRegistros() const = 0; // records (resources for a resource database)
+};
+
+// One record as a read hands it out.
+struct RegistroPalm {
+    qint32 Indice = 0;
+    qint32 ID = 0;
+    qint32 Atributos = 0; // Delete 0x80, Dirty 0x40, Busy 0x20, Secret 0x10, Archive 0x08
+    qint32 Categoria = 0; // 0..15
+    QByteArray Bytes;
+};
+
+// Category object of a record database.
+class clsCategoriasPalm {
+public:
+    virtual ~clsCategoriasPalm() = default;
+    virtual qint32 CantidadCategorias() const = 0;
+    virtual QString NombreCategoria(qint32 xIndice) const = 0;
+};
+
+// Record adapter of an open record database. Sequential reads keep a cursor; every write is on
+// disk before the call returns.
+class clsAdaptadorRegistros {
+public:
+    virtual ~clsAdaptadorRegistros() = default;
+    virtual QByteArray LeerAppInfo() = 0;
+    virtual QByteArray LeerInfoOrden() = 0;
+    virtual void IrAlPrincipio(qint32 xIndice) = 0;
+    // True once the sequential reading has passed the last record.
+    virtual bool FinDeRegistros() = 0;
+    // Each read fills xRegistro and returns true, or returns false (leaving it untouched) when no
+    // further record matches.
+    virtual bool LeerSiguiente(RegistroPalm& xRegistro) = 0;
+    virtual bool LeerSiguienteModificado(RegistroPalm& xRegistro) = 0;
+    virtual bool LeerSiguienteEnCategoria(qint32 xCategoria, RegistroPalm& xRegistro) = 0;
+    virtual bool LeerSiguienteModificadoEnCategoria(qint32 xCategoria,
+                                                    RegistroPalm& xRegistro) = 0;
+    // Raises when no record has that ID.
+    virtual RegistroPalm LeerPorID(qint32 xID) = 0;
+    // xID 0 writes a new record; returns the record's unique ID.
+    virtual qint32 EscribirRegistro(qint32 xID, qint32 xCategoria, qint32 xAtributos,
+                                    const QByteArray& xBytes) = 0;
+    virtual void BorrarRegistro(qint32 xID) = 0;
+    virtual void BorrarTodos(qint32 xDesde, qint32 xHasta) = 0;
+    virtual const clsCategoriasPalm& Categorias() = 0;
+};
+
+// One resource of a resource database.
+struct RecursoPalm {
+    qint32 Indice = 0;
+    qint32 Tipo = 0;
+    qint32 ID = 0;
+    QByteArray Bytes;
+};
+
+// Resource adapter of an open resource database.
+class clsAdaptadorRecursos {
+public:
+    virtual ~clsAdaptadorRecursos() = default;
+    virtual qint32 CantidadRecursos() = 0;
+    virtual RecursoPalm LeerRecurso(qint32 xIndice) = 0;
+};
+
+// Database manager: the catalogue and the open operations.
+class clsGestorBases {
+public:
+    virtual ~clsGestorBases() = default;
+    virtual QStringList ListarBases(qint32 xCual) = 0;
+    virtual std::shared_ptr<clsInfoBase> BuscarBase(const QString& xNombre) = 0;
+    // Next database whose creator (and type, when not empty) matches; null at the end.
+    virtual std::shared_ptr<clsInfoBase> EnumerarBases(const QString& xCreador,
+                                                       const QString& xTipo, bool xReiniciar) = 0;
+    virtual std::unique_ptr<clsAdaptadorRegistros>
+    AbrirBaseRegistros(const QString& xNombre, const QString& xClase, qint32 xModo) = 0;
+    virtual std::unique_ptr<clsAdaptadorRecursos>
+    AbrirBaseRecursos(const QString& xNombre, const QString& xClase, qint32 xModo) = 0;
+};
+
+// Memory card information, in the order the card reports it.
+struct TarjetaPalm {
+    qint32 Numero = 0;
+    double Version = 0;
+    QDateTime FechaCreacion;
+    qint64 TamanoRom = 0; // bytes
+    qint64 TamanoRam = 0;
+    qint64 RamLibre = 0;
+    QString Nombre;
+    QString Fabricante;
+    qint32 CantidadBasesRom = 0;
+    qint32 CantidadBasesRam = 0;
+};
+
+// User information, in the order the handheld reports it.
+struct UsuarioPalm {
+    QString Nombre;
+    QString Clave;
+    QDateTime FechaUltimaSincronizacion;
+    qint32 UltimaSincronizacionPC = 0;
+    qint32 IDUsuario = 0;
+};
+
+// System object: card and user information. Each read raises when the handheld cannot be reached.
+class clsSistemaPalm {
+public:
+    virtual ~clsSistemaPalm() = default;
+    virtual TarjetaPalm TarjetaMemoria() = 0;
+    virtual UsuarioPalm InformacionUsuario() = 0;
+};
+
+// The whole source: hands out fresh role objects.
+class clsFuentePalm {
+public:
+    virtual ~clsFuentePalm() = default;
+    virtual std::unique_ptr<clsGestorBases> CrearGestor() = 0;
+    virtual std::unique_ptr<clsSistemaPalm> CrearSistema() = 0;
+    // Code converter: a 32-bit type or creator code as its four characters.
+    virtual QString CodigoATexto(qint32 xCodigo, qint32 xOpcion) const = 0;
+};
+
+// Numbers of the errors a source raises (the 0x80042000 range of the source).
+namespace ErroresFuente {
+constexpr qint32 BaseNoEncontrada = static_cast<qint32>(0x80042003u);
+constexpr qint32 BaseEnUso = static_cast<qint32>(0x80042007u); // cannot be read, parsed or locked
+constexpr qint32 RegistroNoEncontrado = static_cast<qint32>(0x80042009u);
+constexpr qint32 EscrituraFallida = static_cast<qint32>(0x8004200Au);
+constexpr qint32 HandheldInaccesible = static_cast<qint32>(0x8004200Bu);
+} // namespace ErroresFuente

@@ -1,0 +1,51 @@
+#include "shell/modDialogos.h"
+
+#include <QFileDialog>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <utility>
+
+namespace modDialogos {
+namespace {
+RespuestaMensaje& Mensajes() {
+    static RespuestaMensaje respuesta;
+    return respuesta;
+}
+RespuestaArchivo& Archivos() {
+    static RespuestaArchivo respuesta;
+    return respuesta;
+}
+RespuestaImpresora& Impresora() {
+    static RespuestaImpresora respuesta;
+    return respuesta;
+}
+} // namespace
+
+QMessageBox::StandardButton MsgBox(QWidget* xPadre, const QString& xTexto,
+                                   QMessageBox::StandardButtons xBotones, QMessageBox::Icon xIcono,
+                                   const QString& xTitulo) {
+    if (Mensajes())
+        return Mensajes()({xPadre, xTexto, xTitulo, xBotones, xIcono});
+    QMessageBox caja(xIcono, xTitulo, xTexto, xBotones, xPadre);
+    return static_cast<QMessageBox::StandardButton>(caja.exec());
+}
+
+QString GuardarArchivo(QWidget* xPadre, const QString& xTitulo, const QString& xArchivo,
+                       const QString& xFiltro, QString* xFiltroElegido) {
+    if (Archivos())
+        return Archivos()({xPadre, xTitulo, xArchivo, xFiltro}, xFiltroElegido);
+    return QFileDialog::getSaveFileName(xPadre, xTitulo, xArchivo, xFiltro, xFiltroElegido);
+}
+
+bool ElegirImpresora(QWidget* xPadre, QPrinter& xImpresora) {
+    if (Impresora())
+        return Impresora()(xImpresora);
+    QPrintDialog dialogo(&xImpresora, xPadre);
+    return dialogo.exec() == QDialog::Accepted;
+}
+
+void ResponderMensajes(RespuestaMensaje xRespuesta) { Mensajes() = std::move(xRespuesta); }
+void ResponderArchivos(RespuestaArchivo xRespuesta) { Archivos() = std::move(xRespuesta); }
+void ResponderImpresora(RespuestaImpresora xRespuesta) { Impresora() = std::move(xRespuesta); }
+
+} // namespace modDialogos
