@@ -144,6 +144,8 @@ public:
     virtual std::unique_ptr<clsSistemaPalm> CrearSistema() = 0;
     // Code converter: a 32-bit type or creator code as its four characters.
     virtual QString CodigoATexto(qint32 xCodigo, qint32 xOpcion) const = 0;
+    // Name of the handheld's code page (for QStringDecoder), in which its texts are written.
+    virtual QString CodigoPagina() const = 0;
 };
 
 // Numbers of the errors a source raises (the 0x80042000 range of the source).
