@@ -1,6 +1,7 @@
 #include "common/modFunciones.h"
 
 #include "common/ErrorVB.h"
+#include "printing/clsImpresora.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -66,6 +67,105 @@ void CrearCarpeta(const QString& xCarpeta) {
 
 QString NombreUsuario() {
     return NombreDelSistema().left(255);
+}
+
+namespace {
+
+// Builds the lines of MultiLinea one word at a time.
+class Renglones {
+public:
+    Renglones(double xAncho, int xSangria, const clsImpresora& xDispositivo)
+        : mAncho(xAncho), mSangria(qMax(xSangria, 0), QLatin1Char(' ')),
+          mDispositivo(xDispositivo) {}
+
+    void Palabra(QString xPalabra) {
+        if (xPalabra.isEmpty()) return;
+        if (!mVacia) {
+            const QString conPalabra = mLinea + QLatin1Char(' ') + xPalabra;
+            if (Cabe(conPalabra)) {
+                mLinea = conPalabra;
+                return;
+            }
+            Salto();
+        }
+        while (xPalabra.size() > 1 && !Cabe(mLinea + xPalabra)) {
+            const qsizetype corte = LargoQueCabe(xPalabra);
+            mTexto += mLinea + xPalabra.left(corte) + QStringLiteral("-\r\n");
+            mLinea = mSangria;
+            xPalabra = xPalabra.mid(corte);
+        }
+        mLinea += xPalabra;
+        mVacia = false;
+    }
+
+    void Salto() {
+        mTexto += mLinea + QStringLiteral("\r\n");
+        mLinea = mSangria;
+        mVacia = true;
+    }
+
+    QString Texto() const { return mTexto + mLinea; }
+
+private:
+    bool Cabe(const QString& xLinea) const { return mDispositivo.TextWidth(xLinea) <= mAncho; }
+
+    // The longest start of the word that fits on the line with its "-", at least one character.
+    qsizetype LargoQueCabe(const QString& xPalabra) const {
+        qsizetype largo = 1;
+        while (largo + 1 < xPalabra.size() &&
+               Cabe(mLinea + xPalabra.left(largo + 1) + QLatin1Char('-')))
+            ++largo;
+        return largo;
+    }
+
+    double mAncho;
+    QString mSangria;
+    const clsImpresora& mDispositivo;
+    QString mTexto;
+    QString mLinea;
+    bool mVacia = true;
+};
+
+QString SinBlancosExtremos(const QString& xTexto) {
+    qsizetype inicio = 0;
+    qsizetype fin = xTexto.size();
+    while (inicio < fin && xTexto[inicio] == QLatin1Char(' '))
+        ++inicio;
+    while (fin > inicio && xTexto[fin - 1] == QLatin1Char(' '))
+        --fin;
+    return xTexto.mid(inicio, fin - inicio);
+}
+
+QString Envolver(const QString& xTexto, double xAncho, int xSangria,
+                 const clsImpresora& xDispositivo) {
+    const QString texto = SinBlancosExtremos(xTexto);
+    Renglones renglones(xAncho, xSangria, xDispositivo);
+    QString palabra;
+    for (qsizetype i = 0; i < texto.size(); ++i) {
+        const QChar c = texto[i];
+        if (c != QLatin1Char(' ') && c != QLatin1Char('\r') && c != QLatin1Char('\n')) {
+            palabra += c;
+            continue;
+        }
+        renglones.Palabra(std::exchange(palabra, QString()));
+        if (c == QLatin1Char(' ')) continue;
+        if (c == QLatin1Char('\r') && i + 1 < texto.size() && texto[i + 1] == QLatin1Char('\n'))
+            ++i;
+        renglones.Salto();
+    }
+    renglones.Palabra(palabra);
+    return renglones.Texto();
+}
+
+} // namespace
+
+QString MultiLinea(const QString& xTexto, double xAncho, int xSangria,
+                   const clsImpresora& xDispositivo) {
+    try {
+        return Envolver(xTexto, xAncho, xSangria, xDispositivo);
+    } catch (const ErrorVB& error) {
+        throw error.ConFuente(error.Fuente() + QStringLiteral(".modFunciones.MultiLinea\r\n"));
+    }
 }
 
 } // namespace modFunciones

@@ -3,6 +3,8 @@
 #include <QString>
 #include <QStringList>
 
+class clsImpresora;
+
 // General helpers shared by the whole program.
 namespace modFunciones {
 
@@ -16,5 +18,13 @@ void CrearCarpeta(const QString& xCarpeta);
 
 // Login name of the user of this computer (at most 255 characters).
 QString NombreUsuario();
+
+// Breaks a text into lines no wider than xAncho, measured with xDispositivo's own TextWidth in its
+// current scale. Blanks at both ends go, runs of blanks separate words; every line after the first
+// starts with xSangria blanks; line breaks already in the text are kept (as CR LF). A word too
+// wide for a line of its own is cut, each cut marked with "-". A failure of the device is raised
+// again with ".modFunciones.MultiLinea" and a line break added to its source.
+QString MultiLinea(const QString& xTexto, double xAncho, int xSangria,
+                   const clsImpresora& xDispositivo);
 
 } // namespace modFunciones
