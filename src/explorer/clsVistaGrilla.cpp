@@ -1,0 +1,87 @@
+#include "explorer/clsVistaGrilla.h"
+
+#include "explorer/clsGrillaFlexible.h"
+
+#include <QHeaderView>
+#include <QPainter>
+#include <QStyledItemDelegate>
+
+namespace {
+// Fixed cells get the fixed colour (the colour of buttons) and keep it when selected.
+class clsDelegadoGrilla : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter* xPintor, const QStyleOptionViewItem& xOpcion,
+               const QModelIndex& xIndice) const override {
+        if (!xIndice.data(clsGrillaFlexible::RolFija).toBool()) {
+            QStyledItemDelegate::paint(xPintor, xOpcion, xIndice);
+            return;
+        }
+        QStyleOptionViewItem opcion = xOpcion;
+        initStyleOption(&opcion, xIndice);
+        opcion.state &= ~(QStyle::State_Selected | QStyle::State_HasFocus);
+        xPintor->fillRect(opcion.rect, opcion.palette.button());
+        opcion.palette.setColor(QPalette::Text, opcion.palette.color(QPalette::ButtonText));
+        opcion.backgroundBrush = Qt::NoBrush;
+        QStyledItemDelegate::paint(xPintor, opcion, xIndice);
+    }
+};
+} // namespace
+
+clsVistaGrilla::clsVistaGrilla(QWidget* xPadre)
+    : QTableView(xPadre), mGrilla(new clsGrillaFlexible(this)) {
+    setModel(mGrilla);
+    setItemDelegate(new clsDelegadoGrilla(this));
+    setSelectionBehavior(QAbstractItemView::SelectRows);
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setWordWrap(false);
+    setAlternatingRowColors(true);
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
+    horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setStretchLastSection(false);
+    horizontalHeader()->setMinimumSectionSize(0);
+
+    connect(mGrilla, &clsGrillaFlexible::FormatoCambiado, this, &clsVistaGrilla::AplicarFormato);
+    connect(mGrilla, &QAbstractItemModel::rowsInserted, this, &clsVistaGrilla::AplicarFormato);
+    connect(mGrilla, &QAbstractItemModel::rowsRemoved, this, &clsVistaGrilla::AplicarFormato);
+    AplicarFormato();
+}
+
+int clsVistaGrilla::TwipsAPixeles(int xTwips) const {
+    return qRound(xTwips * logicalDpiX() / 1440.0);
+}
+
+void clsVistaGrilla::AplicarFormato() {
+    const int fijas = mGrilla->FixedRows();
+    horizontalHeader()->setVisible(fijas > 0);
+    // The fixed rows are hidden from the body: the heading shows the first one.
+    for (int fila = 0; fila < std::min(mGrilla->Rows(), fijas + 1); ++fila)
+        setRowHidden(fila, fila < fijas);
+    for (int columna = 0; columna < mGrilla->Cols(); ++columna) {
+        const int ancho = mGrilla->ColWidth(columna);
+        setColumnHidden(columna, ancho == 0);
+        if (ancho > 0) setColumnWidth(columna, TwipsAPixeles(ancho));
+    }
+}
+
+int clsVistaGrilla::Row() const {
+    return currentIndex().isValid() ? currentIndex().row() : -1;
+}
+
+int clsVistaGrilla::Col() const {
+    return currentIndex().isValid() ? currentIndex().column() : -1;
+}
+
+void clsVistaGrilla::SetRow(int xFila) {
+    const int columna = std::max(0, Col());
+    setCurrentIndex(mGrilla->index(xFila, columna));
+}
+
+void clsVistaGrilla::SetCol(int xColumna) {
+    const int fila = std::max(0, Row());
+    setCurrentIndex(mGrilla->index(fila, xColumna));
+}

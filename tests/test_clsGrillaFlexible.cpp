@@ -1,0 +1,276 @@
+#include "common/ErrorVB.h"
+#include "explorer/clsGrillaFlexible.h"
+
+#include <QAbstractItemModelTester>
+#include <QSignalSpy>
+#include <gtest/gtest.h>
+
+namespace {
+
+// A grid of xColumnas columns whose rows are the given tab-separated texts, with data words
+// 100, 101, ... in row order.
+void Llenar(clsGrillaFlexible& xGrilla, qint32 xColumnas, const QStringList& xFilas) {
+    xGrilla.SetCols(xColumnas);
+    for (const QString& texto : xFilas) {
+        const qint32 fila = xGrilla.AddItem(texto);
+        xGrilla.SetRowData(fila, 100 + fila);
+    }
+}
+
+QStringList Columna(const clsGrillaFlexible& xGrilla, qint32 xColumna) {
+    QStringList textos;
+    for (qint32 f = 0; f < xGrilla.Rows(); ++f)
+        textos << xGrilla.TextMatrix(f, xColumna);
+    return textos;
+}
+
+QList<qint32> Datos(const clsGrillaFlexible& xGrilla) {
+    QList<qint32> datos;
+    for (qint32 f = 0; f < xGrilla.Rows(); ++f)
+        datos << xGrilla.RowData(f);
+    return datos;
+}
+
+TEST(clsGrillaFlexible, AddItemSplitsTheTextIntoTheColumns) {
+    struct Caso {
+        qint32 Columnas;
+        QString Texto;
+        QStringList Celdas;
+    };
+    const Caso casos[] = {
+        {3, "a\tb\tc", {"a", "b", "c"}}, {2, "a\tb\tc", {"a", "b"}}, {3, "a", {"a", "", ""}},
+        {3, "a\t\tc", {"a", "", "c"}},   {2, "", {"", ""}},          {2, " x \t", {" x ", ""}},
+    };
+    for (const Caso& caso : casos) {
+        clsGrillaFlexible grilla;
+        grilla.SetCols(caso.Columnas);
+        const qint32 fila = grilla.AddItem(caso.Texto);
+        EXPECT_EQ(fila, 0);
+        QStringList celdas;
+        for (qint32 c = 0; c < grilla.Cols(); ++c)
+            celdas << grilla.TextMatrix(fila, c);
+        EXPECT_EQ(celdas, caso.Celdas) << caso.Texto.toStdString();
+    }
+}
+
+TEST(clsGrillaFlexible, FixedCountsAlwaysLeaveAScrollingRowAndColumn) {
+    struct Caso {
+        qint32 Filas, Columnas, FilasFijas, ColumnasFijas;
+        bool Valido;
+    };
+    const Caso casos[] = {
+        {2, 3, 1, 2, true},  {1, 3, 0, 2, true},   {1, 3, 1, 0, false},
+        {2, 3, 0, 3, false}, {0, 0, 0, 0, true},   {5, 1, 4, 0, true},
+        {5, 1, 0, 1, false}, {2, 2, -1, 0, false}, {2, 2, 0, -1, false},
+    };
+    for (const Caso& caso : casos) {
+        clsGrillaFlexible grilla;
+        grilla.SetCols(caso.Columnas);
+        grilla.SetRows(caso.Filas);
+        bool valido = true;
+        try {
+            grilla.SetFixedRows(caso.FilasFijas);
+            grilla.SetFixedCols(caso.ColumnasFijas);
+        } catch (const ErrorVB& e) {
+            valido = false;
+            EXPECT_EQ(e.Numero(), ErrorVB::SubindiceFueraDeRango);
+        }
+        EXPECT_EQ(valido, caso.Valido) << caso.Filas << "x" << caso.Columnas << " fixed "
+                                       << caso.FilasFijas << "/" << caso.ColumnasFijas;
+    }
+}
+
+TEST(clsGrillaFlexible, CuttingRowsOrColumnsTakesFixedOnesAlong) {
+    clsGrillaFlexible grilla;
+    Llenar(grilla, 4, {"T1\tT2\tT3\tT4", "a\tb\tc\td", "e\tf\tg\th"});
+    grilla.SetFixedRows(1);
+    grilla.SetFixedCols(3);
+
+    grilla.SetRows(1);
+    EXPECT_EQ(grilla.FixedRows(), 0);
+    EXPECT_EQ(grilla.TextMatrix(0, 3), "T4");
+    grilla.SetCols(2);
+    EXPECT_EQ(grilla.FixedCols(), 1);
+
+    // Widening again brings empty cells back, not the texts that were cut.
+    grilla.SetCols(4);
+    EXPECT_EQ(grilla.TextMatrix(0, 2), "");
+    EXPECT_EQ(grilla.ColWidth(3), clsGrillaFlexible::AnchoPredeterminado);
+    grilla.SetRows(2);
+    EXPECT_EQ(grilla.TextMatrix(1, 0), "");
+    EXPECT_EQ(grilla.RowData(1), 0);
+}
+
+TEST(clsGrillaFlexible, IndicesOutsideTheGridRaiseSubscriptOutOfRange) {
+    clsGrillaFlexible grilla;
+    Llenar(grilla, 2, {"a\tb"});
+    const std::function<void()> accesos[] = {
+        [&] { grilla.TextMatrix(1, 0); },
+        [&] { grilla.TextMatrix(0, 2); },
+        [&] { grilla.TextMatrix(-1, 0); },
+        [&] { grilla.SetTextMatrix(0, -1, "x"); },
+        [&] { grilla.RowData(5); },
+        [&] { grilla.SetRowData(1, 3); },
+        [&] { grilla.ColWidth(2); },
+        [&] { grilla.SetColAlignment(0, 10); },
+        [&] { grilla.SetColAlignment(3, 1); },
+        [&] { grilla.SetRows(-1); },
+        [&] { grilla.Sort(clsGrillaFlexible::TextoAscendente, 2); },
+    };
+    for (const auto& acceso : accesos) {
+        try {
+            acceso();
+            ADD_FAILURE() << "no error raised";
+        } catch (const ErrorVB& e) {
+            EXPECT_EQ(e.Numero(), ErrorVB::SubindiceFueraDeRango);
+        }
+    }
+}
+
+TEST(clsGrillaFlexible, SortOrdersTheScrollingRowsAndCarriesTheDataWords) {
+    struct Caso {
+        const char* Nombre;
+        qint32 Modo;
+        QStringList Filas;
+        QStringList Esperado;
+        QList<qint32> DatosEsperados;
+    };
+    const Caso casos[] = {
+        {"numeric",
+         clsGrillaFlexible::NumericoAscendente,
+         {"10", "9", "-2.5", "100"},
+         {"Head", "-2.5", "9", "10", "100"},
+         {100, 103, 102, 101, 104}},
+        {"a text that is no number counts as zero and equal keys keep their order",
+         clsGrillaFlexible::NumericoAscendente,
+         {"3", "abc", "-1", "0", ""},
+         {"Head", "-1", "abc", "0", "", "3"},
+         {100, 103, 102, 104, 105, 101}},
+        {"string, case-sensitive",
+         clsGrillaFlexible::TextoAscendente,
+         {"b", "B", "a", "A", "10", "9"},
+         {"Head", "10", "9", "A", "B", "a", "b"},
+         {100, 105, 106, 104, 102, 103, 101}},
+        {"string order of numbers",
+         clsGrillaFlexible::TextoAscendente,
+         {"True", "False", "True"},
+         {"Head", "False", "True", "True"},
+         {100, 102, 101, 103}},
+        {"custom without a compare rule keeps the order",
+         clsGrillaFlexible::Personalizado,
+         {"12/31/2001", "01/01/1999"},
+         {"Head", "12/31/2001", "01/01/1999"},
+         {100, 101, 102}},
+    };
+    for (const Caso& caso : casos) {
+        clsGrillaFlexible grilla;
+        grilla.SetLocale(QLocale::c());
+        Llenar(grilla, 2, QStringList{"Head\tx"} + caso.Filas);
+        grilla.SetFixedRows(1);
+        grilla.Sort(caso.Modo, 0);
+        EXPECT_EQ(Columna(grilla, 0), caso.Esperado) << caso.Nombre;
+        EXPECT_EQ(Datos(grilla), caso.DatosEsperados) << caso.Nombre;
+    }
+}
+
+TEST(clsGrillaFlexible, NumericSortReadsTheGridsLocale) {
+    clsGrillaFlexible grilla;
+    grilla.SetLocale(QLocale(QLocale::German, QLocale::Germany));
+    Llenar(grilla, 1, {"2,5", "10", "2,25"});
+    grilla.Sort(clsGrillaFlexible::NumericoAscendente, 0);
+    EXPECT_EQ(Columna(grilla, 0), (QStringList{"2,25", "2,5", "10"}));
+}
+
+TEST(clsGrillaFlexible, AlignmentCodesBecomeQtAlignments) {
+    struct Caso {
+        qint32 Codigo;
+        QString Texto;
+        Qt::Alignment Esperada;
+    };
+    const Caso casos[] = {
+        {clsGrillaFlexible::IzquierdaArriba, "x", Qt::AlignLeft | Qt::AlignTop},
+        {clsGrillaFlexible::IzquierdaCentro, "x", Qt::AlignLeft | Qt::AlignVCenter},
+        {clsGrillaFlexible::CentroCentro, "x", Qt::AlignHCenter | Qt::AlignVCenter},
+        {clsGrillaFlexible::CentroAbajo, "x", Qt::AlignHCenter | Qt::AlignBottom},
+        {clsGrillaFlexible::DerechaArriba, "x", Qt::AlignRight | Qt::AlignTop},
+        {clsGrillaFlexible::DerechaCentro, "x", Qt::AlignRight | Qt::AlignVCenter},
+        {clsGrillaFlexible::DerechaAbajo, "x", Qt::AlignRight | Qt::AlignBottom},
+        {clsGrillaFlexible::General, "12.5", Qt::AlignRight | Qt::AlignVCenter},
+        {clsGrillaFlexible::General, "Notes", Qt::AlignLeft | Qt::AlignVCenter},
+    };
+    for (const Caso& caso : casos) {
+        clsGrillaFlexible grilla;
+        Llenar(grilla, 1, {caso.Texto});
+        grilla.SetColAlignment(0, caso.Codigo);
+        const auto alineacion =
+            grilla.data(grilla.index(0, 0), Qt::TextAlignmentRole).value<Qt::Alignment>();
+        EXPECT_EQ(alineacion, caso.Esperada) << caso.Codigo << " " << caso.Texto.toStdString();
+    }
+}
+
+TEST(clsGrillaFlexible, TheFirstFixedRowIsTheHeadingAndFixedCellsAreMarked) {
+    clsGrillaFlexible grilla;
+    Llenar(grilla, 3, {"Field\tType", "Name\tString"});
+    EXPECT_EQ(grilla.headerData(0, Qt::Horizontal).toString(), "");
+    grilla.SetFixedCols(2);
+    EXPECT_TRUE(grilla.data(grilla.index(1, 1), clsGrillaFlexible::RolFija).toBool());
+    EXPECT_FALSE(grilla.data(grilla.index(1, 2), clsGrillaFlexible::RolFija).toBool());
+
+    QSignalSpy cabecera(&grilla, &QAbstractItemModel::headerDataChanged);
+    grilla.SetFixedCols(0);
+    grilla.SetFixedRows(1);
+    EXPECT_FALSE(cabecera.isEmpty());
+    EXPECT_EQ(grilla.headerData(1, Qt::Horizontal).toString(), "Type");
+    EXPECT_TRUE(grilla.data(grilla.index(0, 2), clsGrillaFlexible::RolFija).toBool());
+    EXPECT_FALSE(grilla.data(grilla.index(1, 0), clsGrillaFlexible::RolFija).toBool());
+    grilla.SetTextMatrix(0, 1, "Kind");
+    EXPECT_EQ(grilla.headerData(1, Qt::Horizontal).toString(), "Kind");
+    EXPECT_EQ(grilla.data(grilla.index(1, 0), clsGrillaFlexible::RolDato).toInt(), 101);
+}
+
+TEST(clsGrillaFlexible, ABatchOfRowsArrivesInOneInsertion) {
+    clsGrillaFlexible grilla;
+    grilla.SetCols(4);
+    grilla.AddItem("A\tB\tC");
+    QStringList textos;
+    QVector<qint32> datos;
+    for (qint32 i = 0; i < 65535; ++i) {
+        textos << QStringLiteral("%1\tName %1\tTrue").arg(i);
+        datos << i + 1;
+    }
+    QSignalSpy insertadas(&grilla, &QAbstractItemModel::rowsInserted);
+    grilla.AddItems(textos, datos);
+    ASSERT_EQ(insertadas.count(), 1);
+    EXPECT_EQ(insertadas.at(0).at(1).toInt(), 1);
+    EXPECT_EQ(insertadas.at(0).at(2).toInt(), 65535);
+    EXPECT_EQ(grilla.Rows(), 65536);
+    EXPECT_EQ(grilla.TextMatrix(65535, 1), "Name 65534");
+    EXPECT_EQ(grilla.TextMatrix(65535, 3), "");
+    EXPECT_EQ(grilla.RowData(65535), 65535);
+}
+
+TEST(clsGrillaFlexible, TheModelKeepsQtsRulesThroughEveryChange) {
+    clsGrillaFlexible grilla;
+    QAbstractItemModelTester probador(&grilla,
+                                      QAbstractItemModelTester::FailureReportingMode::Fatal);
+    grilla.SetCols(3);
+    grilla.AddItem("Name\tAge");
+    grilla.SetFixedCols(2);
+    grilla.AddItems({"b\t3", "a\t20", "c\t1"}, {7, 8, 9});
+    grilla.SetFixedCols(0);
+    grilla.SetFixedRows(1);
+    const QPersistentModelIndex seguido = grilla.index(2, 1);
+    grilla.Sort(clsGrillaFlexible::NumericoAscendente, 1);
+    EXPECT_EQ(seguido.row(), 3);
+    EXPECT_EQ(seguido.data().toString(), "20");
+    grilla.Sort(clsGrillaFlexible::TextoAscendente, 0);
+    EXPECT_EQ(seguido.row(), 1);
+    grilla.SetTextMatrix(1, 2, "spare");
+    grilla.SetColWidth(2, 0);
+    grilla.SetRows(1);
+    grilla.SetCols(1);
+    grilla.SetRows(0);
+    EXPECT_EQ(grilla.rowCount(), 0);
+}
+
+} // namespace
