@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QString>
 #include <QVector>
 #include <QtGlobal>
@@ -26,6 +27,70 @@ public:
     using std::runtime_error::runtime_error;
 };
 
+// The header fields of a database file (see clsArchivoPDB for the layout).
+struct CabeceraPDB {
+    QByteArray Nombre; // the raw name bytes, without the terminator
+    // The bytes of the 32-byte name field after the terminator, as read. Handhelds leave old bytes
+    // there; they are written back when they still fit after the name, zeros otherwise.
+    QByteArray RellenoNombre;
+    quint16 Atributos = 0;
+    quint16 Version = 0;
+    quint32 FechaCreacion = 0; // Palm seconds since 1904-01-01
+    quint32 FechaModificacion = 0;
+    quint32 FechaBackup = 0;
+    quint32 NumeroModificacion = 0;
+    quint32 Tipo = 0;
+    quint32 Creador = 0;
+    quint32 SemillaID = 0;
+
+    static constexpr quint16 AtributoRecursos = 0x0001;
+
+    bool EsRecursos() const { return (Atributos & AtributoRecursos) != 0; }
+};
+
+// Where a block of data lies in the file's bytes.
+struct TramoPDB {
+    quint32 Desde = 0;
+    quint32 Largo = 0;
+};
+
+struct IndiceRegistroPDB {
+    TramoPDB Datos;
+    quint32 ID = 0;
+    quint8 Atributos = 0;
+};
+
+struct IndiceRecursoPDB {
+    TramoPDB Datos;
+    quint32 Tipo = 0;
+    quint16 ID = 0;
+};
+
+// A file read without copying its data: the header, and where every block lies in the bytes.
+// Readers that keep the file's bytes hand out slices of them instead of holding a copy per record.
+struct DisposicionPDB : CabeceraPDB {
+    TramoPDB AppInfo;
+    TramoPDB SortInfo;
+    QVector<IndiceRegistroPDB> Registros;
+    QVector<IndiceRecursoPDB> Recursos;
+    qint32 CantidadEntradas() const {
+        return static_cast<qint32>(EsRecursos() ? Recursos.size() : Registros.size());
+    }
+};
+
+// What a writer lays out: the entries with their data, wherever that data lives.
+struct PiezaRegistroPDB {
+    quint8 Atributos = 0;
+    quint32 ID = 0;
+    QByteArrayView Datos;
+};
+
+struct PiezaRecursoPDB {
+    quint32 Tipo = 0;
+    quint16 ID = 0;
+    QByteArrayView Datos;
+};
+
 // One Palm database file (.pdb record database or .prc resource database), held in memory.
 //
 // Header, 78 bytes, all numbers big-endian:
@@ -40,30 +105,37 @@ public:
 //
 // Leer validates every offset against the file and rejects anything malformed; Escribir lays the
 // file out anew from the content, so no offset read is ever trusted on write.
-class clsArchivoPDB {
+class clsArchivoPDB : public CabeceraPDB {
 public:
-    QByteArray Nombre; // the raw name bytes, without the terminator
-    quint16 Atributos = 0;
-    quint16 Version = 0;
-    quint32 FechaCreacion = 0; // Palm seconds since 1904-01-01
-    quint32 FechaModificacion = 0;
-    quint32 FechaBackup = 0;
-    quint32 NumeroModificacion = 0;
-    quint32 Tipo = 0;
-    quint32 Creador = 0;
-    quint32 SemillaID = 0;
     QByteArray AppInfo;
     QByteArray SortInfo;
     QVector<EntradaRegistroPDB> Registros; // a record database
     QVector<EntradaRecursoPRC> Recursos;   // a resource database
 
-    static constexpr quint16 AtributoRecursos = 0x0001;
-
-    bool EsRecursos() const { return (Atributos & AtributoRecursos) != 0; }
+    static constexpr qsizetype TamanoCabecera = 78;
+    static constexpr qsizetype TamanoEntradaRegistro = 8;
+    static constexpr qsizetype TamanoEntradaRecurso = 10;
 
     // Throws ErrorFormatoPDB with the reason when the bytes are not a valid database.
     static clsArchivoPDB Leer(const QByteArray& xBytes);
     QByteArray Escribir() const;
+
+    // Validates and indexes a file without copying anything. xBytes must hold at least the header
+    // and the entry list (see TamanoIndice); every block is checked against xTamanoArchivo, the
+    // size of the whole file, so the catalogue can check a file from its first bytes alone.
+    static DisposicionPDB Analizar(QByteArrayView xBytes, qint64 xTamanoArchivo);
+    static DisposicionPDB Analizar(QByteArrayView xBytes) {
+        return Analizar(xBytes, xBytes.size());
+    }
+    // How many bytes the header and the entry list take, from the header's first 78 bytes.
+    // Throws ErrorFormatoPDB when there are fewer.
+    static qint64 TamanoIndice(QByteArrayView xCabecera);
+    // Lays a file out from its content: 78-byte header, entries, 2 padding bytes, AppInfo,
+    // SortInfo, data. Throws ErrorFormatoPDB when the content cannot be stored in a file.
+    static QByteArray Componer(const CabeceraPDB& xCabecera, QByteArrayView xAppInfo,
+                               QByteArrayView xSortInfo,
+                               const QVector<PiezaRegistroPDB>& xRegistros,
+                               const QVector<PiezaRecursoPDB>& xRecursos);
 
     // The record attribute byte: high nibble Delete 0x80, Dirty 0x40, Busy 0x20, Secret 0x10;
     // low nibble the category, except when Delete or Busy is set, where 0x08 is the Archive flag

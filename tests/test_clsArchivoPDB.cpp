@@ -1,0 +1,376 @@
+#include "data/clsArchivoPDB.h"
+
+#include <QDir>
+#include <QFile>
+#include <QRandomGenerator>
+#include <QtEndian>
+#include <gtest/gtest.h>
+
+namespace {
+
+QByteArray Bytes(std::initializer_list<int> xValores) {
+    QByteArray bytes;
+    for (int valor : xValores)
+        bytes.append(static_cast<char>(valor));
+    return bytes;
+}
+
+clsArchivoPDB BaseDeRegistros() {
+    clsArchivoPDB archivo;
+    archivo.Nombre = "Clientes";
+    archivo.Version = 3;
+    archivo.FechaCreacion = 0xBD000000;
+    archivo.FechaModificacion = 0xBD000100;
+    archivo.NumeroModificacion = 7;
+    archivo.Tipo = 0x44415441; // DATA
+    archivo.Creador = 0x54455354;
+    archivo.SemillaID = 0x100004;
+    archivo.AppInfo = QByteArray(276, '\x01');
+    archivo.SortInfo = Bytes({9, 8, 7});
+    archivo.Registros = {{0x40, 0x100001, "uno"},
+                         {0x03, 0x100002, QByteArray()},
+                         {0x88, 0x100003, QByteArray(300, 'x')}};
+    return archivo;
+}
+
+clsArchivoPDB BaseDeRecursos() {
+    clsArchivoPDB archivo;
+    archivo.Nombre = "Programa";
+    archivo.Atributos = clsArchivoPDB::AtributoRecursos;
+    archivo.Tipo = 0x6170706C; // appl
+    archivo.Creador = 0x50524F47;
+    archivo.Recursos = {{0x636F6465, 0, Bytes({1, 2, 3})}, {0x74465254, 1000, "form"}};
+    return archivo;
+}
+
+void PonerU32(QByteArray& xBytes, int xEn, quint32 xValor) {
+    qToBigEndian(xValor, xBytes.data() + xEn);
+}
+
+void PonerU16(QByteArray& xBytes, int xEn, quint16 xValor) {
+    qToBigEndian(xValor, xBytes.data() + xEn);
+}
+
+// The offset field of record entry i in a record database.
+int DesdeRegistro(int xIndice) {
+    return 78 + 8 * xIndice;
+}
+
+// Checks that every block of a parsed file lies inside it.
+void ComprobarDentro(const DisposicionPDB& xDisposicion, qint64 xTamano) {
+    auto dentro = [xTamano](const TramoPDB& xTramo) {
+        return qint64(xTramo.Desde) + xTramo.Largo <= xTamano;
+    };
+    EXPECT_TRUE(dentro(xDisposicion.AppInfo));
+    EXPECT_TRUE(dentro(xDisposicion.SortInfo));
+    for (const auto& registro : xDisposicion.Registros)
+        EXPECT_TRUE(dentro(registro.Datos));
+    for (const auto& recurso : xDisposicion.Recursos)
+        EXPECT_TRUE(dentro(recurso.Datos));
+}
+
+} // namespace
+
+TEST(clsArchivoPDB, UnRegistroVuelveIgualTrasEscribirYLeer) {
+    const clsArchivoPDB original = BaseDeRegistros();
+    const QByteArray bytes = original.Escribir();
+    const clsArchivoPDB leido = clsArchivoPDB::Leer(bytes);
+    EXPECT_EQ(leido.Nombre, original.Nombre);
+    EXPECT_EQ(leido.Version, 3);
+    EXPECT_EQ(leido.FechaCreacion, original.FechaCreacion);
+    EXPECT_EQ(leido.FechaModificacion, original.FechaModificacion);
+    EXPECT_EQ(leido.NumeroModificacion, 7u);
+    EXPECT_EQ(leido.Tipo, original.Tipo);
+    EXPECT_EQ(leido.Creador, original.Creador);
+    EXPECT_EQ(leido.SemillaID, original.SemillaID);
+    EXPECT_EQ(leido.AppInfo, original.AppInfo);
+    EXPECT_EQ(leido.SortInfo, original.SortInfo);
+    ASSERT_EQ(leido.Registros.size(), 3);
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(leido.Registros[i].Atributos, original.Registros[i].Atributos);
+        EXPECT_EQ(leido.Registros[i].ID, original.Registros[i].ID);
+        EXPECT_EQ(leido.Registros[i].Datos, original.Registros[i].Datos);
+    }
+    EXPECT_EQ(leido.Escribir(), bytes);
+}
+
+TEST(clsArchivoPDB, EscribirCalculaCadaDesplazamientoDesdeElContenido) {
+    const QByteArray bytes = BaseDeRegistros().Escribir();
+    const int finIndice = 78 + 3 * 8;
+    const quint32 appInfo = finIndice + 2;
+    EXPECT_EQ(qFromBigEndian<quint32>(bytes.constData() + 52), appInfo);
+    EXPECT_EQ(qFromBigEndian<quint32>(bytes.constData() + 56), appInfo + 276);
+    EXPECT_EQ(qFromBigEndian<quint32>(bytes.constData() + DesdeRegistro(0)), appInfo + 279);
+    EXPECT_EQ(qFromBigEndian<quint32>(bytes.constData() + DesdeRegistro(1)), appInfo + 282);
+    EXPECT_EQ(qFromBigEndian<quint32>(bytes.constData() + DesdeRegistro(2)), appInfo + 282);
+    EXPECT_EQ(bytes.size(), appInfo + 282 + 300);
+    EXPECT_EQ(bytes.mid(finIndice, 2), Bytes({0, 0}));
+}
+
+TEST(clsArchivoPDB, UnaBaseDeRecursosVuelveIgual) {
+    const QByteArray bytes = BaseDeRecursos().Escribir();
+    const clsArchivoPDB leido = clsArchivoPDB::Leer(bytes);
+    ASSERT_TRUE(leido.EsRecursos());
+    ASSERT_EQ(leido.Recursos.size(), 2);
+    EXPECT_EQ(leido.Recursos[1].Tipo, 0x74465254u);
+    EXPECT_EQ(leido.Recursos[1].ID, 1000);
+    EXPECT_EQ(leido.Recursos[1].Datos, QByteArray("form"));
+    EXPECT_TRUE(leido.AppInfo.isEmpty());
+    EXPECT_EQ(qFromBigEndian<quint32>(bytes.constData() + 52), 0u);
+    EXPECT_EQ(leido.Escribir(), bytes);
+}
+
+TEST(clsArchivoPDB, LosBytesTrasElNombreSeConservanMientrasQuepan) {
+    clsArchivoPDB archivo = BaseDeRegistros();
+    QByteArray bytes = archivo.Escribir();
+    bytes[20] = 'Z'; // old bytes after the terminator, as handhelds leave them
+    archivo = clsArchivoPDB::Leer(bytes);
+    EXPECT_EQ(archivo.Escribir(), bytes);
+
+    archivo.Nombre = "Otro nombre";
+    const QByteArray renombrado = archivo.Escribir();
+    EXPECT_EQ(renombrado.left(32), QByteArray("Otro nombre").append(21, '\0'));
+}
+
+TEST(clsArchivoPDB, UnaDisposicionNoCanonicaSeLeeYSeReescribeCanonica) {
+    clsArchivoPDB archivo = BaseDeRegistros();
+    archivo.SortInfo.clear();
+    QByteArray canonico = archivo.Escribir();
+    // No padding after the entry list, and a 4-byte gap before the second record.
+    QByteArray bytes = canonico;
+    bytes.remove(78 + 3 * 8, 2);
+    const quint32 appInfo = 78 + 3 * 8;
+    PonerU32(bytes, 52, appInfo);
+    PonerU32(bytes, DesdeRegistro(0), appInfo + 276);
+    bytes.insert(appInfo + 276 + 3, "GAP!");
+    PonerU32(bytes, DesdeRegistro(1), appInfo + 276 + 7);
+    PonerU32(bytes, DesdeRegistro(2), appInfo + 276 + 7);
+
+    const clsArchivoPDB leido = clsArchivoPDB::Leer(bytes);
+    EXPECT_EQ(leido.AppInfo, archivo.AppInfo);
+    EXPECT_EQ(leido.Registros[0].Datos, QByteArray("unoGAP!"));
+    EXPECT_EQ(leido.Registros[2].Datos, archivo.Registros[2].Datos);
+    EXPECT_EQ(leido.Escribir().size(), canonico.size() + 4);
+}
+
+TEST(clsArchivoPDB, EscribirRechazaLoQueNoCabeEnUnArchivo) {
+    struct Caso {
+        const char* Nombre;
+        std::function<void(clsArchivoPDB&)> Cambio;
+    };
+    const std::vector<Caso> casos = {
+        {"name of 32 bytes", [](clsArchivoPDB& x) { x.Nombre = QByteArray(32, 'n'); }},
+        {"zero byte in the name", [](clsArchivoPDB& x) { x.Nombre = QByteArray("a\0b", 3); }},
+        {"ID over 24 bits", [](clsArchivoPDB& x) { x.Registros[0].ID = 0x1000000; }},
+        {"resource in a record database",
+         [](clsArchivoPDB& x) {
+             x.Recursos.append({1, 2, "r"});
+         }},
+        {"record in a resource database",
+         [](clsArchivoPDB& x) { x.Atributos |= clsArchivoPDB::AtributoRecursos; }},
+        {"65536 records", [](clsArchivoPDB& x) { x.Registros.resize(65536); }},
+    };
+    for (const Caso& caso : casos) {
+        clsArchivoPDB archivo = BaseDeRegistros();
+        caso.Cambio(archivo);
+        EXPECT_THROW(archivo.Escribir(), ErrorFormatoPDB) << caso.Nombre;
+    }
+}
+
+TEST(clsArchivoPDB, ElByteDeAtributosSeSeparaEnBanderasYCategoria) {
+    struct Caso {
+        int Byte, Atributos, Categoria;
+    };
+    const Caso casos[] = {
+        {0x00, 0x00, 0}, {0x05, 0x00, 5}, {0x4F, 0x40, 15}, {0x18, 0x10, 8}, {0x80, 0x80, 0},
+        {0x88, 0x88, 0}, {0x8F, 0x88, 0}, {0x28, 0x28, 0},  {0x23, 0x20, 0}, {0xD3, 0xD0, 0},
+        {0xF8, 0xF8, 0}, {0x7A, 0x78, 0}, {0x5A, 0x50, 10},
+    };
+    for (const Caso& caso : casos) {
+        qint32 atributos = -1;
+        qint32 categoria = -1;
+        clsArchivoPDB::SepararAtributos(static_cast<quint8>(caso.Byte), atributos, categoria);
+        EXPECT_EQ(atributos, caso.Atributos) << std::hex << caso.Byte;
+        EXPECT_EQ(categoria, caso.Categoria) << std::hex << caso.Byte;
+    }
+}
+
+TEST(clsArchivoPDB, LasBanderasYLaCategoriaSeUnenEnUnByte) {
+    struct Caso {
+        int Atributos, Categoria, Byte;
+    };
+    const Caso casos[] = {
+        {0x00, 0, 0x00}, {0x40, 3, 0x43},  {0x08, 3, 0x03},  {0x88, 3, 0x88},  {0x28, 9, 0x28},
+        {0x10, 8, 0x18}, {0x40, 17, 0x41}, {0x1FF, 0, 0xF8}, {0x80, 15, 0x80}, {0x07, 2, 0x02},
+    };
+    for (const Caso& caso : casos)
+        EXPECT_EQ(clsArchivoPDB::UnirAtributos(caso.Atributos, caso.Categoria), caso.Byte)
+            << std::hex << caso.Atributos << " " << caso.Categoria;
+}
+
+TEST(clsArchivoPDB, TodoByteQueSePuedeGuardarVuelveIgual) {
+    for (int byte = 0; byte < 256; ++byte) {
+        const bool borradoUOcupado = byte & 0xA0;
+        if (borradoUOcupado && (byte & 0x07))
+            continue; // the category of a deleted or busy record is not kept
+        qint32 atributos = 0;
+        qint32 categoria = 0;
+        clsArchivoPDB::SepararAtributos(static_cast<quint8>(byte), atributos, categoria);
+        EXPECT_EQ(clsArchivoPDB::UnirAtributos(atributos, categoria), byte) << byte;
+    }
+}
+
+TEST(clsArchivoPDB, UnArchivoMalFormadoSeRechazaConSuMotivo) {
+    const QByteArray valido = BaseDeRegistros().Escribir();
+    const quint32 appInfo = 78 + 3 * 8 + 2;
+    struct Caso {
+        const char* Nombre;
+        std::function<QByteArray()> Bytes;
+        const char* Motivo;
+    };
+    const std::vector<Caso> casos = {
+        {"empty file", [] { return QByteArray(); }, "shorter than the 78-byte header"},
+        {"truncated header", [&] { return valido.left(77); }, "shorter than the 78-byte header"},
+        {"name without terminator",
+         [&] {
+             QByteArray b = valido;
+             b.replace(0, 32, QByteArray(32, 'n'));
+             return b;
+         },
+         "not zero-terminated"},
+        {"entry list past the end",
+         [&] {
+             QByteArray b = valido;
+             PonerU16(b, 76, 5000);
+             return b;
+         },
+         "past the end of the file"},
+        {"entry list cut short", [&] { return valido.left(78 + 8 + 3); }, "past the end"},
+        {"record past the end",
+         [&] {
+             QByteArray b = valido;
+             PonerU32(b, DesdeRegistro(2), b.size() + 1);
+             return b;
+         },
+         "record 2 starts at offset"},
+        {"records out of order",
+         [&] {
+             QByteArray b = valido;
+             PonerU32(b, DesdeRegistro(1), appInfo + 278);
+             return b;
+         },
+         "before record 0"},
+        {"record inside the entry list",
+         [&] {
+             QByteArray b = valido;
+             PonerU32(b, DesdeRegistro(0), 80);
+             return b;
+         },
+         "inside the header or the entry list"},
+        {"AppInfo inside the header",
+         [&] {
+             QByteArray b = valido;
+             PonerU32(b, 52, 40);
+             return b;
+         },
+         "the AppInfo block starts at offset 40"},
+        {"AppInfo past the end",
+         [&] {
+             QByteArray b = valido;
+             PonerU32(b, 52, 0x7FFFFFFF);
+             return b;
+         },
+         "past the end of the file"},
+        {"SortInfo before AppInfo",
+         [&] {
+             QByteArray b = valido;
+             PonerU32(b, 56, appInfo - 1);
+             return b;
+         },
+         "before the AppInfo block"},
+        {"AppInfo after the first record",
+         [&] {
+             QByteArray b = valido;
+             PonerU32(b, 52, appInfo + 281);
+             return b;
+         },
+         "before the AppInfo block"},
+        {"SortInfo after the records",
+         [&] {
+             QByteArray b = valido;
+             PonerU32(b, 56, b.size() - 1);
+             return b;
+         },
+         "before the SortInfo block"},
+    };
+    for (const Caso& caso : casos) {
+        try {
+            clsArchivoPDB::Leer(caso.Bytes());
+            ADD_FAILURE() << caso.Nombre << " was accepted";
+        } catch (const ErrorFormatoPDB& error) {
+            EXPECT_NE(std::string(error.what()).find(caso.Motivo), std::string::npos)
+                << caso.Nombre << ": " << error.what();
+        }
+    }
+}
+
+TEST(clsArchivoPDB, CadaPrefijoDeUnArchivoSeRechazaOSeLeeDentroDeSusLimites) {
+    for (const QByteArray& valido : {BaseDeRegistros().Escribir(), BaseDeRecursos().Escribir()}) {
+        for (qsizetype largo = 0; largo < valido.size(); ++largo) {
+            const QByteArray prefijo = valido.left(largo);
+            try {
+                ComprobarDentro(clsArchivoPDB::Analizar(prefijo), largo);
+            } catch (const ErrorFormatoPDB&) {
+                EXPECT_LT(largo, valido.size());
+            }
+        }
+    }
+}
+
+TEST(clsArchivoPDB, BytesAlAzarNuncaLeenFueraDelBuffer) {
+    QRandomGenerator azar(20240611);
+    const QByteArray valido = BaseDeRegistros().Escribir();
+    int aceptados = 0;
+    for (int vuelta = 0; vuelta < 3000; ++vuelta) {
+        QByteArray bytes;
+        if (vuelta % 2 == 0) {
+            bytes.resize(azar.bounded(200));
+            for (char& c : bytes)
+                c = static_cast<char>(azar.bounded(256));
+        } else {
+            bytes = valido;
+            for (int k = 0; k < 4; ++k)
+                bytes[azar.bounded(102)] = static_cast<char>(azar.bounded(256));
+        }
+        try {
+            const DisposicionPDB disposicion = clsArchivoPDB::Analizar(bytes);
+            ComprobarDentro(disposicion, bytes.size());
+            ++aceptados;
+        } catch (const ErrorFormatoPDB&) {
+        }
+    }
+    EXPECT_GT(aceptados, 0); // some mutations leave a valid file, which must still be in bounds
+}
+
+TEST(clsArchivoPDB, AnalizarUnPrefijoCompruebaContraElTamanoDelArchivo) {
+    const QByteArray valido = BaseDeRegistros().Escribir();
+    const qint64 indice = clsArchivoPDB::TamanoIndice(valido.left(78));
+    EXPECT_EQ(indice, 78 + 3 * 8);
+    const DisposicionPDB disposicion = clsArchivoPDB::Analizar(valido.left(indice), valido.size());
+    EXPECT_EQ(disposicion.Registros[2].Datos.Largo, 300u);
+    EXPECT_THROW(clsArchivoPDB::Analizar(valido.left(indice), indice), ErrorFormatoPDB);
+    EXPECT_THROW(clsArchivoPDB::TamanoIndice(valido.left(50)), ErrorFormatoPDB);
+}
+
+TEST(clsArchivoPDB, LosArchivosDeUnHandheldRealVuelvenByteAByte) {
+    const QDir carpeta(QStringLiteral(PANDREL_FIXTURES));
+    if (!carpeta.exists()) GTEST_SKIP() << "no device files";
+    const QStringList archivos = carpeta.entryList({"*.pdb", "*.prc"}, QDir::Files);
+    ASSERT_FALSE(archivos.isEmpty());
+    for (const QString& nombre : archivos) {
+        QFile archivo(carpeta.filePath(nombre));
+        ASSERT_TRUE(archivo.open(QIODevice::ReadOnly)) << nombre.toStdString();
+        const QByteArray bytes = archivo.readAll();
+        EXPECT_EQ(clsArchivoPDB::Leer(bytes).Escribir(), bytes) << nombre.toStdString();
+    }
+}
