@@ -165,13 +165,14 @@ TEST(clsImpresoraGrabadora, ValoresInvalidosNoCambianNada) {
 
 TEST(clsImpresoraGrabadora, FallaUnaVezEnLaLlamadaPedida) {
     clsImpresoraGrabadora impresora;
-    impresora.FallarEn("Print", ErrorVB(482, "Printer", "Printer error"));
+    impresora.FallarEn("Print", ErrorVB(482, "Printer", "Printer error"), 2);
     impresora.SetCurrentX(100);
+    impresora.Print("first");
     EXPECT_THROW(impresora.Print("lost"), ErrorVB);
-    EXPECT_TRUE(impresora.Textos().isEmpty());
     impresora.Print("kept");
-    ASSERT_EQ(impresora.Textos().size(), 1);
-    EXPECT_EQ(impresora.Textos()[0].Texto, "kept");
+    ASSERT_EQ(impresora.Textos().size(), 2);
+    EXPECT_EQ(impresora.Textos()[0].Texto, "first");
+    EXPECT_EQ(impresora.Textos()[1].Texto, "kept");
 }
 
 } // namespace

@@ -10,14 +10,15 @@ clsImpresoraGrabadora::clsImpresoraGrabadora(double xAnchoPagina, double xAltoPa
                                              double xMargen)
     : mAnchoPagina(xAnchoPagina), mAltoPagina(xAltoPagina), mMargen(xMargen) {}
 
-void clsImpresoraGrabadora::FallarEn(const QString& xLlamada, const ErrorVB& xError) {
+void clsImpresoraGrabadora::FallarEn(const QString& xLlamada, const ErrorVB& xError, int xVez) {
     mFallarEn = xLlamada;
     mError = xError;
+    mVecesHastaFallar = xVez;
 }
 
 void clsImpresoraGrabadora::Anotar(const QString& xLlamada, const QString& xArgumentos) const {
     mLlamadas << (xArgumentos.isEmpty() ? xLlamada : xLlamada + QLatin1Char(' ') + xArgumentos);
-    if (!mError || xLlamada != mFallarEn) return;
+    if (!mError || xLlamada != mFallarEn || --mVecesHastaFallar > 0) return;
     const ErrorVB error = *mError;
     mError.reset();
     throw error;

@@ -42,8 +42,9 @@ public:
     int PaginasPasadas() const { return mPaginasPasadas; }
     int DocumentosTerminados() const { return mDocumentos; }
 
-    // The next call of that name raises xError instead of acting, as a failing printer would.
-    void FallarEn(const QString& xLlamada, const ErrorVB& xError);
+    // The xVez-th call of that name from now raises xError instead of acting, as a failing
+    // printer would.
+    void FallarEn(const QString& xLlamada, const ErrorVB& xError, int xVez = 1);
 
 protected:
     double AnchoTexto(const QString& xLinea) const override;
@@ -64,6 +65,7 @@ private:
     double mMargen;
     mutable QStringList mLlamadas;
     mutable QString mFallarEn;
+    mutable int mVecesHastaFallar = 0;
     mutable std::optional<ErrorVB> mError;
     QList<TextoImpreso> mTextos;
     QList<LineaImpresa> mLineas;
