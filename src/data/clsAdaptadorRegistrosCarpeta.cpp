@@ -1,0 +1,116 @@
+#include "data/clsAdaptadorRegistrosCarpeta.h"
+
+#include "common/ErrorVB.h"
+
+#include <utility>
+
+namespace {
+constexpr qint32 AtributoModificado = 0x40;
+} // namespace
+
+clsAdaptadorRegistrosCarpeta::clsAdaptadorRegistrosCarpeta(
+    std::unique_ptr<clsBaseAbiertaCarpeta> xBase, QString xCodigoPagina)
+    : mBase(std::move(xBase)), mCodigoPagina(std::move(xCodigoPagina)) {}
+
+QByteArray clsAdaptadorRegistrosCarpeta::LeerAppInfo() {
+    return mBase->Datos(mBase->Disposicion().AppInfo);
+}
+
+QByteArray clsAdaptadorRegistrosCarpeta::LeerInfoOrden() {
+    return mBase->Datos(mBase->Disposicion().SortInfo);
+}
+
+qint32 clsAdaptadorRegistrosCarpeta::CantidadRegistros() const {
+    return static_cast<qint32>(mBase->Disposicion().Registros.size());
+}
+
+void clsAdaptadorRegistrosCarpeta::IrAlPrincipio(qint32 xIndice) {
+    mCursor = qBound(0, xIndice, CantidadRegistros());
+}
+
+bool clsAdaptadorRegistrosCarpeta::FinDeRegistros() {
+    return mCursor >= CantidadRegistros();
+}
+
+RegistroPalm clsAdaptadorRegistrosCarpeta::Registro(qint32 xIndice) const {
+    const IndiceRegistroPDB& indice = mBase->Disposicion().Registros[xIndice];
+    RegistroPalm registro;
+    registro.Indice = xIndice;
+    registro.ID = static_cast<qint32>(indice.ID);
+    clsArchivoPDB::SepararAtributos(indice.Atributos, registro.Atributos, registro.Categoria);
+    registro.Bytes = mBase->Datos(indice.Datos);
+    return registro;
+}
+
+bool clsAdaptadorRegistrosCarpeta::LeerSiguienteQue(
+    const std::function<bool(const RegistroPalm&)>& xAcepta, RegistroPalm& xRegistro) {
+    const QVector<IndiceRegistroPDB>& registros = mBase->Disposicion().Registros;
+    while (mCursor < registros.size()) {
+        const qint32 indice = mCursor++;
+        RegistroPalm candidato;
+        clsArchivoPDB::SepararAtributos(registros[indice].Atributos, candidato.Atributos,
+                                        candidato.Categoria);
+        if (xAcepta(candidato)) {
+            xRegistro = Registro(indice);
+            return true;
+        }
+    }
+    return false;
+}
+
+bool clsAdaptadorRegistrosCarpeta::LeerSiguiente(RegistroPalm& xRegistro) {
+    return LeerSiguienteQue([](const RegistroPalm&) { return true; }, xRegistro);
+}
+
+bool clsAdaptadorRegistrosCarpeta::LeerSiguienteModificado(RegistroPalm& xRegistro) {
+    return LeerSiguienteQue(
+        [](const RegistroPalm& x) { return (x.Atributos & AtributoModificado) != 0; }, xRegistro);
+}
+
+bool clsAdaptadorRegistrosCarpeta::LeerSiguienteEnCategoria(qint32 xCategoria,
+                                                            RegistroPalm& xRegistro) {
+    return LeerSiguienteQue(
+        [xCategoria](const RegistroPalm& x) { return x.Categoria == xCategoria; }, xRegistro);
+}
+
+bool clsAdaptadorRegistrosCarpeta::LeerSiguienteModificadoEnCategoria(qint32 xCategoria,
+                                                                      RegistroPalm& xRegistro) {
+    return LeerSiguienteQue(
+        [xCategoria](const RegistroPalm& x) {
+            return x.Categoria == xCategoria && (x.Atributos & AtributoModificado) != 0;
+        },
+        xRegistro);
+}
+
+RegistroPalm clsAdaptadorRegistrosCarpeta::LeerPorID(qint32 xID) {
+    const qint32 indice = mBase->IndicePorID(static_cast<quint32>(xID));
+    if (indice < 0)
+        throw ErrorVB(ErroresFuente::RegistroNoEncontrado, QStringLiteral("LeerPorID"),
+                      QStringLiteral("The database \"%1\" has no record with the unique ID %2.")
+                          .arg(mBase->Nombre())
+                          .arg(xID));
+    return Registro(indice);
+}
+
+qint32 clsAdaptadorRegistrosCarpeta::EscribirRegistro(qint32 xID, qint32 xCategoria,
+                                                      qint32 xAtributos, const QByteArray& xBytes) {
+    const quint8 byte = clsArchivoPDB::UnirAtributos(xAtributos, xCategoria);
+    return static_cast<qint32>(mBase->EscribirRegistro(static_cast<quint32>(xID), byte, xBytes));
+}
+
+void clsAdaptadorRegistrosCarpeta::BorrarRegistro(qint32 xID) {
+    // The sequential reading goes on with the record that followed the one removed.
+    if (mBase->BorrarRegistro(static_cast<quint32>(xID)) < mCursor) --mCursor;
+    mCursor = qMin(mCursor, CantidadRegistros());
+}
+
+// The range the direct-access library takes is meaningless for a file: every record goes.
+void clsAdaptadorRegistrosCarpeta::BorrarTodos(qint32, qint32) {
+    mBase->BorrarTodos();
+    mCursor = 0;
+}
+
+const clsCategoriasPalm& clsAdaptadorRegistrosCarpeta::Categorias() {
+    mCategorias = clsCategoriasCarpeta(LeerAppInfo(), mCodigoPagina);
+    return mCategorias;
+}

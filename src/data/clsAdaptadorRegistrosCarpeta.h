@@ -1,0 +1,44 @@
+#pragma once
+
+#include "data/clsBaseAbiertaCarpeta.h"
+#include "data/clsCategoriasCarpeta.h"
+#include "data/clsFuentePalm.h"
+
+#include <functional>
+#include <memory>
+
+// The record adapter of one record database of the folder. Sequential reads walk the records in
+// file order, whatever their flags; the end flag is set once a read has consumed the last record
+// (or found nothing more), and reads after it return false until IrAlPrincipio.
+class clsAdaptadorRegistrosCarpeta : public clsAdaptadorRegistros {
+public:
+    clsAdaptadorRegistrosCarpeta(std::unique_ptr<clsBaseAbiertaCarpeta> xBase,
+                                 QString xCodigoPagina);
+
+    QByteArray LeerAppInfo() override;
+    QByteArray LeerInfoOrden() override;
+    void IrAlPrincipio(qint32 xIndice) override;
+    bool FinDeRegistros() override;
+    bool LeerSiguiente(RegistroPalm& xRegistro) override;
+    bool LeerSiguienteModificado(RegistroPalm& xRegistro) override;
+    bool LeerSiguienteEnCategoria(qint32 xCategoria, RegistroPalm& xRegistro) override;
+    bool LeerSiguienteModificadoEnCategoria(qint32 xCategoria, RegistroPalm& xRegistro) override;
+    RegistroPalm LeerPorID(qint32 xID) override;
+    qint32 EscribirRegistro(qint32 xID, qint32 xCategoria, qint32 xAtributos,
+                            const QByteArray& xBytes) override;
+    void BorrarRegistro(qint32 xID) override;
+    void BorrarTodos(qint32 xDesde, qint32 xHasta) override;
+    const clsCategoriasPalm& Categorias() override;
+
+private:
+    bool LeerSiguienteQue(const std::function<bool(const RegistroPalm&)>& xAcepta,
+                          RegistroPalm& xRegistro);
+    RegistroPalm Registro(qint32 xIndice) const;
+    qint32 CantidadRegistros() const;
+
+    std::unique_ptr<clsBaseAbiertaCarpeta> mBase;
+    QString mCodigoPagina;
+    qint32 mCursor = 0;
+    // One object for the adapter's life, so a reference to it stays valid; refreshed on each call.
+    clsCategoriasCarpeta mCategorias{QByteArrayView(), QString()};
+};

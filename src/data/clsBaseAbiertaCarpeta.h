@@ -1,0 +1,53 @@
+#pragma once
+
+#include "data/clsArchivoPDB.h"
+
+#include <QByteArray>
+#include <QString>
+#include <functional>
+
+// One open database file of the folder. The file is read once and kept as its bytes and their
+// layout; records are handed out as copies of their slices. Every write holds a lock file beside
+// the database, reads the file again so that a change made by another writer since it was read
+// is kept, applies the change, stamps the header (modification date now, modification number
+// plus one) and replaces the file atomically. A write that fails leaves the file and this object
+// as they were.
+class clsBaseAbiertaCarpeta {
+public:
+    // Raises BaseEnUso when the file cannot be read or is not a valid database.
+    clsBaseAbiertaCarpeta(const QString& xArchivo, const QString& xNombre,
+                          const QString& xOperacion);
+
+    const QString& Nombre() const { return mNombre; }
+    const DisposicionPDB& Disposicion() const { return mDisposicion; }
+    QByteArray Datos(const TramoPDB& xTramo) const;
+    // Index of the record with that unique ID, -1 when there is none.
+    qint32 IndicePorID(quint32 xID) const;
+
+    // xID 0 appends a record with a new unique ID; returns the record's ID. Raises
+    // RegistroNoEncontrado for any other ID the database does not hold.
+    quint32 EscribirRegistro(quint32 xID, quint8 xAtributos, const QByteArray& xBytes);
+    // Returns the index the record had.
+    qint32 BorrarRegistro(quint32 xID);
+    void BorrarTodos();
+
+    // How long a write waits for another writer's lock (ms).
+    static constexpr int EsperaCandado = 5000;
+    // A lock older than this (ms) is taken as left behind by a writer that died.
+    static constexpr int CandadoAbandonado = 15000;
+
+private:
+    // Applies one change to the database as it is on disk: its records, and its header.
+    using Cambio =
+        std::function<void(const DisposicionPDB& xActual, QVector<PiezaRegistroPDB>& xRegistros,
+                           CabeceraPDB& xCabecera)>;
+
+    void Guardar(const QString& xOperacion, const Cambio& xCambio);
+    [[noreturn]] void FallaEscritura(const QString& xOperacion, const QString& xMotivo) const;
+    [[noreturn]] void SinRegistro(const QString& xOperacion, quint32 xID) const;
+
+    QString mArchivo;
+    QString mNombre;
+    QByteArray mBytes;
+    DisposicionPDB mDisposicion;
+};

@@ -1,0 +1,32 @@
+#include "data/clsFuenteCarpeta.h"
+
+#include "data/clsCatalogoCarpeta.h"
+#include "data/clsGestorCarpeta.h"
+#include "data/clsSistemaCarpeta.h"
+
+clsFuenteCarpeta::clsFuenteCarpeta(const QString& xCarpeta)
+    : mCatalogo(std::make_shared<clsCatalogoCarpeta>(xCarpeta)) {}
+
+std::unique_ptr<clsGestorBases> clsFuenteCarpeta::CrearGestor() {
+    return std::make_unique<clsGestorCarpeta>(mCatalogo);
+}
+
+std::unique_ptr<clsSistemaPalm> clsFuenteCarpeta::CrearSistema() {
+    return std::make_unique<clsSistemaCarpeta>(mCatalogo);
+}
+
+QString clsFuenteCarpeta::CodigoATexto(qint32 xCodigo, qint32) const {
+    return clsGestorCarpeta::Codigo(static_cast<quint32>(xCodigo));
+}
+
+QString clsFuenteCarpeta::CodigoPagina() const {
+    return mCatalogo->CodigoPagina();
+}
+
+const QString& clsFuenteCarpeta::Carpeta() const {
+    return mCatalogo->Carpeta();
+}
+
+QStringList clsFuenteCarpeta::Avisos() const {
+    return mCatalogo->Avisos();
+}
