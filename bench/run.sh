@@ -1,0 +1,34 @@
+#!/usr/bin/env bash
+# Times whole pandrel-cli processes on the benchmark handhelds and prints, per case, the median
+# and the slowest of the runs and the peak memory. Usage: bench/run.sh [RUNS] (default 15).
+set -euo pipefail
+root=$(cd "$(dirname "$0")/.." && pwd)
+build="${PANDREL_BUILD:-$root/build}"
+runs="${1:-15}"
+inputs="$build/bench-inputs-data"
+cli="$build/pandrel-cli"
+
+cmake --build "$build" --target pandrel-cli bench-inputs >/dev/null
+[ -f "$inputs/big/BenchBig.pdb" ] || "$build/bench/bench-inputs" "$inputs"
+
+# measure NAME RUNS COMMAND...: runs the command RUNS times with its output to /dev/null.
+measure() {
+    python3 - "$@" <<'PY'
+import resource, statistics, subprocess, sys, time
+name, runs, command = sys.argv[1], int(sys.argv[2]), sys.argv[3:]
+times = []
+for i in range(runs):
+    args = [a.replace("{i}", str(i)) for a in command]
+    start = time.perf_counter()
+    subprocess.run(args, stdout=subprocess.DEVNULL, check=True)
+    times.append((time.perf_counter() - start) * 1000)
+peak = resource.getrusage(resource.RUSAGE_CHILDREN).ru_maxrss / 1024
+print(f"{name:<34} median {statistics.median(times):7.1f} ms   max {max(times):7.1f} ms   peak {peak:6.1f} MB")
+PY
+}
+
+big=$(stat -c %s "$inputs/big/BenchBig.pdb")
+echo "BenchBig.pdb: $((big / 1024)) KB, 65535 records; many/: $(ls "$inputs/many" | wc -l) files"
+measure "records (65,535 x 8 fields)" "$runs" "$cli" --handheld "$inputs/big" records BenchBig
+measure "creators --kind appforge (1,000)" "$runs" "$cli" --handheld "$inputs/many" creators --kind appforge
+measure "update one String, mid-database" "$runs" "$cli" --handheld "$inputs/big" update BenchBig 1081344 4 "Customer {i}"

@@ -1,0 +1,40 @@
+#include "explorer/modTextosPanel.h"
+
+#include "common/clsConfiguracionRegional.h"
+#include "data/clsPDBInterface.h"
+
+#include <cmath>
+
+namespace modTextosPanel {
+
+QString TextoVersion(float xVersion, const clsConfiguracionRegional& xRegional) {
+    return xRegional.Formato(xVersion, QStringLiteral("0.00"));
+}
+
+QString TextoFecha(const QDateTime& xFecha, const clsConfiguracionRegional& xRegional) {
+    return xRegional.FormatoFecha(xFecha, QStringLiteral("mm/dd/yyyy hh:mm:ss"));
+}
+
+QString TextoTamanio(float xBytes, const clsConfiguracionRegional& xRegional) {
+    const double kb = std::round(double(xBytes) / 1024.0 * 100.0) / 100.0;
+    return xRegional.Formato(kb, QStringLiteral("#0.##")) + QStringLiteral(" KB");
+}
+
+// In the order the panel fills them: the database is asked for each value once.
+QList<QPair<QString, QString>> TextosInformacionBase(clsPDBInterface& xBase,
+                                                     const clsConfiguracionRegional& xRegional) {
+    const QString version = TextoVersion(xBase.DBVersion(), xRegional);
+    const QString tipo = xBase.DBType();
+    const QString creacion = TextoFecha(xBase.CreationDate(), xRegional);
+    const QString modificacion = TextoFecha(xBase.ModificationDate(), xRegional);
+    const QString backup = TextoFecha(xBase.BackupDate(), xRegional);
+    const QString tamanio = TextoTamanio(xBase.DBSize(), xRegional);
+    return {{QStringLiteral("Type:"), tipo},
+            {QStringLiteral("Version:"), version},
+            {QStringLiteral("Creation Date:"), creacion},
+            {QStringLiteral("Modification Date:"), modificacion},
+            {QStringLiteral("Backup Date:"), backup},
+            {QStringLiteral("Size:"), tamanio}};
+}
+
+} // namespace modTextosPanel
