@@ -1,0 +1,301 @@
+#include "common/ErrorVB.h"
+#include "common/clsConfiguracionRegional.h"
+#include "errors/MostrarMensajeError.h"
+#include "errors/frmMensajeError.h"
+#include "printing/clsImpresoraGrabadora.h"
+#include "printing/clsImpresoraQt.h"
+#include "shell/modDialogos.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPointer>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QTest>
+#include <QTimer>
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+// Readable failure messages for texts.
+inline void PrintTo(const QString& xTexto, std::ostream* xSalida) {
+    *xSalida << '"' << xTexto.toStdString() << '"';
+}
+
+namespace {
+
+using Texto = clsImpresoraGrabadora::TextoImpreso;
+
+QString TextoDe(const QWidget& xVentana, const char* xNombre) {
+    if (auto* rotulo = xVentana.findChild<QLabel*>(xNombre)) return rotulo->text();
+    if (auto* linea = xVentana.findChild<QLineEdit*>(xNombre)) return linea->text();
+    if (auto* caja = xVentana.findChild<QPlainTextEdit*>(xNombre)) return caja->toPlainText();
+    if (auto* boton = xVentana.findChild<QPushButton*>(xNombre)) return boton->text();
+    if (auto* marco = xVentana.findChild<QGroupBox*>(xNombre)) return marco->title();
+    ADD_FAILURE() << "no control " << xNombre;
+    return {};
+}
+
+void Pulsar(QWidget* xVentana, const char* xBoton) {
+    QPointer<QPushButton> boton = xVentana->findChild<QPushButton*>(xBoton);
+    ASSERT_TRUE(boton);
+    QTimer::singleShot(0, boton, [boton] { QTest::mouseClick(boton, Qt::LeftButton); });
+}
+
+// Runs xLlamar and hands every error window that comes up modally meanwhile to xAlAbrirse, in the
+// order they come (0 for the first). A window that comes back on top after the ones over it closed
+// gets its OK pressed; anything still open after five seconds is closed so a fault cannot hang.
+void ConVentanas(const std::function<void()>& xLlamar,
+                 const std::function<void(frmMensajeError*, int)>& xAlAbrirse) {
+    std::vector<QPointer<frmMensajeError>> vistas;
+    QPointer<frmMensajeError> arriba;
+    QElapsedTimer tiempo;
+    tiempo.start();
+    QTimer reloj;
+    reloj.setInterval(10);
+    QObject::connect(&reloj, &QTimer::timeout, [&] {
+        auto* ventana = qobject_cast<frmMensajeError*>(QApplication::activeModalWidget());
+        if (!ventana) return;
+        if (tiempo.elapsed() > 5000) {
+            ADD_FAILURE() << "an error window stayed open";
+            ventana->reject();
+            return;
+        }
+        if (ventana == arriba) return;
+        arriba = ventana;
+        const auto vista = std::find(vistas.begin(), vistas.end(), ventana);
+        if (vista != vistas.end()) {
+            Pulsar(ventana, "cmdOk");
+            return;
+        }
+        vistas.push_back(ventana);
+        xAlAbrirse(ventana, int(vistas.size()) - 1);
+    });
+    reloj.start();
+    xLlamar();
+    reloj.stop();
+}
+
+class frmMensajeErrorTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        clsConfiguracionRegional::EstablecerActual(
+            QLocale(QLocale::English, QLocale::UnitedStates));
+        modDialogos::ResponderImpresora([](QPrinter&) { return true; });
+        clsImpresoraQt::Sustituir([this](QPrinter&) { return mImpresora; });
+    }
+    void TearDown() override {
+        modDialogos::ResponderImpresora({});
+        clsImpresoraQt::Sustituir({});
+    }
+
+    std::shared_ptr<clsImpresoraGrabadora> mImpresora = std::make_shared<clsImpresoraGrabadora>();
+};
+
+TEST_F(frmMensajeErrorTest, ComponentLlenaLaVentanaSinMostrarla) {
+    struct Caso {
+        qint32 Numero;
+        QString Descripcion, Fuente, Formulario, Procedimiento;
+        QString TextoNumero;
+    };
+    const Caso casos[] = {
+        {ErrorBase + 1001, "Database its close.", "OpenFile", "frmPandrel", "CargarTabla",
+         "-2147220503"},
+        {13, "Type mismatch", "Pandrel", "frmInicio", "AnalizarArchivos", "13"},
+        {0, "", "", "", "", "0"},
+    };
+    const QRegularExpression fechaHora(R"(^\d\d/\d\d/\d{4} \d\d:\d\d:\d\d$)");
+    for (const Caso& caso : casos) {
+        frmMensajeError ventana;
+        ventana.Component(caso.Numero, caso.Descripcion, caso.Fuente, caso.Formulario,
+                          caso.Procedimiento);
+        EXPECT_FALSE(ventana.isVisible());
+        EXPECT_EQ(TextoDe(ventana, "lblErrorNumero"), caso.TextoNumero);
+        EXPECT_EQ(TextoDe(ventana, "txtErrorDescrip"), caso.Descripcion);
+        EXPECT_EQ(TextoDe(ventana, "txtErrorProcedFuente"), caso.Fuente);
+        EXPECT_EQ(TextoDe(ventana, "lblErrorFormulario"), caso.Formulario);
+        EXPECT_EQ(TextoDe(ventana, "lblErrorModuloFormulario"), caso.Procedimiento);
+        EXPECT_EQ(TextoDe(ventana, "lblComputadora"), "");
+        const QString fecha = TextoDe(ventana, "lblErrorFecha");
+        EXPECT_TRUE(fechaHora.match(fecha).hasMatch()) << fecha.toStdString();
+        EXPECT_EQ(TextoDe(ventana, "lblErrorHora"), fecha.right(8));
+    }
+}
+
+TEST_F(frmMensajeErrorTest, RotulosYFuentes) {
+    frmMensajeError ventana;
+    EXPECT_EQ(ventana.windowTitle(), "Mensaje de Error");
+    const std::pair<const char*, QString> rotulos[] = {
+        {"Frame1", " SE HA PRODUCIDO UN ERROR "},
+        {"Label1", "Número de Error:"},
+        {"Label4", "Descripción del Error"},
+        {"Label7", "Fecha:"},
+        {"Label5", "Hora:"},
+        {"Label9", "Computadora:"},
+        {"Label6", "Formulario:"},
+        {"Label10", "Módulo de Formulario:"},
+        {"Label2", "Procedimiento Fuente:"},
+        {"cmdImprimir", "&Imprimir"},
+        {"cmdOk", "&OK"},
+    };
+    for (const auto& [nombre, texto] : rotulos) {
+        EXPECT_EQ(TextoDe(ventana, nombre), texto) << nombre;
+        const QString familia = ventana.findChild<QWidget*>(nombre)->font().family();
+        if (QByteArray(nombre).startsWith("Label")) {
+            EXPECT_EQ(familia, "Arial") << nombre;
+        }
+    }
+    EXPECT_EQ(ventana.findChild<QGroupBox*>("Frame1")->font().family(), "Times New Roman");
+}
+
+TEST_F(frmMensajeErrorTest, ImprimeLaPaginaDelError) {
+    QStringList palabras;
+    for (int i = 0; i < 10; ++i)
+        palabras << QString(9, QChar('a' + i));
+    struct Caso {
+        QString Descripcion;
+        QStringList LineasDescripcion; // as printed, the first after "Description: "
+    };
+    const Caso casos[] = {
+        {palabras.join(' '),
+         {"Description: " + palabras.mid(0, 7).join(' '),
+          QString(10, ' ') + palabras.mid(7).join(' ')}},
+        {"", {"Description: "}},
+        {"  Overflow  ", {"Description: Overflow"}},
+    };
+    for (const Caso& caso : casos) {
+        mImpresora = std::make_shared<clsImpresoraGrabadora>();
+        frmMensajeError ventana;
+        ventana.Component(6, caso.Descripcion, "Pandrel.modFuncionesConversion", "frmPandrel",
+                          "CargarTabla");
+        QTest::mouseClick(ventana.findChild<QPushButton*>("cmdImprimir"), Qt::LeftButton);
+
+        const QString fecha = TextoDe(ventana, "lblErrorFecha");
+        struct Linea {
+            double X, Y;
+            QString Texto;
+        };
+        // 21 characters of 0.9 cell centred on a sheet 96 cells wide.
+        std::vector<Linea> esperadas = {{(96 - 21 * 0.9) / 2, 1, "An Error was occurred"},
+                                        {10, 5, "Date: " + fecha},
+                                        {10, 6, "Time: " + fecha.right(8)},
+                                        {10, 7, "Computer: "},
+                                        {10, 10, "Number: 6"}};
+        for (int i = 0; i < caso.LineasDescripcion.size(); ++i)
+            esperadas.push_back({i == 0 ? 10.0 : 0.0, 11 + 0.9 * i, caso.LineasDescripcion[i]});
+        esperadas.push_back({10, 14, "Form: frmPandrel"});
+        esperadas.push_back({10, 15, "Form\u00B4s Module: CargarTabla"});
+        esperadas.push_back({10, 16, "Procedure: Pandrel.modFuncionesConversion"});
+
+        const QList<Texto>& textos = mImpresora->Textos();
+        ASSERT_EQ(textos.size(), qsizetype(esperadas.size())) << caso.Descripcion.toStdString();
+        for (size_t i = 0; i < esperadas.size(); ++i) {
+            const Texto& texto = textos[qsizetype(i)];
+            EXPECT_NEAR(texto.X, esperadas[i].X, 1e-9) << i;
+            EXPECT_NEAR(texto.Y, esperadas[i].Y, 1e-9) << i;
+            EXPECT_EQ(texto.Texto, esperadas[i].Texto);
+            EXPECT_EQ(texto.Escala, clsImpresora::EscalaCaracteres);
+            EXPECT_EQ(texto.Fuente, "MS Sans Serif");
+            EXPECT_EQ(texto.Tamano, 9);
+            EXPECT_EQ(texto.Pagina, 1);
+        }
+        const QStringList& llamadas = mImpresora->Llamadas();
+        EXPECT_EQ(llamadas.first(), "ScaleMode 4");
+        EXPECT_EQ(llamadas.mid(llamadas.size() - 2), QStringList({"EndDoc", "ScaleMode 1"}));
+        EXPECT_EQ(mImpresora->DocumentosTerminados(), 1);
+        EXPECT_EQ(mImpresora->PaginasPasadas(), 0);
+    }
+}
+
+TEST_F(frmMensajeErrorTest, DialogoCanceladoTerminaEnSilencio) {
+    int impresoras = 0;
+    modDialogos::ResponderImpresora([](QPrinter&) { return false; });
+    clsImpresoraQt::Sustituir([&](QPrinter&) {
+        ++impresoras;
+        return mImpresora;
+    });
+    frmMensajeError ventana;
+    ventana.Component(9, "Subscript out of range", "Pandrel", "frmPandrel", "CargarTabla");
+    int ventanas = 0;
+    ConVentanas(
+        [&] { QTest::mouseClick(ventana.findChild<QPushButton*>("cmdImprimir"), Qt::LeftButton); },
+        [&](frmMensajeError* otra, int) {
+            ++ventanas;
+            Pulsar(otra, "cmdOk");
+        });
+    EXPECT_EQ(impresoras, 0);
+    EXPECT_EQ(ventanas, 0);
+    EXPECT_TRUE(mImpresora->Llamadas().isEmpty());
+}
+
+TEST_F(frmMensajeErrorTest, MostrarMensajeErrorEsModalYLiberaLaVentana) {
+    for (int vez = 0; vez < 2; ++vez) {
+        QStringList vistos;
+        ConVentanas(
+            [] {
+                MostrarMensajeError(ErrorVB(ErrorBase + 1002, "RetrieveDataBases", "Unknow error"),
+                                    "frmInicio", "AnalizarArchivos");
+            },
+            [&](frmMensajeError* ventana, int) {
+                EXPECT_TRUE(ventana->isModal());
+                EXPECT_TRUE(ventana->isVisible());
+                vistos << TextoDe(*ventana, "lblErrorNumero")
+                       << TextoDe(*ventana, "txtErrorDescrip")
+                       << TextoDe(*ventana, "txtErrorProcedFuente")
+                       << TextoDe(*ventana, "lblErrorFormulario")
+                       << TextoDe(*ventana, "lblErrorModuloFormulario");
+                Pulsar(ventana, "cmdOk");
+            });
+        EXPECT_EQ(vistos, QStringList({"-2147220502", "Unknow error", "RetrieveDataBases",
+                                       "frmInicio", "AnalizarArchivos"}));
+        for (QWidget* ventana : QApplication::topLevelWidgets())
+            EXPECT_FALSE(qobject_cast<frmMensajeError*>(ventana));
+    }
+}
+
+TEST_F(frmMensajeErrorTest, UnaFallaAlImprimirAbreOtraVentanaEncima) {
+    struct Caso {
+        QString Llamada;
+        int Vez;
+        QString Fuente;
+    };
+    const Caso casos[] = {
+        {"Print", 3, "Printer"},
+        {"TextWidth", 2, "Printer.modFunciones.MultiLinea\r\n"}, // the first measure in the wrap
+        {"EndDoc", 1, "Printer"},
+    };
+    for (const Caso& caso : casos) {
+        mImpresora = std::make_shared<clsImpresoraGrabadora>();
+        mImpresora->FallarEn(caso.Llamada, ErrorVB(482, "Printer", "Printer error"), caso.Vez);
+        QPointer<frmMensajeError> primera;
+        QStringList segunda;
+        ConVentanas(
+            [] { MostrarMensajeError(6, "Overflow", "Pandrel", "frmPandrel", "CargarTabla"); },
+            [&](frmMensajeError* ventana, int orden) {
+                if (orden == 0) {
+                    primera = ventana;
+                    Pulsar(ventana, "cmdImprimir");
+                    return;
+                }
+                EXPECT_EQ(ventana->parentWidget(), primera.data());
+                segunda << TextoDe(*ventana, "lblErrorNumero")
+                        << TextoDe(*ventana, "txtErrorDescrip")
+                        << TextoDe(*ventana, "txtErrorProcedFuente")
+                        << TextoDe(*ventana, "lblErrorFormulario")
+                        << TextoDe(*ventana, "lblErrorModuloFormulario");
+                Pulsar(ventana, "cmdOk");
+            });
+        EXPECT_EQ(segunda, QStringList({"482", "Printer error", caso.Fuente, "Error Message",
+                                        "ImprimoError"}))
+            << caso.Llamada.toStdString();
+        EXPECT_FALSE(primera);
+    }
+}
+
+} // namespace
