@@ -1,0 +1,132 @@
+#include "shell/frmMensajeConstruccion.h"
+#include "shell/frmSplash.h"
+
+#include <QDesktopServices>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+#include <QUrl>
+#include <gtest/gtest.h>
+
+#include <functional>
+
+inline void PrintTo(const QString& xTexto, std::ostream* xSalida) {
+    *xSalida << '"' << xTexto.toStdString() << '"';
+}
+
+// Takes the desktop's "open" action in place of the mail program and the browser.
+class AbridorPrueba : public QObject {
+    Q_OBJECT
+public:
+    QStringList Abiertos;
+public slots:
+    void Abrir(const QUrl& xUrl) { Abiertos << xUrl.toString(); }
+};
+
+namespace {
+
+// Runs the window modally, does xAccion once it is up, and returns how long it stayed open (ms).
+qint64 Ejecutar(QDialog& xVentana, const std::function<void()>& xAccion) {
+    QTimer::singleShot(100, &xVentana, xAccion);
+    QTimer::singleShot(10000, &xVentana, [&xVentana] { xVentana.reject(); }); // never hang
+    QElapsedTimer reloj;
+    reloj.start();
+    xVentana.exec();
+    return reloj.elapsed();
+}
+
+TEST(frmSplash, TextosYFuentes) {
+    frmSplash ventana;
+    const std::pair<const char*, QString> rotulos[] = {
+        {"lblProductName", "Pandrel"},
+        {"lblVersion", "Versión 1.0"},
+        {"Label5", "Active data administration"},
+        {"lblPlatform", "Windows 9.x/ me/ 2000/ XP"},
+        {"lblMail", "sales@pandrel.example"},
+        {"lblWebSite", "www.pandrel.example"},
+    };
+    for (const auto& [nombre, texto] : rotulos) {
+        auto* rotulo = ventana.findChild<QLabel*>(nombre);
+        ASSERT_TRUE(rotulo) << nombre;
+        EXPECT_EQ(rotulo->text(), texto);
+        EXPECT_EQ(rotulo->font().family(), "Arial") << nombre;
+    }
+    ASSERT_TRUE(ventana.findChild<QLabel*>("Image1"));
+    EXPECT_FALSE(ventana.findChild<QLabel*>("Image1")->pixmap().isNull());
+}
+
+TEST(frmSplash, ElRelojLaCierraSegunSuModo) {
+    struct Caso {
+        bool AcercaDe;
+        int Intervalo;
+    };
+    for (const Caso caso : {Caso{true, 4000}, Caso{false, 2000}}) {
+        frmSplash ventana;
+        ventana.Parametros(caso.AcercaDe);
+        const qint64 abierta = Ejecutar(ventana, [] {});
+        EXPECT_EQ(ventana.result(), QDialog::Accepted) << caso.AcercaDe;
+        EXPECT_GE(abierta, caso.Intervalo - 50) << caso.AcercaDe;
+        EXPECT_LT(abierta, caso.Intervalo + 2000) << caso.AcercaDe;
+    }
+}
+
+TEST(frmSplash, CualquierTeclaLaCierra) {
+    for (const Qt::Key tecla : {Qt::Key_Space, Qt::Key_A, Qt::Key_Escape, Qt::Key_F1}) {
+        frmSplash ventana;
+        ventana.Parametros(true);
+        const qint64 abierta = Ejecutar(ventana, [&] { QTest::keyClick(&ventana, tecla); });
+        EXPECT_LT(abierta, 1500) << tecla;
+        EXPECT_EQ(ventana.result(), QDialog::Accepted) << tecla;
+    }
+}
+
+TEST(frmSplash, LosEnlacesAbrenSinCerrarla) {
+    AbridorPrueba abridor;
+    for (const char* esquema : {"mailto", "http", "https"})
+        QDesktopServices::setUrlHandler(esquema, &abridor, "Abrir");
+    struct Caso {
+        const char* Control;
+        QString Abierto;
+    };
+    const Caso casos[] = {
+        {"lblMail", "mailto:sales@pandrel.example"},
+        {"lblWebSite", "http://www.pandrel.example"},
+        {"Image1", ""},
+        {"lblProductName", ""},
+    };
+    for (const Caso& caso : casos) {
+        abridor.Abiertos.clear();
+        frmSplash ventana;
+        ventana.Parametros(true);
+        ventana.show();
+        QTest::mouseClick(ventana.findChild<QLabel*>(caso.Control), Qt::LeftButton);
+        EXPECT_TRUE(ventana.isVisible()) << caso.Control;
+        EXPECT_TRUE(ventana.findChild<QTimer*>("tmrReloj")->isActive()) << caso.Control;
+        EXPECT_EQ(abridor.Abiertos,
+                  caso.Abierto.isEmpty() ? QStringList() : QStringList(caso.Abierto));
+    }
+    for (const char* esquema : {"mailto", "http", "https"})
+        QDesktopServices::unsetUrlHandler(esquema);
+}
+
+TEST(frmMensajeConstruccion, AvisoYCierre) {
+    frmMensajeConstruccion ventana;
+    EXPECT_EQ(ventana.windowTitle(), "Under Construction");
+    QStringList textos;
+    for (const QLabel* rotulo : ventana.findChildren<QLabel*>())
+        textos << rotulo->text();
+    EXPECT_TRUE(textos.contains("This option is under construction"));
+    auto* cerrar = ventana.findChild<QPushButton*>("CTRBotClose");
+    ASSERT_TRUE(cerrar);
+    EXPECT_EQ(cerrar->text(), "&Close");
+    const qint64 abierta =
+        Ejecutar(ventana, [cerrar] { QTest::mouseClick(cerrar, Qt::LeftButton); });
+    EXPECT_LT(abierta, 1500);
+    EXPECT_EQ(ventana.result(), QDialog::Accepted);
+}
+
+} // namespace
+
+#include "test_frmSplash.moc"
