@@ -170,8 +170,16 @@ FichaBaseCarpeta clsCatalogoCarpeta::Buscar(const QString& xNombre, const QStrin
     FichaBaseCarpeta ficha;
     if (mLeida && Buscado(xNombre, ficha)) return ficha;
     // Unknown or changed since the folder was read: the folder may have changed too.
+    const auto conocida = mPorNombre.constFind(xNombre);
+    const QString archivoConocido =
+        conocida == mPorNombre.constEnd() ? QString() : mBases[*conocida].Archivo;
     Actualizar();
     if (Buscado(xNombre, ficha)) return ficha;
+    if (!archivoConocido.isEmpty() && !mRechazadas.contains(xNombre))
+        throw ErrorVB(ErroresFuente::BaseEnUso, xOperacion,
+                      QStringLiteral("The database \"%1\" cannot be opened: its file %2 is no "
+                                     "longer in the handheld folder.")
+                          .arg(xNombre, QFileInfo(archivoConocido).fileName()));
     const auto rechazada = mRechazadas.constFind(xNombre);
     if (rechazada != mRechazadas.constEnd())
         throw ErrorVB(
