@@ -4,6 +4,7 @@
 #include <QLocale>
 #include <QString>
 #include <QtGlobal>
+#include <vector>
 
 // The desktop's regional settings: number and date texts, and the conversions of a user's text
 // into a typed value. The windows use the system locale, pandrel-cli en_US unless told otherwise,
@@ -40,6 +41,52 @@ public:
     bool CBool(const QString& xTexto) const;
     QDateTime CDate(const QString& xTexto) const;
 
+    // One piece of a compiled date pattern: a field of the date or time, or literal text.
+    struct PiezaFecha {
+        enum Tipo : quint8 {
+            Literal,
+            Dia,
+            NombreDiaCorto,
+            NombreDiaLargo,
+            Mes,
+            NombreMesCorto,
+            NombreMesLargo,
+            Anio2,
+            Anio4,
+            DiaDelAnio,
+            Hora12,
+            Hora24,
+            Minuto,
+            Segundo,
+            Milisegundo,
+            AmPm
+        };
+        Tipo Clase;
+        quint8 Ancho;   // digits: 1 without a leading zero, more padded to that many
+        QString Texto;  // the literal text, or the morning text of AmPm
+        QString Texto2; // the afternoon text of AmPm
+    };
+    using PatronFecha = std::vector<PiezaFecha>;
+
 private:
+    QString Fecha(const QDateTime& xFecha, const PatronFecha& xPatron) const;
+    void AgregarFecha(QString& xDestino, const QDate& xDia, const QTime& xHora,
+                      const PatronFecha& xPatron) const;
+    const PatronFecha& PatronDe(const QString& xFormato) const;
+    double LeerNumero(const QString& xTexto, const char* xFuente) const;
+
     QLocale mLocale;
+    QChar mDecimal;
+    QChar mGrupo;
+    QString mMenos;
+    QString mAM;
+    QString mPM;
+    QChar mSeparadorFecha;
+    QChar mSeparadorHora;
+    char mOrdenFecha[4]; // "dMy", "Mdy" or "yMd": the order of the short date
+    PatronFecha mFechaCorta;
+    PatronFecha mHoraLarga;
+    // The last format given to FormatoFecha, compiled.
+    mutable QString mUltimoFormato;
+    mutable PatronFecha mUltimoPatron;
 };

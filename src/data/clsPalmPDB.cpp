@@ -1,0 +1,737 @@
+#include "data/clsPalmPDB.h"
+
+#include "common/ErrorVB.h"
+#include "common/clsConfiguracionRegional.h"
+#include "common/modFunciones.h"
+#include "data/MensajesError.h"
+#include "data/modHandheld.h"
+
+#include <cstring>
+#include <limits>
+#include <utility>
+
+using namespace modFuncionesConversion;
+
+namespace {
+
+constexpr qint32 BaseYaAbierta = ErrorBase + 1001;
+constexpr qint32 BaseCerrada = ErrorBase + 1002;
+constexpr qint32 BaseSinEsquema = ErrorBase + 1004;
+
+// Layout of the AppForge schema inside the AppInfo block, as the reader walks it.
+constexpr qint32 PosicionMarca = 276;
+constexpr qint32 PosicionCantidadCampos = 293;
+constexpr qint32 PosicionRegistroVacio = 295;
+constexpr qint32 PosicionDescriptores = 300;
+constexpr qint32 PosicionTipos = 303;
+constexpr qint32 AnchoDescriptor = 6;
+
+constexpr qint32 ModoApertura = 208;
+const char* const ClaseRegistros = "PDDirect.PDRecordAdapter";
+const char* const ClaseRecursos = "PDDirect.PDResourceAdapter";
+
+// Attribute flags that make WriteRecordAttributes take the given value.
+constexpr qint32 FlagsAtributos = 0x80 | 0x40 | 0x10 | 0x08;
+
+enum CodigoTipo : quint8 {
+    Desconocido = 0,
+    TipoByte = 1,
+    TipoInt,
+    TipoLong,
+    TipoSingle,
+    TipoString,
+    TipoBoolean,
+    TipoDate
+};
+
+const QString& NombreTipo(qint16 xCodigo) {
+    static const QString nombres[] = {
+        QString(),
+        QStringLiteral("Byte"),
+        QStringLiteral("Int"),
+        QStringLiteral("Long"),
+        QStringLiteral("Single"),
+        QStringLiteral("String"),
+        QStringLiteral("Boolean"),
+        QStringLiteral("Date"),
+    };
+    return nombres[xCodigo >= TipoByte && xCodigo <= TipoDate ? xCodigo : 0];
+}
+
+CodigoTipo CodigoDeNombre(const QString& xNombre) {
+    for (quint8 codigo = TipoByte; codigo <= TipoDate; ++codigo) {
+        if (xNombre == NombreTipo(codigo)) return static_cast<CodigoTipo>(codigo);
+    }
+    return Desconocido;
+}
+
+ErrorVB ErrorDeBase(qint32 xNumero, const char* xFuente, int xMensaje) {
+    return ErrorVB(xNumero, QString::fromLatin1(xFuente), MensajesError[xMensaje]);
+}
+
+qint32 PosicionEn(qint64 xPosicion, const char* xFuente) {
+    if (xPosicion > std::numeric_limits<qint32>::max() ||
+        xPosicion < std::numeric_limits<qint32>::min())
+        throw ErrorVB::Overflow(QString::fromLatin1(xFuente));
+    return static_cast<qint32>(xPosicion);
+}
+
+quint8 ByteEn(const QByteArray& xBuffer, qint32 xPos, const char* xFuente) {
+    if (xPos < 0 || xPos >= xBuffer.size())
+        throw ErrorVB::SubscriptOutOfRange(QString::fromLatin1(xFuente));
+    return static_cast<quint8>(xBuffer.at(xPos));
+}
+
+void AgregarEntero(QString& xDestino, qint64 xValor) {
+    char cifras[24];
+    int largo = 0;
+    quint64 valor = xValor < 0 ? 0 - static_cast<quint64>(xValor) : static_cast<quint64>(xValor);
+    do {
+        cifras[largo++] = static_cast<char>('0' + valor % 10);
+        valor /= 10;
+    } while (valor != 0);
+    if (xValor < 0) xDestino.append(QLatin1Char('-'));
+    while (largo > 0)
+        xDestino.append(QLatin1Char(cifras[--largo]));
+}
+
+bool EsBlanco(QChar c) {
+    return c == QLatin1Char(' ');
+}
+
+// Blanks around the text appended from xInicio on are dropped, as the record text never shows
+// them.
+void RecortarDesde(QString& xTexto, qsizetype xInicio) {
+    qsizetype fin = xTexto.size();
+    while (fin > xInicio && EsBlanco(xTexto.at(fin - 1)))
+        --fin;
+    xTexto.truncate(fin);
+    qsizetype primero = xInicio;
+    while (primero < fin && EsBlanco(xTexto.at(primero)))
+        ++primero;
+    if (primero > xInicio) xTexto.remove(xInicio, primero - xInicio);
+}
+
+QString SinBlancos(const QString& xTexto) {
+    qsizetype inicio = 0;
+    qsizetype fin = xTexto.size();
+    while (inicio < fin && EsBlanco(xTexto.at(inicio)))
+        ++inicio;
+    while (fin > inicio && EsBlanco(xTexto.at(fin - 1)))
+        --fin;
+    return xTexto.mid(inicio, fin - inicio);
+}
+
+// Val: the number at the start of a text, blanks skipped; 0 when there is none.
+qint64 ValorInicial(QStringView xTexto) {
+    qint64 valor = 0;
+    bool negativo = false;
+    bool conSigno = false;
+    for (const QChar c : xTexto) {
+        if (c.isSpace()) continue;
+        if (!conSigno && valor == 0 && (c == QLatin1Char('-') || c == QLatin1Char('+'))) {
+            negativo = c == QLatin1Char('-');
+            conSigno = true;
+            continue;
+        }
+        if (c < QLatin1Char('0') || c > QLatin1Char('9')) break;
+        conSigno = true;
+        valor = valor * 10 + (c.unicode() - '0');
+        if (valor > std::numeric_limits<qint32>::max()) break;
+    }
+    return negativo ? -valor : valor;
+}
+
+} // namespace
+
+clsPalmPDB::clsPalmPDB() : clsPalmPDB(modHandheld::FuenteActual()) {}
+
+clsPalmPDB::clsPalmPDB(std::shared_ptr<clsFuentePalm> xFuente)
+    : mFuente(std::move(xFuente)), mTabla(&TablaCodigoPagina::Para(mFuente->CodigoPagina())),
+      mGestor(mFuente->CrearGestor()) {}
+
+// ---- State checks -------------------------------------------------------------------------------
+
+void clsPalmPDB::VerificarAbierta(const char* xOperacion) const {
+    if (!mBaseAbierta) throw ErrorDeBase(BaseCerrada, xOperacion, 1);
+}
+
+void clsPalmPDB::VerificarCerrada(const char* xOperacion) const {
+    if (mBaseAbierta && !mEnumerando) throw ErrorDeBase(BaseYaAbierta, xOperacion, 0);
+}
+
+void clsPalmPDB::VerificarEsquema(const char* xOperacion) const {
+    if (!mEsAppForge) throw ErrorDeBase(BaseSinEsquema, xOperacion, 3);
+}
+
+// The record adapter; a resource database has none, which is the error of a missing object.
+clsAdaptadorRegistros& clsPalmPDB::Registros(const char* xOperacion) const {
+    if (!mAdaptadorRegistros)
+        throw ErrorVB(91, QString::fromLatin1(xOperacion),
+                      QStringLiteral("Object variable or With block variable not set"));
+    return *mAdaptadorRegistros;
+}
+
+void clsPalmPDB::TomarRegistro(const RegistroPalm& xRegistro) {
+    mIndice = xRegistro.Indice;
+    mAtributos = xRegistro.Atributos;
+    mCategoria = xRegistro.Categoria;
+    mRegistroActual = xRegistro.Bytes;
+}
+
+QString clsPalmPDB::TextoDeCodigo(qint32 xCodigo) const {
+    return mFuente->CodigoATexto(xCodigo, -1);
+}
+
+// ---- Open and close -----------------------------------------------------------------------------
+
+bool clsPalmPDB::OpenFile(const QString& xFile) {
+    VerificarCerrada("OpenFile");
+    if (mInfoBase) mInfoBase->Liberar();
+    mInfoBase = mGestor->BuscarBase(xFile);
+    if (mInfoBase->AtributosBase() & 1) {
+        const bool abierta = OpenResource(xFile);
+        mEsBaseDatos = false;
+        return abierta;
+    }
+    const bool abierta = OpenDataBase(xFile);
+    mEsBaseDatos = true;
+    return abierta;
+}
+
+bool clsPalmPDB::OpenResource(const QString& xNombre) {
+    VerificarCerrada("OpenResource");
+    mAdaptadorRecursos.reset();
+    try {
+        mAdaptadorRecursos =
+            mGestor->AbrirBaseRecursos(xNombre, QString::fromLatin1(ClaseRecursos), ModoApertura);
+    } catch (const ErrorVB&) {
+        // A resource database that cannot be opened still leaves the object open, without an
+        // adapter: the result tells the caller.
+    }
+    mEsAppForge = false;
+    mBaseAbierta = true;
+    return mAdaptadorRecursos != nullptr;
+}
+
+bool clsPalmPDB::OpenDataBase(const QString& xNombre) {
+    VerificarCerrada("OpenDataBase");
+    mAdaptadorRegistros.reset();
+    try {
+        mAdaptadorRegistros =
+            mGestor->AbrirBaseRegistros(xNombre, QString::fromLatin1(ClaseRegistros), ModoApertura);
+    } catch (const ErrorVB& error) {
+        if (error.Numero() == ErroresFuente::BaseEnUso) throw;
+    }
+    if (!mAdaptadorRegistros) return false;
+
+    mEsAppForge = false;
+    const QByteArray info = mAdaptadorRegistros->LeerAppInfo();
+    // Longer than the standard category block: the AppForge marker may follow it.
+    if (!info.isEmpty() && info.size() - 1 >= PosicionMarca) {
+        qint32 pos = PosicionMarca;
+        try {
+            mEsAppForge = LeerTexto(info, pos, *mTabla).toUpper() == QLatin1String("APPFORG2");
+        } catch (const ErrorVB&) {
+            // A block with no terminator after the category block carries no marker.
+        }
+        mCargarTipos = true;
+    }
+    mBaseAbierta = true;
+    return true;
+}
+
+void clsPalmPDB::CloseDatabase() {
+    if (mInfoBase) mInfoBase->Liberar();
+    mInfoBase.reset();
+    mGestor = mFuente->CrearGestor();
+    mAdaptadorRegistros.reset();
+    mBaseAbierta = false;
+}
+
+bool clsPalmPDB::IsDataBase() {
+    return mEsBaseDatos;
+}
+
+bool clsPalmPDB::IsAppForgeDB() {
+    return mEsAppForge;
+}
+
+// ---- Header -------------------------------------------------------------------------------------
+
+QString clsPalmPDB::DBType() {
+    VerificarAbierta("DBType");
+    return TextoDeCodigo(mInfoBase->Tipo());
+}
+
+float clsPalmPDB::DBVersion() {
+    VerificarAbierta("DBVersion");
+    double version = mInfoBase->Version();
+    if (mInfoBase->VersionCompanero() >= 1) version += mInfoBase->VersionCompanero() / 100.0;
+    return static_cast<float>(std::nearbyint(version * 100) / 100);
+}
+
+QDateTime clsPalmPDB::CreationDate() {
+    VerificarAbierta("CreationDate");
+    return mInfoBase->FechaCreacion();
+}
+
+QDateTime clsPalmPDB::ModificationDate() {
+    VerificarAbierta("ModificationDate");
+    return mInfoBase->FechaModificacion();
+}
+
+QDateTime clsPalmPDB::BackupDate() {
+    VerificarAbierta("BackupDate");
+    return mInfoBase->FechaBackup();
+}
+
+float clsPalmPDB::DBSize() {
+    VerificarAbierta("DBSize");
+    return static_cast<float>(mInfoBase->TamanoBase());
+}
+
+// ---- Catalogue ----------------------------------------------------------------------------------
+
+QString clsPalmPDB::RetrieveDataBases(const QString& xCreatorID, const QString& xSeparador) {
+    QStringList lista;
+    const QString sinTipo;
+    for (auto info = mGestor->EnumerarBases(xCreatorID, sinTipo, true); info;
+         info = mGestor->EnumerarBases(xCreatorID, sinTipo, false)) {
+        const QString tipo = TextoDeCodigo(info->Tipo()).toUpper();
+        const int clase = tipo == QLatin1String("DATA")   ? 1
+                          : tipo == QLatin1String("APPL") ? 4
+                                                          : 12;
+        lista.append(info->Nombre() + QLatin1Char('*') + QString::number(clase) + QLatin1Char('*'));
+    }
+    modFunciones::OrdenarVector(lista, 1);
+    QString resultado;
+    for (const QString& entrada : lista) {
+        const qsizetype estrella = entrada.indexOf(QLatin1Char('*'));
+        resultado += entrada.left(estrella) + QLatin1Char('*') +
+                     QString::number(ValorInicial(QStringView(entrada).mid(estrella + 1))) +
+                     xSeparador;
+    }
+    return resultado;
+}
+
+QString clsPalmPDB::RetrieveCreatorsID(qint32 xAppType, const QString& xSeparator) {
+    QString* guardadas[] = {&mCreadoresAppForge, &mCreadoresOtros, &mCreadoresTodos};
+    if (xAppType < 0 || xAppType > 2)
+        throw ErrorVB::SubscriptOutOfRange(QStringLiteral("RetrieveCreatorsID"));
+    QString& guardada = *guardadas[xAppType];
+    if (!guardada.trimmed().isEmpty()) return guardada;
+
+    // While listing, databases are opened one after another without closing the previous one.
+    struct Enumerando {
+        bool& Marca;
+        explicit Enumerando(bool& xMarca) : Marca(xMarca) { Marca = true; }
+        ~Enumerando() { Marca = false; }
+    } enumerando(mEnumerando);
+
+    const QStringList nombres = mGestor->ListarBases(-1);
+    if (xAppType == 1 && mCreadoresAppForge.trimmed().isEmpty()) {
+        RetrieveCreatorsID(0, xSeparator);
+        mEnumerando = true;
+    }
+    const QString tab(QLatin1Char('\t'));
+    QStringList lista;
+    QString tomados;
+    for (const QString& nombre : nombres) {
+        mInfoBase = mGestor->BuscarBase(nombre);
+        const QString creador = TextoDeCodigo(mInfoBase->Creador());
+        if (tomados.contains(QLatin1Char('*') + creador + QLatin1Char('*'))) continue;
+        if (xAppType == 1 && mCreadoresAppForge.contains(creador + tab)) continue;
+        if (xAppType != 2) {
+            bool abierta = false;
+            try {
+                abierta = OpenFile(nombre);
+            } catch (const ErrorVB&) {
+                // A database that cannot be opened is left out of the listing.
+            }
+            if (!abierta || mEsAppForge != (xAppType == 0)) continue;
+        }
+        lista.append(creador);
+        tomados += QLatin1Char('*') + creador + QLatin1Char('*');
+    }
+    modFunciones::OrdenarVector(lista, 1);
+    QString resultado;
+    for (const QString& creador : lista)
+        resultado += creador + xSeparator;
+    guardada = resultado;
+    return resultado;
+}
+
+// ---- Schema -------------------------------------------------------------------------------------
+
+qint16 clsPalmPDB::NumFields() {
+    VerificarAbierta("NumFields");
+    VerificarEsquema("NumFields");
+    const QByteArray info = Registros("NumFields").LeerAppInfo();
+    qint32 pos = PosicionCantidadCampos;
+    return LeerInt(info, pos);
+}
+
+QString clsPalmPDB::FieldType(qint32 xNroCampo) {
+    VerificarAbierta("FieldType");
+    const QByteArray info = Registros("FieldType").LeerAppInfo();
+    qint32 pos =
+        PosicionEn(PosicionTipos + static_cast<qint64>(AnchoDescriptor) * xNroCampo, "FieldType");
+    return NombreTipo(LeerInt(info, pos));
+}
+
+QString clsPalmPDB::FieldName(qint32 xNroCampo) {
+    VerificarAbierta("FieldName");
+    const QByteArray info = Registros("FieldName").LeerAppInfo();
+    qint32 pos = PosicionDescriptores + AnchoDescriptor * NumFields();
+    LeerTexto(info, pos, *mTabla);
+    QString nombre;
+    for (qint32 k = 0; k <= xNroCampo; ++k)
+        nombre = LeerTexto(info, pos, *mTabla);
+    return nombre;
+}
+
+QString clsPalmPDB::FieldsTitles(const QString& xSeparator) {
+    VerificarAbierta("FieldsTitles");
+    VerificarEsquema("FieldsTitles");
+    const QByteArray info = Registros("FieldsTitles").LeerAppInfo();
+    const qint16 campos = NumFields();
+    qint32 pos = PosicionDescriptores + AnchoDescriptor * campos;
+    LeerTexto(info, pos, *mTabla);
+    QString titulos;
+    for (qint16 k = 0; k < campos; ++k)
+        titulos += LeerTexto(info, pos, *mTabla) + xSeparator;
+    // Only the last character goes, whatever the separator's length.
+    if (!titulos.isEmpty()) titulos.chop(1);
+    return titulos;
+}
+
+qint32 clsPalmPDB::FieldAlignment(qint32 xNroCampo) {
+    VerificarAbierta("FieldAlignment");
+    return FieldType(xNroCampo) == QLatin1String("String") ? 1 : 0;
+}
+
+// ---- Records ------------------------------------------------------------------------------------
+
+qint32 clsPalmPDB::ReadRecord(bool& xMoverAlPrincipio, QString& xRegistro,
+                              const QString& xSeparator, qint32 xCategoryID, bool xModified) {
+    return LeerRegistro(xMoverAlPrincipio, xRegistro, xSeparator, xCategoryID, xModified, 0);
+}
+
+bool clsPalmPDB::ReadRecordByID(qint32 xRecordID, QString& xRegistro, const QString& xSeparator) {
+    VerificarAbierta("ReadRecordByID");
+    if (!mEsBaseDatos) return false;
+    VerificarEsquema("ReadRecordByID");
+    return LeerRegistro(false, xRegistro, xSeparator, -1, false, xRecordID) == xRecordID;
+}
+
+qint32 clsPalmPDB::LeerRegistro(bool xMoverAlPrincipio, QString& xRegistro,
+                                const QString& xSeparator, qint32 xCategoryID, bool xModified,
+                                qint32 xRecordID) {
+    VerificarAbierta("ReadRecord");
+    if (!mEsBaseDatos) return 0;
+    VerificarEsquema("ReadRecord");
+    xRegistro.clear();
+    mIDActual = 0;
+    clsAdaptadorRegistros& adaptador = Registros("ReadRecord");
+    if (xMoverAlPrincipio) adaptador.IrAlPrincipio(0);
+
+    if (xRecordID != 0) {
+        mIDActual = xRecordID;
+        TomarRegistro(adaptador.LeerPorID(xRecordID));
+    } else if (!adaptador.FinDeRegistros()) {
+        RegistroPalm leido;
+        bool hay;
+        if (xCategoryID != -1) {
+            mCategoria = xCategoryID;
+            hay = xModified ? adaptador.LeerSiguienteModificadoEnCategoria(xCategoryID, leido)
+                            : adaptador.LeerSiguienteEnCategoria(xCategoryID, leido);
+        } else {
+            hay = xModified ? adaptador.LeerSiguienteModificado(leido)
+                            : adaptador.LeerSiguiente(leido);
+        }
+        if (hay) {
+            TomarRegistro(leido);
+            mIDActual = leido.ID;
+        }
+    }
+    // The end flag turns on as the last record is read; that record is still decoded.
+    if (adaptador.FinDeRegistros() && mIDActual == 0) return -1;
+
+    const qint16 campos = NumFields();
+    const bool cargar = mCargarTipos;
+    if (cargar) {
+        mTiposCampo.clear();
+        mTiposCampo.reserve(qMax<qint16>(campos, 0));
+    }
+    xRegistro.reserve(mRegistroActual.size() + campos * (xSeparator.size() + 12));
+    qint32 pos = 0;
+    for (qint16 i = 0; i < campos; ++i) {
+        if (cargar) mTiposCampo.append(FieldType(i));
+        if (i >= mTiposCampo.size())
+            throw ErrorVB::SubscriptOutOfRange(QStringLiteral("ReadRecord"));
+        AgregarCampo(xRegistro, mTiposCampo.at(i), pos, xSeparator);
+        xRegistro += xSeparator;
+    }
+    if (cargar) mCargarTipos = false;
+    if (!xRegistro.isEmpty()) xRegistro.chop(xSeparator.size());
+    return mIDActual;
+}
+
+// Appends one field's text, read from mRegistroActual at xPos, and moves xPos past the field.
+void clsPalmPDB::AgregarCampo(QString& xRegistro, const QString& xTipo, qint32& xPos,
+                              const QString& xSeparator) {
+    const qsizetype inicio = xRegistro.size();
+    const clsConfiguracionRegional& regional = clsConfiguracionRegional::Actual();
+    switch (CodigoDeNombre(xTipo)) {
+    case TipoByte:
+        AgregarEntero(xRegistro, ByteEn(mRegistroActual, xPos, "ReadRecord"));
+        xPos = PosicionEn(xPos + qint64(1), "ReadRecord");
+        break;
+    case TipoInt:
+        AgregarEntero(xRegistro, LeerInt(mRegistroActual, xPos));
+        break;
+    case TipoLong:
+        AgregarEntero(xRegistro, LeerLong(mRegistroActual, xPos));
+        break;
+    case TipoSingle:
+        xRegistro += regional.TextoSingle(LeerSingle(mRegistroActual, xPos));
+        break;
+    case TipoString:
+        if (xSeparator == QLatin1String(",")) {
+            xRegistro += QLatin1Char('"');
+            xRegistro += LeerTexto(mRegistroActual, xPos, *mTabla);
+            xRegistro += QLatin1Char('"');
+        } else {
+            xRegistro += LeerTexto(mRegistroActual, xPos, *mTabla);
+        }
+        break;
+    case TipoBoolean:
+        xRegistro += ByteEn(mRegistroActual, xPos, "ReadRecord") != 0 ? QLatin1String("True")
+                                                                      : QLatin1String("False");
+        xPos = PosicionEn(xPos + qint64(1), "ReadRecord");
+        break;
+    case TipoDate:
+        xRegistro += regional.TextoFechaGeneral(LeerFecha(mRegistroActual, xPos));
+        break;
+    case Desconocido:
+        break;
+    }
+    RecortarDesde(xRegistro, inicio);
+}
+
+qint32 clsPalmPDB::PosicionCampo(qint32 xNroCampo) {
+    qint32 pos = 0;
+    for (qint32 k = 0; k < xNroCampo; ++k) {
+        if (k > std::numeric_limits<qint16>::max())
+            throw ErrorVB::Overflow(QStringLiteral("UpdateRecord"));
+        if (k >= mTiposCampo.size())
+            throw ErrorVB::SubscriptOutOfRange(QStringLiteral("UpdateRecord"));
+        switch (CodigoDeNombre(mTiposCampo.at(k))) {
+        case TipoByte:
+        case TipoBoolean:
+            pos = PosicionEn(pos + qint64(1), "UpdateRecord");
+            break;
+        case TipoInt:
+            LeerInt(mRegistroActual, pos);
+            break;
+        case TipoLong:
+        case TipoDate:
+            LeerLong(mRegistroActual, pos);
+            break;
+        case TipoSingle:
+            LeerSingle(mRegistroActual, pos);
+            break;
+        case TipoString:
+            LeerTexto(mRegistroActual, pos, *mTabla);
+            break;
+        case Desconocido:
+            break;
+        }
+    }
+    return pos;
+}
+
+// Moves the bytes from xInicio on by xCambio places, growing or shrinking the buffer. The
+// counters are 16-bit, so a record beyond 32767 bytes overflows; a growth larger than the
+// offset of the moved bytes reaches before the buffer's start.
+void clsPalmPDB::DesplazarBytes(QByteArray& xBuffer, qint32 xInicio, qint32 xCambio) {
+    const QString fuente = QStringLiteral("UpdateRecord");
+    constexpr qint64 MaximoContador = std::numeric_limits<qint16>::max();
+    if (xCambio > 0) {
+        const qint64 anterior = xBuffer.size();
+        if (anterior - 1 + xCambio > MaximoContador) throw ErrorVB::Overflow(fuente);
+        if (xInicio < 0 || xInicio < xCambio) throw ErrorVB::SubscriptOutOfRange(fuente);
+        xBuffer.resize(anterior + xCambio, '\0');
+        if (xInicio < anterior)
+            std::memmove(xBuffer.data() + xInicio + xCambio, xBuffer.constData() + xInicio,
+                         static_cast<size_t>(anterior - xInicio));
+        return;
+    }
+    if (xCambio < 0) {
+        const qint64 ultimo = static_cast<qint64>(xBuffer.size()) - 1;
+        if (ultimo >= MaximoContador) throw ErrorVB::Overflow(fuente);
+        if (xInicio <= ultimo) {
+            if (xInicio < 0 || xInicio + static_cast<qint64>(xCambio) < 0)
+                throw ErrorVB::SubscriptOutOfRange(fuente);
+            std::memmove(xBuffer.data() + xInicio + xCambio, xBuffer.constData() + xInicio,
+                         static_cast<size_t>(xBuffer.size() - xInicio));
+        }
+        if (xBuffer.size() + xCambio < 0) throw ErrorVB::SubscriptOutOfRange(fuente);
+        xBuffer.resize(xBuffer.size() + xCambio);
+    }
+}
+
+qint32 clsPalmPDB::UpdateRecord(qint32 xRecordID, qint32 xNroCampo, const QString& xValor) {
+    VerificarAbierta("UpdateRecord");
+    clsAdaptadorRegistros& adaptador = Registros("UpdateRecord");
+    mIDActual = xRecordID;
+    TomarRegistro(adaptador.LeerPorID(xRecordID));
+    qint32 pos = PosicionCampo(xNroCampo);
+    if (xNroCampo < 0 || xNroCampo >= mTiposCampo.size())
+        throw ErrorVB::SubscriptOutOfRange(QStringLiteral("UpdateRecord"));
+    const clsConfiguracionRegional& regional = clsConfiguracionRegional::Actual();
+    switch (CodigoDeNombre(mTiposCampo.at(xNroCampo))) {
+    case TipoString: {
+        qint32 fin = pos;
+        LeerTexto(mRegistroActual, fin, *mTabla);
+        const qint32 terminador = fin - 1;
+        const QString nuevo = SinBlancos(xValor);
+        const qint32 cambio =
+            PosicionEn(static_cast<qint64>(nuevo.size()) + pos - terminador, "UpdateRecord");
+        DesplazarBytes(mRegistroActual, terminador, cambio);
+        EscribirTexto(mRegistroActual, pos, nuevo, *mTabla);
+        break;
+    }
+    case TipoDate:
+        EscribirFecha(mRegistroActual, pos, regional.CDate(xValor));
+        break;
+    case TipoByte: {
+        const quint8 valor = regional.CByte(xValor);
+        ByteEn(mRegistroActual, pos, "UpdateRecord");
+        mRegistroActual[pos] = static_cast<char>(valor);
+        break;
+    }
+    case TipoBoolean: {
+        const bool valor = regional.CBool(xValor);
+        ByteEn(mRegistroActual, pos, "UpdateRecord");
+        mRegistroActual[pos] = valor ? 1 : 0;
+        break;
+    }
+    case TipoInt:
+        EscribirInt(mRegistroActual, pos, regional.CInt(xValor));
+        break;
+    case TipoLong:
+        EscribirLong(mRegistroActual, pos, regional.CLng(xValor));
+        break;
+    case TipoSingle: {
+        const float valor = regional.CSng(xValor);
+        qint32 patron;
+        std::memcpy(&patron, &valor, sizeof patron);
+        EscribirLong(mRegistroActual, pos, patron);
+        break;
+    }
+    case Desconocido:
+        break;
+    }
+    adaptador.EscribirRegistro(mIDActual, mCategoria, mAtributos, mRegistroActual);
+    return mIDActual;
+}
+
+qint32 clsPalmPDB::NewRecord() {
+    VerificarAbierta("DeleteAllRecord");
+    clsAdaptadorRegistros& adaptador = Registros("NewRecord");
+    const QByteArray info = adaptador.LeerAppInfo();
+    qint32 pos = PosicionRegistroVacio;
+    const qint16 largo = LeerInt(info, pos);
+    if (largo < 0 || largo > 255) throw ErrorVB::Overflow(QStringLiteral("NewRecord"));
+    mIDActual = adaptador.EscribirRegistro(0, mCategoria, 0, QByteArray(largo + 1, '\0'));
+    return mIDActual;
+}
+
+// ---- Attributes, categories and deletion --------------------------------------------------------
+
+qint32 clsPalmPDB::NumRecords() {
+    VerificarAbierta("NumRecords");
+    return mEsBaseDatos ? mInfoBase->CantidadRegistros() : 0;
+}
+
+qint32 clsPalmPDB::RecordAttributes(qint32 xRecordID) {
+    VerificarAbierta("RecordAttributes");
+    try {
+        TomarRegistro(Registros("RecordAttributes").LeerPorID(xRecordID));
+        return mAtributos;
+    } catch (const ErrorVB&) {
+        return -1;
+    }
+}
+
+qint32 clsPalmPDB::CategoryID(qint32 xRecordID) {
+    VerificarAbierta("CategoryID");
+    try {
+        TomarRegistro(Registros("CategoryID").LeerPorID(xRecordID));
+        return mCategoria;
+    } catch (const ErrorVB&) {
+        return 0;
+    }
+}
+
+qint32 clsPalmPDB::RecordIndex(qint32 xRecordID) {
+    VerificarAbierta("RecordIndex");
+    try {
+        TomarRegistro(Registros("RecordIndex").LeerPorID(xRecordID));
+        return mIndice;
+    } catch (const ErrorVB&) {
+        return 0;
+    }
+}
+
+qint32 clsPalmPDB::RecordLength(qint32 xRecordID) {
+    VerificarAbierta("RecordLength");
+    TomarRegistro(Registros("RecordLength").LeerPorID(xRecordID));
+    return static_cast<qint32>(mRegistroActual.size());
+}
+
+QByteArray clsPalmPDB::RetrieveSortInfo() {
+    VerificarAbierta("RetrieveSortInfo");
+    return Registros("RetrieveSortInfo").LeerInfoOrden();
+}
+
+// Any of the four flags in xAttributes makes it the record's whole attribute byte; with none of
+// them the record keeps the attributes it has.
+bool clsPalmPDB::WriteRecordAttributes(qint32 xRecordID, qint32 xAttributes) {
+    VerificarAbierta("WriteRecordAttributes");
+    clsAdaptadorRegistros& adaptador = Registros("WriteRecordAttributes");
+    mIDActual = xRecordID;
+    TomarRegistro(adaptador.LeerPorID(xRecordID));
+    if (xAttributes & FlagsAtributos) mAtributos = xAttributes;
+    adaptador.EscribirRegistro(mIDActual, mCategoria, mAtributos, mRegistroActual);
+    return true;
+}
+
+qint32 clsPalmPDB::CategoriesCount() {
+    VerificarAbierta("CategoriesCount");
+    if (!mEsBaseDatos) return 0;
+    return Registros("CategoriesCount").Categorias().CantidadCategorias();
+}
+
+QString clsPalmPDB::CategoryName(qint32 xIndex) {
+    VerificarAbierta("CategoryName");
+    if (!mEsBaseDatos) return QString();
+    return Registros("CategoryName").Categorias().NombreCategoria(xIndex);
+}
+
+bool clsPalmPDB::DeleteRecord(qint32 xRecordID) {
+    VerificarAbierta("DeleteRecord");
+    try {
+        Registros("DeleteRecord").BorrarRegistro(xRecordID);
+        return true;
+    } catch (const ErrorVB&) {
+        return false;
+    }
+}
+
+void clsPalmPDB::DeleteAllRecords() {
+    VerificarAbierta("DeleteAllRecords");
+    Registros("DeleteAllRecords").BorrarTodos(0, 255);
+}

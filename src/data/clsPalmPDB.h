@@ -1,0 +1,93 @@
+#pragma once
+
+#include "data/clsFuentePalm.h"
+#include "data/clsPDBInterface.h"
+#include "data/modFuncionesConversion.h"
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+#include <memory>
+
+// The database-access contract over a source of Palm databases. One object keeps at most one
+// database open; the catalogue works without one. AppForge record databases are decoded by the
+// schema their AppInfo block carries.
+class clsPalmPDB : public clsPDBInterface {
+public:
+    // Over the program's handheld (modHandheld::FuenteActual()).
+    clsPalmPDB();
+    explicit clsPalmPDB(std::shared_ptr<clsFuentePalm> xFuente);
+
+    bool OpenFile(const QString& xFile) override;
+    void CloseDatabase() override;
+    qint32 ReadRecord(bool& xMoverAlPrincipio, QString& xRegistro, const QString& xSeparator,
+                      qint32 xCategoryID = -1, bool xModified = false) override;
+    bool ReadRecordByID(qint32 xRecordID, QString& xRegistro, const QString& xSeparator) override;
+    qint32 UpdateRecord(qint32 xRecordID, qint32 xNroCampo, const QString& xValor) override;
+    QString FieldsTitles(const QString& xSeparator) override;
+    qint16 NumFields() override;
+    bool DeleteRecord(qint32 xRecordID) override;
+    void DeleteAllRecords() override;
+    qint32 NewRecord() override;
+    QString FieldType(qint32 xNroCampo) override;
+    QString FieldName(qint32 xNroCampo) override;
+    qint32 FieldAlignment(qint32 xNroCampo) override;
+    qint32 NumRecords() override;
+    qint32 RecordAttributes(qint32 xRecordID) override;
+    bool WriteRecordAttributes(qint32 xRecordID, qint32 xAttributes) override;
+    qint32 CategoryID(qint32 xRecordID) override;
+    qint32 RecordIndex(qint32 xRecordID) override;
+    QByteArray RetrieveSortInfo() override;
+    qint32 RecordLength(qint32 xRecordID) override;
+    float DBVersion() override;
+    QString DBType() override;
+    QDateTime CreationDate() override;
+    QDateTime ModificationDate() override;
+    QDateTime BackupDate() override;
+    QString RetrieveCreatorsID(qint32 xAppType, const QString& xSeparator) override;
+    QString RetrieveDataBases(const QString& xCreatorID, const QString& xSeparador) override;
+    qint32 CategoriesCount() override;
+    QString CategoryName(qint32 xIndex) override;
+    bool IsDataBase() override;
+    float DBSize() override;
+    bool IsAppForgeDB() override;
+
+private:
+    bool OpenDataBase(const QString& xNombre);
+    bool OpenResource(const QString& xNombre);
+    qint32 LeerRegistro(bool xMoverAlPrincipio, QString& xRegistro, const QString& xSeparator,
+                        qint32 xCategoryID, bool xModified, qint32 xRecordID);
+    void AgregarCampo(QString& xRegistro, const QString& xTipo, qint32& xPos,
+                      const QString& xSeparator);
+    qint32 PosicionCampo(qint32 xNroCampo);
+    void DesplazarBytes(QByteArray& xBuffer, qint32 xInicio, qint32 xCambio);
+
+    void VerificarAbierta(const char* xOperacion) const;
+    void VerificarCerrada(const char* xOperacion) const;
+    void VerificarEsquema(const char* xOperacion) const;
+    clsAdaptadorRegistros& Registros(const char* xOperacion) const;
+    void TomarRegistro(const RegistroPalm& xRegistro);
+    QString TextoDeCodigo(qint32 xCodigo) const;
+
+    std::shared_ptr<clsFuentePalm> mFuente;
+    const modFuncionesConversion::TablaCodigoPagina* mTabla;
+    std::unique_ptr<clsGestorBases> mGestor;
+    std::shared_ptr<clsInfoBase> mInfoBase;
+    std::unique_ptr<clsAdaptadorRegistros> mAdaptadorRegistros;
+    std::unique_ptr<clsAdaptadorRecursos> mAdaptadorRecursos;
+    bool mEsAppForge = false;
+    bool mBaseAbierta = false;
+    bool mEsBaseDatos = false;
+    qint32 mIndice = 0;
+    qint32 mIDActual = 0;
+    qint32 mAtributos = 0;
+    qint32 mCategoria = 0;
+    QByteArray mRegistroActual;
+    bool mCargarTipos = false;
+    QStringList mTiposCampo;
+    bool mEnumerando = false;
+    // The creator lists of RetrieveCreatorsID, kept by kind (0, 1, 2) once built.
+    QString mCreadoresAppForge;
+    QString mCreadoresOtros;
+    QString mCreadoresTodos;
+};

@@ -1,0 +1,204 @@
+#include "data/modFuncionesConversion.h"
+
+#include "common/ErrorVB.h"
+#include "common/modFecha.h"
+
+#include <QHash>
+#include <QStringDecoder>
+#include <cmath>
+#include <cstring>
+#include <limits>
+#include <memory>
+
+namespace modFuncionesConversion {
+
+namespace {
+
+// Seconds from 1904-01-01 to 1972-01-01: dates are reckoned from the later epoch past this many
+// seconds, which keeps every addition inside 32 bits.
+constexpr qint64 SegundosEntreEpocas = 2145916800;
+constexpr double DosALa32 = 4294967296.0;
+constexpr double DiaSegundaEpoca = 26299;
+
+const QDateTime& PrimeraEpoca() {
+    static const QDateTime epoca = modFecha::Crear(1904, 1, 1);
+    return epoca;
+}
+
+const QDateTime& SegundaEpoca() {
+    static const QDateTime epoca = modFecha::Crear(1972, 1, 1);
+    return epoca;
+}
+
+QString Fuente(const char* xRutina) {
+    return QStringLiteral("modFuncionesConversion.") + QLatin1String(xRutina);
+}
+
+qint32 Sumar(qint32 xPos, qint64 xCantidad, const char* xRutina) {
+    const qint64 suma = static_cast<qint64>(xPos) + xCantidad;
+    if (suma > std::numeric_limits<qint32>::max() || suma < std::numeric_limits<qint32>::min())
+        throw ErrorVB::Overflow(Fuente(xRutina));
+    return static_cast<qint32>(suma);
+}
+
+// Checks that bytes xPos .. xPos + xAncho - 1 lie inside the buffer.
+void VerificarRango(const QByteArray& xBuffer, qint32 xPos, qint32 xAncho, const char* xRutina) {
+    const qint32 ultimo = Sumar(xPos, xAncho - 1, xRutina);
+    if (xPos < 0 || ultimo >= xBuffer.size()) throw ErrorVB::SubscriptOutOfRange(Fuente(xRutina));
+}
+
+quint32 LeerCuatro(const QByteArray& xBuffer, qint32& xPos, const char* xRutina) {
+    VerificarRango(xBuffer, xPos, 4, xRutina);
+    const auto* p = reinterpret_cast<const uchar*>(xBuffer.constData()) + xPos;
+    const quint32 valor =
+        (quint32(p[0]) << 24) | (quint32(p[1]) << 16) | (quint32(p[2]) << 8) | quint32(p[3]);
+    xPos = Sumar(xPos, 4, xRutina);
+    return valor;
+}
+
+void EscribirBytes(QByteArray& xBuffer, qint32& xPos, quint32 xValor, int xAncho,
+                   const char* xRutina) {
+    VerificarRango(xBuffer, xPos, xAncho, xRutina);
+    char* p = xBuffer.data() + xPos;
+    for (int k = 0; k < xAncho; ++k)
+        p[k] = static_cast<char>(xValor >> (8 * (xAncho - 1 - k)));
+    xPos = Sumar(xPos, xAncho, xRutina);
+}
+
+} // namespace
+
+// ---- Code page tables
+// ----------------------------------------------------------------------------
+
+TablaCodigoPagina::TablaCodigoPagina(const QString& xCodigoPagina) : mBytes(65536, -1) {
+    const QByteArray nombre = xCodigoPagina.toLatin1();
+    if (!QStringDecoder(nombre.constData()).isValid())
+        throw ErrorVB(5, Fuente("TablaCodigoPagina"),
+                      QStringLiteral("Invalid procedure call or argument"));
+    for (int byte = 0; byte < 256; ++byte) {
+        QStringDecoder decodificador(nombre.constData(), QStringDecoder::Flag::Stateless);
+        const char uno = static_cast<char>(byte);
+        const QString texto = decodificador(QByteArrayView(&uno, 1));
+        const bool definido = texto.size() == 1 && texto.front() != QChar::ReplacementCharacter &&
+                              !(texto.front().unicode() == 0x1A && byte != 0x1A);
+        mCaracteres[byte] = definido ? texto.front() : QChar(byte);
+    }
+    for (int byte = 255; byte >= 0; --byte)
+        mBytes[mCaracteres[byte].unicode()] = static_cast<qint16>(byte);
+}
+
+quint8 TablaCodigoPagina::Byte(QChar xCaracter) const {
+    const qint16 byte = mBytes[xCaracter.unicode()];
+    return byte < 0 ? quint8('?') : static_cast<quint8>(byte);
+}
+
+const TablaCodigoPagina& TablaCodigoPagina::Para(const QString& xCodigoPagina) {
+    static QHash<QString, std::shared_ptr<const TablaCodigoPagina>> tablas;
+    const QString clave = xCodigoPagina.toLower();
+    auto encontrada = tablas.constFind(clave);
+    if (encontrada == tablas.constEnd())
+        encontrada = tablas.insert(
+            clave, std::shared_ptr<const TablaCodigoPagina>(new TablaCodigoPagina(xCodigoPagina)));
+    return **encontrada;
+}
+
+const TablaCodigoPagina& TablaCodigoPagina::Predeterminada() {
+    static const TablaCodigoPagina& tabla = Para(QStringLiteral("windows-1252"));
+    return tabla;
+}
+
+// ---- Readers
+// ---------------------------------------------------------------------------------------
+
+qint32 LeerLong(const QByteArray& xBuffer, qint32& xPos) {
+    return static_cast<qint32>(LeerCuatro(xBuffer, xPos, "LeerLong"));
+}
+
+float LeerSingle(const QByteArray& xBuffer, qint32& xPos) {
+    const quint32 patron = LeerCuatro(xBuffer, xPos, "LeerSingle");
+    float valor;
+    std::memcpy(&valor, &patron, sizeof valor);
+    return valor;
+}
+
+qint16 LeerInt(const QByteArray& xBuffer, qint32& xPos) {
+    VerificarRango(xBuffer, xPos, 2, "LeerInt");
+    quint8 bytes[2] = {0, 0};
+    int cuenta = 0;
+    for (int k = 0; k < 2; ++k) {
+        const auto byte = static_cast<quint8>(xBuffer.at(xPos + 1 - k));
+        if (byte > 0) bytes[cuenta++] = byte;
+    }
+    xPos = Sumar(xPos, 2, "LeerInt");
+    return static_cast<qint16>(bytes[0] | (bytes[1] << 8));
+}
+
+QDateTime LeerFecha(const QByteArray& xBuffer, qint32& xPos) {
+    double segundos = static_cast<qint32>(LeerCuatro(xBuffer, xPos, "LeerFecha"));
+    if (segundos < 0) segundos += DosALa32;
+    const auto enteros = static_cast<qint64>(segundos);
+    if (enteros <= SegundosEntreEpocas) return PrimeraEpoca().addSecs(enteros);
+    return SegundaEpoca().addSecs(enteros - SegundosEntreEpocas);
+}
+
+QString LeerTexto(const QByteArray& xBuffer, qint32& xPos, const TablaCodigoPagina& xTabla) {
+    if (xPos < 0 || xPos >= xBuffer.size()) throw ErrorVB::SubscriptOutOfRange(Fuente("LeerTexto"));
+    const char* inicio = xBuffer.constData() + xPos;
+    const auto* cero = static_cast<const char*>(
+        std::memchr(inicio, 0, static_cast<size_t>(xBuffer.size() - xPos)));
+    if (!cero) throw ErrorVB::SubscriptOutOfRange(Fuente("LeerTexto"));
+    const auto largo = static_cast<qsizetype>(cero - inicio);
+    QString texto(largo, Qt::Uninitialized);
+    QChar* destino = texto.data();
+    for (qsizetype k = 0; k < largo; ++k)
+        destino[k] = xTabla.Caracter(static_cast<quint8>(inicio[k]));
+    xPos = Sumar(xPos, largo + 1, "LeerTexto");
+    return texto;
+}
+
+// ---- Writers
+// ---------------------------------------------------------------------------------------
+
+void EscribirLong(QByteArray& xBuffer, qint32& xPos, qint32 xValor) {
+    EscribirBytes(xBuffer, xPos, static_cast<quint32>(xValor), 4, "EscribirLong");
+}
+
+void EscribirInt(QByteArray& xBuffer, qint32& xPos, qint16 xValor) {
+    EscribirBytes(xBuffer, xPos, static_cast<quint16>(xValor), 2, "EscribirInt");
+}
+
+// Whole seconds from the first epoch up to 1972-01-01, from the second one after it; a count
+// above 2^31 is stored as its unsigned 32-bit pattern. Exactly 2^31 does not fit and overflows.
+void EscribirFecha(QByteArray& xBuffer, qint32& xPos, const QDateTime& xFecha) {
+    const QDateTime fecha(xFecha.date(), xFecha.time(), Qt::UTC);
+    double segundos;
+    if (modFecha::ADia(fecha) <= DiaSegundaEpoca)
+        segundos = static_cast<double>(PrimeraEpoca().secsTo(fecha));
+    else
+        segundos = static_cast<double>(SegundaEpoca().secsTo(fecha) + SegundosEntreEpocas);
+    if (segundos > 2147483648.0) segundos -= DosALa32;
+    const double redondo = std::nearbyint(segundos);
+    if (redondo > std::numeric_limits<qint32>::max() ||
+        redondo < std::numeric_limits<qint32>::min())
+        throw ErrorVB::Overflow(Fuente("EscribirFecha"));
+    EscribirBytes(xBuffer, xPos, static_cast<quint32>(static_cast<qint32>(redondo)), 4,
+                  "EscribirFecha");
+}
+
+void EscribirTexto(QByteArray& xBuffer, qint32& xPos, const QString& xTexto,
+                   const TablaCodigoPagina& xTabla) {
+    const auto largo = static_cast<qint32>(xTexto.size());
+    if (largo > 0) VerificarRango(xBuffer, xPos, largo, "EscribirTexto");
+    const qint32 terminador = Sumar(xPos, largo, "EscribirTexto");
+    if (terminador < 0) throw ErrorVB::SubscriptOutOfRange(Fuente("EscribirTexto"));
+    char* destino = xBuffer.data() + xPos;
+    for (qint32 k = 0; k < largo; ++k)
+        destino[k] = static_cast<char>(xTabla.Byte(xTexto.at(k)));
+    // The buffer grows to reach one byte past the terminator: a spare zero at the record's end.
+    const qint32 ultimo = Sumar(terminador, 1, "EscribirTexto");
+    if (xBuffer.size() - 1 < ultimo) xBuffer.resize(qsizetype(ultimo) + 1, '\0');
+    xBuffer[terminador] = '\0';
+    xPos = Sumar(terminador, 1, "EscribirTexto");
+}
+
+} // namespace modFuncionesConversion

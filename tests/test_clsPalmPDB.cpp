@@ -1,0 +1,711 @@
+#include "common/ErrorVB.h"
+#include "common/clsConfiguracionRegional.h"
+#include "common/modFecha.h"
+#include "data/MensajesError.h"
+#include "data/clsPalmPDB.h"
+#include "support/clsFuenteMemoria.h"
+
+#include <functional>
+#include <gtest/gtest.h>
+
+using modBloquesPalm::AppInfoAppForge;
+using modBloquesPalm::CampoAppForge;
+
+namespace {
+
+constexpr qint32 YaAbierta = static_cast<qint32>(0x800403E9u);
+constexpr qint32 Cerrada = static_cast<qint32>(0x800403EAu);
+constexpr qint32 SinEsquema = static_cast<qint32>(0x800403ECu);
+
+enum Tipo : quint16 { Byte = 1, Int, Long, Single, String, Boolean, Date };
+
+RegistroPalm Registro(qint32 xID, const QByteArray& xHex, qint32 xAtributos = 0,
+                      qint32 xCategoria = 0) {
+    return {0, xID, xAtributos, xCategoria, QByteArray::fromHex(xHex)};
+}
+
+BaseMemoria Nueva(const char* xNombre, const char* xCreador = "TEST") {
+    BaseMemoria base;
+    base.Nombre = xNombre;
+    base.Creador = xCreador;
+    return base;
+}
+
+// Runs xAccion and checks that it raises the error with that number and source.
+void EsperarError(const std::function<void()>& xAccion, qint32 xNumero, const QString& xFuente,
+                  const QString& xDescripcion = QString()) {
+    try {
+        xAccion();
+        ADD_FAILURE() << "no error raised, expected " << xNumero << " from "
+                      << xFuente.toStdString();
+    } catch (const ErrorVB& error) {
+        EXPECT_EQ(error.Numero(), xNumero) << xFuente.toStdString();
+        EXPECT_EQ(error.Fuente(), xFuente);
+        if (!xDescripcion.isNull()) {
+            EXPECT_EQ(error.Descripcion(), xDescripcion);
+        }
+    }
+}
+
+class PalmPDBTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        CargarMensajes();
+        clsConfiguracionRegional::EstablecerActual(
+            QLocale(QLocale::English, QLocale::UnitedStates));
+        mFuente = std::make_shared<clsFuenteMemoria>();
+
+        BaseMemoria clientes;
+        clientes.Nombre = "Clientes";
+        clientes.Creador = "AFc1";
+        clientes.Version = 1;
+        clientes.VersionCompanero = 5;
+        clientes.Tamano = 2048;
+        clientes.FechaCreacion = modFecha::Crear(2004, 1, 5, 15, 4, 5);
+        clientes.FechaModificacion = modFecha::Crear(2005, 2, 6);
+        clientes.FechaBackup = modFecha::Crear(1904, 1, 1);
+        clientes.AppInfo =
+            AppInfoAppForge("Clientes", {{"Nombre", String}, {"Edad", Int}, {"Activo", Boolean}}, 7,
+                            "APPFORG2", {"Unfiled", "Business"});
+        clientes.SortInfo = QByteArray::fromHex("0102");
+        clientes.Categorias = QStringList{"Unfiled", "Business"};
+        clientes.Registros = {Registro(10, "414200010201"),
+                              Registro(11, "2020782000000500", 0x40, 1),
+                              Registro(12, "00ffff00", 0, 1)};
+        mFuente->Agregar(clientes);
+
+        BaseMemoria completa;
+        completa.Nombre = "Completa";
+        completa.Creador = "AFc2";
+        completa.AppInfo = AppInfoAppForge("Completa",
+                                           {{"B", Byte},
+                                            {"I", Int},
+                                            {"L", Long},
+                                            {"S", Single},
+                                            {"T", String},
+                                            {"V", Boolean},
+                                            {"D", Date},
+                                            {"U", String}},
+                                           24);
+        // 200, -2, 70000, 1.5, "Hola", False, 2004-01-05 15:04:05, "fin"
+        completa.Registros = {Registro(1, "c8fffe000111703fc00000486f6c610000bc1f2d6566696e00")};
+        mFuente->Agregar(completa);
+
+        BaseMemoria memo;
+        memo.Nombre = "MemoDB";
+        memo.Creador = "memo";
+        memo.AppInfo = modBloquesPalm::BloqueCategorias({"Unfiled"});
+        memo.Registros = {Registro(5, "6869")};
+        mFuente->Agregar(memo);
+
+        BaseMemoria aplicacion;
+        aplicacion.Nombre = "Aplicacion";
+        aplicacion.Tipo = "appl";
+        aplicacion.Creador = "AFc1";
+        aplicacion.Atributos = 1;
+        aplicacion.Recursos = {{0, clsFuenteMemoria::Codigo("code"), 1, "xx"}};
+        mFuente->Agregar(aplicacion);
+
+        mBase = std::make_unique<clsPalmPDB>(mFuente);
+    }
+
+    QString Leer(const QString& xSeparador, bool xAlPrincipio = true) {
+        QString texto;
+        mBase->ReadRecord(xAlPrincipio, texto, xSeparador);
+        return texto;
+    }
+
+    std::shared_ptr<clsFuenteMemoria> mFuente;
+    std::unique_ptr<clsPalmPDB> mBase;
+};
+
+TEST_F(PalmPDBTest, CadaOperacionExigeUnaBaseAbierta) {
+    QString texto;
+    bool alPrincipio = true;
+    const std::pair<const char*, std::function<void(clsPalmPDB&)>> casos[] = {
+        {"NumRecords", [](clsPalmPDB& b) { b.NumRecords(); }},
+        {"DBType", [](clsPalmPDB& b) { b.DBType(); }},
+        {"DBVersion", [](clsPalmPDB& b) { b.DBVersion(); }},
+        {"CreationDate", [](clsPalmPDB& b) { b.CreationDate(); }},
+        {"ModificationDate", [](clsPalmPDB& b) { b.ModificationDate(); }},
+        {"BackupDate", [](clsPalmPDB& b) { b.BackupDate(); }},
+        {"DBSize", [](clsPalmPDB& b) { b.DBSize(); }},
+        {"ReadRecord", [&](clsPalmPDB& b) { b.ReadRecord(alPrincipio, texto, "\t"); }},
+        {"ReadRecordByID", [&](clsPalmPDB& b) { b.ReadRecordByID(10, texto, "\t"); }},
+        {"UpdateRecord", [](clsPalmPDB& b) { b.UpdateRecord(10, 0, "x"); }},
+        {"FieldsTitles", [](clsPalmPDB& b) { b.FieldsTitles("\t"); }},
+        {"NumFields", [](clsPalmPDB& b) { b.NumFields(); }},
+        {"DeleteRecord", [](clsPalmPDB& b) { b.DeleteRecord(10); }},
+        {"DeleteAllRecords", [](clsPalmPDB& b) { b.DeleteAllRecords(); }},
+        {"DeleteAllRecord", [](clsPalmPDB& b) { b.NewRecord(); }},
+        {"FieldType", [](clsPalmPDB& b) { b.FieldType(0); }},
+        {"FieldName", [](clsPalmPDB& b) { b.FieldName(0); }},
+        {"FieldAlignment", [](clsPalmPDB& b) { b.FieldAlignment(0); }},
+        {"RecordAttributes", [](clsPalmPDB& b) { b.RecordAttributes(10); }},
+        {"WriteRecordAttributes", [](clsPalmPDB& b) { b.WriteRecordAttributes(10, 0); }},
+        {"CategoryID", [](clsPalmPDB& b) { b.CategoryID(10); }},
+        {"RecordIndex", [](clsPalmPDB& b) { b.RecordIndex(10); }},
+        {"RetrieveSortInfo", [](clsPalmPDB& b) { b.RetrieveSortInfo(); }},
+        {"RecordLength", [](clsPalmPDB& b) { b.RecordLength(10); }},
+        {"CategoriesCount", [](clsPalmPDB& b) { b.CategoriesCount(); }},
+        {"CategoryName", [](clsPalmPDB& b) { b.CategoryName(0); }},
+    };
+    for (const auto& [fuente, accion] : casos) {
+        EsperarError([&] { accion(*mBase); }, Cerrada, fuente, "Database its close.");
+        // The same after a database was opened and closed again.
+        mBase->OpenFile("Clientes");
+        mBase->CloseDatabase();
+        EsperarError([&] { accion(*mBase); }, Cerrada, fuente);
+    }
+    EXPECT_EQ(Cerrada, -2147220502);
+}
+
+TEST_F(PalmPDBTest, AbrirDosVecesFallaYDejaLaPrimeraAbierta) {
+    ASSERT_TRUE(mBase->OpenFile("Clientes"));
+    EsperarError([&] { mBase->OpenFile("MemoDB"); }, YaAbierta, "OpenFile",
+                 "Database is already open.");
+    EXPECT_EQ(mBase->NumRecords(), 3);
+    EXPECT_TRUE(mBase->IsAppForgeDB());
+    mBase->CloseDatabase();
+    EXPECT_TRUE(mBase->OpenFile("MemoDB"));
+    EXPECT_EQ(mBase->NumRecords(), 1);
+}
+
+TEST_F(PalmPDBTest, UnaBaseSinEsquemaRechazaLasOperacionesDeRegistros) {
+    ASSERT_TRUE(mBase->OpenFile("MemoDB"));
+    EXPECT_TRUE(mBase->IsDataBase());
+    EXPECT_FALSE(mBase->IsAppForgeDB());
+    QString texto;
+    bool alPrincipio = true;
+    const std::pair<const char*, std::function<void()>> casos[] = {
+        {"ReadRecord", [&] { mBase->ReadRecord(alPrincipio, texto, "\t"); }},
+        {"ReadRecordByID", [&] { mBase->ReadRecordByID(5, texto, "\t"); }},
+        {"FieldsTitles", [&] { mBase->FieldsTitles("\t"); }},
+        {"NumFields", [&] { mBase->NumFields(); }},
+        {"NumFields", [&] { mBase->FieldName(0); }},
+    };
+    for (const auto& [fuente, accion] : casos)
+        EsperarError(accion, SinEsquema, fuente, "The Database selected have not Schema.");
+}
+
+TEST_F(PalmPDBTest, LaMarcaAppForgeSeReconoceSoloCompleta) {
+    const QByteArray categorias = modBloquesPalm::BloqueCategorias({});
+    const struct {
+        const char* nombre;
+        QByteArray appInfo;
+        bool appForge;
+    } casos[] = {
+        {"sinAppInfo", {}, false},
+        {"soloCategorias", categorias, false},
+        {"minusculas", categorias + QByteArray("appforg2\0", 9), true},
+        {"mezcla", categorias + QByteArray("AppForg2\0", 9), true},
+        {"masLarga", categorias + QByteArray("APPFORG2X\0", 10), false},
+        {"masCorta", categorias + QByteArray("APPFORG\0", 8), false},
+        {"sinTerminador", categorias + QByteArray("APPFORG2"), false},
+        {"otroEsquema", categorias + QByteArray("APPFORG1\0", 9), false},
+    };
+    for (const auto& caso : casos) {
+        BaseMemoria base;
+        base.Nombre = caso.nombre;
+        base.AppInfo = caso.appInfo;
+        mFuente->Agregar(base);
+        clsPalmPDB pdb(mFuente);
+        EXPECT_TRUE(pdb.OpenFile(caso.nombre)) << caso.nombre;
+        EXPECT_EQ(pdb.IsAppForgeDB(), caso.appForge) << caso.nombre;
+        EXPECT_TRUE(pdb.IsDataBase());
+    }
+}
+
+TEST_F(PalmPDBTest, LosErroresDeLaFuenteAlAbrir) {
+    mFuente->Agregar(Nueva("Ocupada")).EnUso = true;
+    mFuente->Agregar(Nueva("Rota")).FallarAperturas = true;
+    EsperarError([&] { mBase->OpenFile("Ocupada"); }, ErroresFuente::BaseEnUso, "AbrirBase");
+    EXPECT_FALSE(mBase->OpenFile("Rota"));
+    EsperarError([&] { mBase->NumRecords(); }, Cerrada, "NumRecords");
+    EsperarError([&] { mBase->OpenFile("NoExiste"); }, ErroresFuente::BaseNoEncontrada,
+                 "BuscarBase");
+}
+
+TEST_F(PalmPDBTest, ElRegistroComoTexto) {
+    const struct {
+        const char* separador;
+        QString esperado;
+    } casos[] = {
+        {"\t", "AB\t258\tTrue"}, {",", "\"AB\",258,True"}, {";", "AB;258;True"},
+        {", ", "AB, 258, True"}, {"", "AB258True"},
+    };
+    ASSERT_TRUE(mBase->OpenFile("Clientes"));
+    for (const auto& caso : casos)
+        EXPECT_EQ(Leer(caso.separador), caso.esperado) << caso.separador;
+}
+
+TEST_F(PalmPDBTest, LosBlancosDeUnTextoSeRecortanFueraDeLasComillas) {
+    mFuente->Base("Clientes")->Registros[0].Bytes = QByteArray("  x \0\0\x05\0", 8);
+    ASSERT_TRUE(mBase->OpenFile("Clientes"));
+    EXPECT_EQ(Leer(";"), "x;5;False");
+    EXPECT_EQ(Leer(","), "\"  x \",5,False");
+}
+
+TEST_F(PalmPDBTest, CadaTipoDeCampo) {
+    ASSERT_TRUE(mBase->OpenFile("Completa"));
+    EXPECT_EQ(Leer("|"), "200|-2|70000|1.5|Hola|False|1/5/2004 3:04:05 PM|fin");
+    clsConfiguracionRegional::EstablecerActual(QLocale(QLocale::German, QLocale::Germany));
+    EXPECT_EQ(Leer("|"), "200|-2|70000|1,5|Hola|False|05.01.2004 15:04:05|fin");
+}
+
+TEST_F(PalmPDBTest, UnTipoDesconocidoDaTextoVacioYNoConsumeBytes) {
+    mFuente->Base("Clientes")->AppInfo =
+        AppInfoAppForge("T", {{"A", Int}, {"X", 9}, {"B", Int}}, 4);
+    mFuente->Base("Clientes")->Registros[0].Bytes = QByteArray::fromHex("00070102");
+    ASSERT_TRUE(mBase->OpenFile("Clientes"));
+    EXPECT_EQ(Leer("\t"), "7\t\t258");
+    EXPECT_EQ(mBase->FieldType(1), "");
+    EXPECT_EQ(mBase->FieldAlignment(1), 0);
+}
+
+TEST_F(PalmPDBTest, ElEsquema) {
+    ASSERT_TRUE(mBase->OpenFile("Completa"));
+    EXPECT_EQ(mBase->NumFields(), 8);
+    const char* tipos[] = {"Byte", "Int", "Long", "Single", "String", "Boolean", "Date", "String"};
+    const char* nombres[] = {"B", "I", "L", "S", "T", "V", "D", "U"};
+    for (int i = 0; i < 8; ++i) {
+        EXPECT_EQ(mBase->FieldType(i), tipos[i]);
+        EXPECT_EQ(mBase->FieldName(i), nombres[i]);
+        EXPECT_EQ(mBase->FieldAlignment(i), QString(tipos[i]) == "String" ? 1 : 0);
+    }
+    EXPECT_EQ(mBase->FieldsTitles("\t"), "B\tI\tL\tS\tT\tV\tD\tU");
+    // Only one character of the trailing separator goes.
+    EXPECT_EQ(mBase->FieldsTitles(", "), "B, I, L, S, T, V, D, U,");
+    EXPECT_EQ(mBase->FieldName(-1), "");
+}
+
+TEST_F(PalmPDBTest, RecorreLosRegistrosConSusFiltros) {
+    ASSERT_TRUE(mBase->OpenFile("Clientes"));
+    const struct {
+        const char* nombre;
+        qint32 categoria;
+        bool modificados;
+        std::vector<qint32> ids;
+    } casos[] = {
+        {"todos", -1, false, {10, 11, 12}},     {"categoria1", 1, false, {11, 12}},
+        {"categoria0", 0, false, {10}},         {"modificados", -1, true, {11}},
+        {"modificadosCategoria0", 0, true, {}},
+    };
+    for (const auto& caso : casos) {
+        std::vector<qint32> ids;
+        bool alPrincipio = true;
+        QString texto;
+        for (qint32 id; (id = mBase->ReadRecord(alPrincipio, texto, "\t", caso.categoria,
+                                                caso.modificados)) != -1;) {
+            ids.push_back(id);
+            EXPECT_FALSE(texto.isEmpty());
+            alPrincipio = false;
+            ASSERT_LT(ids.size(), 10u);
+        }
+        EXPECT_EQ(ids, caso.ids) << caso.nombre;
+        EXPECT_EQ(texto, "") << caso.nombre;
+    }
+}
+
+TEST_F(PalmPDBTest, LeerPorIdentificador) {
+    ASSERT_TRUE(mBase->OpenFile("Clientes"));
+    QString texto;
+    EXPECT_TRUE(mBase->ReadRecordByID(12, texto, "\t"));
+    EXPECT_EQ(texto, "\t-1\tFalse");
+    EXPECT_TRUE(mBase->ReadRecordByID(10, texto, ","));
+    EXPECT_EQ(texto, "\"AB\",258,True");
+    EsperarError([&] { mBase->ReadRecordByID(99, texto, "\t"); },
+                 ErroresFuente::RegistroNoEncontrado, "LeerPorID");
+}
+
+TEST_F(PalmPDBTest, ActualizarUnCampoReescribeSusBytes) {
+    const struct {
+        const char* nombre;
+        QByteArray antes;
+        qint32 campo;
+        QString valor;
+        QByteArray despues;
+    } casos[] = {
+        {"textoMasLargo", "61626300000101", 0, "abcdef", "61626364656600000101"},
+        {"textoMasCorto", "61626300000101", 0, "", "00000101"},
+        {"textoRecortado", "61626300000101", 0, "  xy  ", "787900000101"},
+        {"textoIgual", "61626300000101", 0, "xyz", "78797a00000101"},
+        {"entero", "610000050001", 1, "-2", "6100fffe0001"},
+        {"enteroRedondeaAlPar", "610000050001", 1, "2.5", "610000020001"},
+        {"enteroConGrupos", "610000050001", 1, "1,234", "610004d20001"},
+        {"logicoTexto", "610000050001", 2, "true", "610000050101"},
+        {"logicoNumero", "610000050101", 2, "0", "610000050001"},
+        {"logicoNoCero", "610000050001", 2, "-3", "610000050101"},
+    };
+    for (const auto& caso : casos) {
+        BaseMemoria& base = *mFuente->Base("Clientes");
+        base.Registros = {Registro(10, caso.antes)};
+        clsPalmPDB pdb(mFuente);
+        ASSERT_TRUE(pdb.OpenFile("Clientes"));
+        QString texto;
+        ASSERT_TRUE(pdb.ReadRecordByID(10, texto, "\t"));
+        EXPECT_EQ(pdb.UpdateRecord(10, caso.campo, caso.valor), 10);
+        EXPECT_EQ(base.Registros[0].Bytes.toHex(), QByteArray::fromHex(caso.despues).toHex())
+            << caso.nombre;
+    }
+}
+
+TEST_F(PalmPDBTest, ActualizarCadaTipoNumericoYFecha) {
+    const struct {
+        qint32 campo;
+        QString valor;
+        QString leido;
+    } casos[] = {
+        {0, "255", "255"},
+        {1, "-32767", "-32767"},
+        // 80 00 reads back through the zero-byte rule as 128.
+        {1, "-32768", "128"},
+        {2, "-2147483648", "-2147483648"},
+        {3, "12345678", "1.234568E+07"},
+        {3, "0.1", "0.1"},
+        {4, "Chau", "Chau"},
+        {5, "True", "True"},
+        {6, "12/31/2010 11:59:58 PM", "12/31/2010 11:59:58 PM"},
+        {6, "1/1/1990", "1/1/1990"},
+        {7, "otro final", "otro final"},
+    };
+    for (const auto& caso : casos) {
+        clsPalmPDB pdb(mFuente);
+        ASSERT_TRUE(pdb.OpenFile("Completa"));
+        QString texto;
+        ASSERT_TRUE(pdb.ReadRecordByID(1, texto, "|"));
+        pdb.UpdateRecord(1, caso.campo, caso.valor);
+        ASSERT_TRUE(pdb.ReadRecordByID(1, texto, "|"));
+        EXPECT_EQ(texto.split('|').at(caso.campo), caso.leido) << caso.valor.toStdString();
+    }
+}
+
+TEST_F(PalmPDBTest, UnaConversionFallidaNoEscribeNada) {
+    const struct {
+        const char* base;
+        qint32 campo;
+        QString valor;
+        qint32 numero;
+    } casos[] = {
+        {"Clientes", 1, "70000", ErrorVB::Desbordamiento},
+        {"Clientes", 1, "abc", ErrorVB::TiposNoCoinciden},
+        {"Clientes", 1, "", ErrorVB::TiposNoCoinciden},
+        {"Clientes", 2, "maybe", ErrorVB::TiposNoCoinciden},
+        {"Completa", 0, "256", ErrorVB::Desbordamiento},
+        {"Completa", 0, "-1", ErrorVB::Desbordamiento},
+        {"Completa", 2, "2147483648", ErrorVB::Desbordamiento},
+        {"Completa", 3, "1e39", ErrorVB::Desbordamiento},
+        {"Completa", 6, "not a date", ErrorVB::TiposNoCoinciden},
+        {"Completa", 6, "1/19/1972 3:14:08 AM", ErrorVB::Desbordamiento},
+    };
+    for (const auto& caso : casos) {
+        BaseMemoria& base = *mFuente->Base(caso.base);
+        const QByteArray antes = base.Registros[0].Bytes;
+        const qint32 id = base.Registros[0].ID;
+        clsPalmPDB pdb(mFuente);
+        ASSERT_TRUE(pdb.OpenFile(caso.base));
+        QString texto;
+        ASSERT_TRUE(pdb.ReadRecordByID(id, texto, "\t"));
+        const int escrituras = base.Escrituras;
+        try {
+            pdb.UpdateRecord(id, caso.campo, caso.valor);
+            ADD_FAILURE() << caso.valor.toStdString();
+        } catch (const ErrorVB& error) {
+            EXPECT_EQ(error.Numero(), caso.numero) << caso.valor.toStdString();
+        }
+        EXPECT_EQ(base.Escrituras, escrituras);
+        EXPECT_EQ(base.Registros[0].Bytes, antes);
+    }
+}
+
+TEST_F(PalmPDBTest, ActualizarSinHaberLeidoNadaEsUnSubindiceInvalido) {
+    ASSERT_TRUE(mBase->OpenFile("Clientes"));
+    EsperarError([&] { mBase->UpdateRecord(10, 1, "5"); }, ErrorVB::SubindiceFueraDeRango,
+                 "UpdateRecord");
+    EXPECT_EQ(mFuente->Base("Clientes")->Escrituras, 0);
+}
+
+TEST_F(PalmPDBTest, UnTextoQueCreceMasQueSuPosicionNoSePuedeDesplazar) {
+    BaseMemoria& base = *mFuente->Base("Clientes");
+    base.Registros = {Registro(10, "6100000501")};
+    ASSERT_TRUE(mBase->OpenFile("Clientes"));
+    QString texto;
+    ASSERT_TRUE(mBase->ReadRecordByID(10, texto, "\t"));
+    // The old terminator sits at 1; growing by 2 reaches before the record's first byte.
+    EsperarError([&] { mBase->UpdateRecord(10, 0, "abc"); }, ErrorVB::SubindiceFueraDeRango,
+                 "UpdateRecord");
+    EXPECT_EQ(base.Escrituras, 0);
+    EXPECT_EQ(mBase->UpdateRecord(10, 0, "ab"), 10);
+    EXPECT_EQ(base.Registros[0].Bytes.toHex(), "616200000501");
+}
+
+TEST_F(PalmPDBTest, UnTextoAlFinalDejaUnByteDeReserva) {
+    ASSERT_TRUE(mBase->OpenFile("Completa"));
+    QString texto;
+    ASSERT_TRUE(mBase->ReadRecordByID(1, texto, "|"));
+    mBase->UpdateRecord(1, 7, "fines");
+    EXPECT_TRUE(mFuente->Base("Completa")->Registros[0].Bytes.endsWith(QByteArray("fines\0\0", 7)));
+}
+
+TEST_F(PalmPDBTest, LosTextosPasanPorLaPaginaDeCodigos) {
+    const struct {
+        const char* pagina;
+        QString valor;
+        QByteArray bytes;
+        QString leido;
+    } casos[] = {
+        {"windows-1252", QString::fromUtf8("caf\u00e9 \u20ac"), "636166e92080", ""},
+        {"windows-1252", QString::fromUtf8("\u03a9"), "3f", "?"},
+        {"ISO-8859-7", QString::fromUtf8("\u03a9"), "d9", ""},
+    };
+    for (const auto& caso : casos) {
+        mFuente->CodigoPagina(caso.pagina);
+        clsPalmPDB pdb(mFuente);
+        ASSERT_TRUE(pdb.OpenFile("Completa"));
+        QString texto;
+        ASSERT_TRUE(pdb.ReadRecordByID(1, texto, "|"));
+        pdb.UpdateRecord(1, 7, caso.valor);
+        EXPECT_TRUE(mFuente->Base("Completa")
+                        ->Registros[0]
+                        .Bytes.mid(21)
+                        .startsWith(QByteArray::fromHex(caso.bytes) + '\0'))
+            << caso.pagina;
+        ASSERT_TRUE(pdb.ReadRecordByID(1, texto, "|"));
+        const QString esperado = caso.leido.isEmpty() ? caso.valor : caso.leido;
+        EXPECT_EQ(texto.section('|', 7, 7), esperado) << caso.pagina;
+    }
+}
+
+TEST_F(PalmPDBTest, UnRegistroNuevo) {
+    ASSERT_TRUE(mBase->OpenFile("Clientes"));
+    EXPECT_EQ(mBase->CategoryID(11), 1);
+    const qint32 id = mBase->NewRecord();
+    EXPECT_EQ(id, 13);
+    const BaseMemoria& base = *mFuente->Base("Clientes");
+    ASSERT_EQ(base.Registros.size(), 4);
+    EXPECT_EQ(base.Registros.last().Bytes, QByteArray(8, '\0'));
+    EXPECT_EQ(base.Registros.last().Categoria, 1);
+    EXPECT_EQ(base.Registros.last().Atributos, 0);
+
+    // The blank-record size is read one byte late, so the byte after the converter's word
+    // counts too: 01 01 is 257, more than a byte holds.
+    mFuente->Base("Completa")->AppInfo[295] = 1;
+    mFuente->Base("Completa")->AppInfo[296] = 1;
+    clsPalmPDB otra(mFuente);
+    ASSERT_TRUE(otra.OpenFile("Completa"));
+    EsperarError([&] { otra.NewRecord(); }, ErrorVB::Desbordamiento, "NewRecord");
+}
+
+TEST_F(PalmPDBTest, EscribirAtributos) {
+    const struct {
+        qint32 antes;
+        qint32 dados;
+        qint32 despues;
+    } casos[] = {
+        {0x40, 0, 0x40},    {0x40, 0x10, 0x10}, {0, 0x88, 0x88},
+        {0x40, 0x20, 0x40}, {0x10, 0x08, 0x08}, {0x80, 0x40 | 0x20, 0x60},
+    };
+    for (const auto& caso : casos) {
+        BaseMemoria& base = *mFuente->Base("Clientes");
+        base.Registros[1].Atributos = caso.antes;
+        const QByteArray bytes = base.Registros[1].Bytes;
+        clsPalmPDB pdb(mFuente);
+        ASSERT_TRUE(pdb.OpenFile("Clientes"));
+        EXPECT_TRUE(pdb.WriteRecordAttributes(11, caso.dados));
+        EXPECT_EQ(base.Registros[1].Atributos, caso.despues) << caso.antes << " " << caso.dados;
+        EXPECT_EQ(pdb.RecordAttributes(11), caso.despues);
+        EXPECT_EQ(base.Registros[1].Bytes, bytes);
+        EXPECT_EQ(base.Registros[1].Categoria, 1);
+    }
+}
+
+TEST_F(PalmPDBTest, DatosDeCadaRegistro) {
+    ASSERT_TRUE(mBase->OpenFile("Clientes"));
+    const struct {
+        qint32 id;
+        qint32 atributos, categoria, indice, largo;
+    } casos[] = {{10, 0, 0, 0, 6}, {11, 0x40, 1, 1, 8}, {12, 0, 1, 2, 4}};
+    for (const auto& caso : casos) {
+        EXPECT_EQ(mBase->RecordAttributes(caso.id), caso.atributos);
+        EXPECT_EQ(mBase->CategoryID(caso.id), caso.categoria);
+        EXPECT_EQ(mBase->RecordIndex(caso.id), caso.indice);
+        EXPECT_EQ(mBase->RecordLength(caso.id), caso.largo);
+    }
+    // An unknown record gives each property's failure value; its length is an error.
+    EXPECT_EQ(mBase->RecordAttributes(99), -1);
+    EXPECT_EQ(mBase->CategoryID(99), 0);
+    EXPECT_EQ(mBase->RecordIndex(99), 0);
+    EsperarError([&] { mBase->RecordLength(99); }, ErroresFuente::RegistroNoEncontrado,
+                 "LeerPorID");
+    EsperarError([&] { mBase->WriteRecordAttributes(99, 0x40); },
+                 ErroresFuente::RegistroNoEncontrado, "LeerPorID");
+    EXPECT_EQ(mBase->RetrieveSortInfo(), QByteArray::fromHex("0102"));
+    EXPECT_EQ(mBase->CategoriesCount(), 2);
+    EXPECT_EQ(mBase->CategoryName(1), "Business");
+}
+
+TEST_F(PalmPDBTest, Borrar) {
+    ASSERT_TRUE(mBase->OpenFile("Clientes"));
+    EXPECT_TRUE(mBase->DeleteRecord(11));
+    EXPECT_FALSE(mBase->DeleteRecord(11));
+    EXPECT_FALSE(mBase->DeleteRecord(99));
+    EXPECT_EQ(mFuente->Base("Clientes")->Registros.size(), 2);
+    mFuente->Base("Clientes")->FallarEscrituras = true;
+    EXPECT_FALSE(mBase->DeleteRecord(10));
+    EsperarError([&] { mBase->DeleteAllRecords(); }, ErroresFuente::EscrituraFallida,
+                 "EscribirRegistro");
+    mFuente->Base("Clientes")->FallarEscrituras = false;
+    mBase->DeleteAllRecords();
+    EXPECT_TRUE(mFuente->Base("Clientes")->Registros.isEmpty());
+}
+
+TEST_F(PalmPDBTest, UnaBaseDeRecursos) {
+    ASSERT_TRUE(mBase->OpenFile("Aplicacion"));
+    EXPECT_FALSE(mBase->IsDataBase());
+    EXPECT_FALSE(mBase->IsAppForgeDB());
+    EXPECT_EQ(mBase->NumRecords(), 0);
+    EXPECT_EQ(mBase->CategoriesCount(), 0);
+    EXPECT_EQ(mBase->CategoryName(0), "");
+    EXPECT_EQ(mBase->DBType(), "appl");
+    QString texto = "previo";
+    bool alPrincipio = true;
+    EXPECT_EQ(mBase->ReadRecord(alPrincipio, texto, "\t"), 0);
+    EXPECT_EQ(texto, "previo");
+    EXPECT_FALSE(mBase->ReadRecordByID(1, texto, "\t"));
+    EXPECT_FALSE(mBase->DeleteRecord(1));
+    EXPECT_EQ(mBase->RecordAttributes(1), -1);
+}
+
+TEST_F(PalmPDBTest, LaCabecera) {
+    const struct {
+        qint32 version, companero;
+        float esperada;
+    } versiones[] = {{1, 5, 1.05f}, {1, 0, 1.0f}, {2, 150, 3.5f}, {3, -1, 3.0f}, {0, 1, 0.01f}};
+    BaseMemoria& base = *mFuente->Base("Clientes");
+    for (const auto& caso : versiones) {
+        base.Version = caso.version;
+        base.VersionCompanero = caso.companero;
+        clsPalmPDB pdb(mFuente);
+        ASSERT_TRUE(pdb.OpenFile("Clientes"));
+        EXPECT_FLOAT_EQ(pdb.DBVersion(), caso.esperada);
+    }
+    ASSERT_TRUE(mBase->OpenFile("Clientes"));
+    EXPECT_EQ(mBase->DBType(), "DATA");
+    EXPECT_EQ(mBase->CreationDate(), modFecha::Crear(2004, 1, 5, 15, 4, 5));
+    EXPECT_EQ(mBase->ModificationDate(), modFecha::Crear(2005, 2, 6));
+    EXPECT_EQ(mBase->BackupDate(), modFecha::Crear(1904, 1, 1));
+    EXPECT_FLOAT_EQ(mBase->DBSize(), 2048.0f);
+    // Closing keeps the kind of the last database.
+    mBase->CloseDatabase();
+    EXPECT_TRUE(mBase->IsAppForgeDB());
+    EXPECT_TRUE(mBase->IsDataBase());
+}
+
+class CatalogoTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        CargarMensajes();
+        mFuente = std::make_shared<clsFuenteMemoria>();
+        const QByteArray esquema = AppInfoAppForge("T", {{"A", Int}}, 2);
+        const struct {
+            const char* nombre;
+            const char* tipo;
+            const char* creador;
+            bool appForge;
+            bool recursos;
+        } bases[] = {
+            {"zeta", "DATA", "AFc1", true, false},   {"Alfa", "data", "AFc1", false, false},
+            {"App1", "appl", "AFc1", false, true},   {"beta", "Data", "memo", false, false},
+            {"Memo2", "MEMO", "memo", false, false}, {"Otra", "DATA", "Zz01", true, false},
+            {"Prog", "APPL", "prg1", false, true},   {"Ocupada", "DATA", "busy", false, false},
+            {"a*b", "DATA", "star", false, false},
+        };
+        for (const auto& b : bases) {
+            BaseMemoria base;
+            base.Nombre = b.nombre;
+            base.Tipo = b.tipo;
+            base.Creador = b.creador;
+            base.Atributos = b.recursos ? 1 : 0;
+            base.AppInfo = b.appForge ? esquema : QByteArray();
+            base.EnUso = QString(b.nombre) == "Ocupada";
+            mFuente->Agregar(base);
+        }
+    }
+    std::shared_ptr<clsFuenteMemoria> mFuente;
+};
+
+TEST_F(CatalogoTest, LasBasesDeUnCreador) {
+    clsPalmPDB pdb(mFuente);
+    const struct {
+        const char* creador;
+        const char* separador;
+        QString esperado;
+    } casos[] = {
+        {"AFc1", "\t", "Alfa*1\tApp1*4\tzeta*1\t"},
+        {"memo", "|", "Memo2*12|beta*1|"},
+        {"prg1", ";", "Prog*4;"},
+        {"nada", "\t", ""},
+        {"star", "\t", "a*0\t"},
+    };
+    for (const auto& caso : casos)
+        EXPECT_EQ(pdb.RetrieveDataBases(caso.creador, caso.separador), caso.esperado)
+            << caso.creador;
+}
+
+TEST_F(CatalogoTest, LosCreadoresPorClase) {
+    const struct {
+        qint32 clase;
+        QString esperado;
+    } casos[] = {
+        {0, "AFc1\tZz01\t"},
+        {1, "memo\tprg1\tstar\t"},
+        {2, "AFc1\tZz01\tbusy\tmemo\tprg1\tstar\t"},
+    };
+    for (const auto& caso : casos) {
+        clsPalmPDB pdb(mFuente);
+        EXPECT_EQ(pdb.RetrieveCreatorsID(caso.clase, "\t"), caso.esperado) << caso.clase;
+    }
+    // The other kinds after the first, on one object, give the same lists.
+    clsPalmPDB pdb(mFuente);
+    for (const auto& caso : casos)
+        EXPECT_EQ(pdb.RetrieveCreatorsID(caso.clase, "\t"), caso.esperado) << caso.clase;
+}
+
+TEST_F(CatalogoTest, LasListasSeGuardan) {
+    clsPalmPDB pdb(mFuente);
+    const QString primera = pdb.RetrieveCreatorsID(0, "\t");
+    const int llamadas = mFuente->LlamadasGestor();
+    EXPECT_GT(llamadas, 0);
+    mFuente->Agregar(Nueva("Nueva", "NEW1"));
+    EXPECT_EQ(pdb.RetrieveCreatorsID(0, "\t"), primera);
+    EXPECT_EQ(pdb.RetrieveCreatorsID(0, "|"), primera);
+    EXPECT_EQ(mFuente->LlamadasGestor(), llamadas);
+    EXPECT_TRUE(pdb.RetrieveCreatorsID(2, "\t").contains("NEW1\t"));
+    EsperarError([&] { pdb.RetrieveCreatorsID(3, "\t"); }, ErrorVB::SubindiceFueraDeRango,
+                 "RetrieveCreatorsID");
+}
+
+TEST_F(CatalogoTest, ListarDejaLaUltimaBaseAbierta) {
+    clsPalmPDB pdb(mFuente);
+    pdb.RetrieveCreatorsID(0, "\t");
+    EsperarError([&] { pdb.OpenFile("zeta"); }, YaAbierta, "OpenFile");
+    pdb.CloseDatabase();
+    EXPECT_TRUE(pdb.OpenFile("zeta"));
+}
+
+TEST_F(CatalogoTest, MilBasesSeOrdenanYSeListan) {
+    for (int i = 0; i < 1000; ++i) {
+        BaseMemoria base;
+        base.Nombre = QStringLiteral("Base%1").arg(999 - i, 3, 10, QLatin1Char('0'));
+        base.Creador = QStringLiteral("C%1").arg(i % 500, 3, 10, QLatin1Char('0'));
+        mFuente->Agregar(base);
+    }
+    clsPalmPDB pdb(mFuente);
+    const QStringList creadores = pdb.RetrieveCreatorsID(2, "\t").split('\t', Qt::SkipEmptyParts);
+    EXPECT_EQ(creadores.size(), 506);
+    EXPECT_TRUE(std::is_sorted(creadores.begin(), creadores.end()));
+    const QStringList bases = pdb.RetrieveDataBases("C007", "\t").split('\t', Qt::SkipEmptyParts);
+    EXPECT_EQ(bases, (QStringList{"Base492*1", "Base992*1"}));
+}
+
+} // namespace
