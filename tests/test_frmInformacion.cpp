@@ -1,19 +1,23 @@
-#include "common/ErrorVB.h"
 #include "common/clsConfiguracionRegional.h"
-#include "common/modFecha.h"
+#include "data/clsFuenteCarpeta.h"
 #include "data/modHandheld.h"
 #include "device/frmInformacion.h"
 #include "shell/modDialogos.h"
 
+#include "support/modHandheldPrueba.h"
+
 #include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
 #include <QTabWidget>
+#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
-#include <functional>
-#include <optional>
+#include <cmath>
 
 inline void PrintTo(const QString& xTexto, std::ostream* xSalida) {
     *xSalida << '"' << xTexto.toStdString() << '"';
@@ -21,67 +25,43 @@ inline void PrintTo(const QString& xTexto, std::ostream* xSalida) {
 
 namespace {
 
-// A handheld whose system object answers what the test says, or fails.
-class clsSistemaPrueba : public clsSistemaPalm {
-public:
-    clsSistemaPrueba(std::optional<TarjetaPalm> xTarjeta, std::optional<UsuarioPalm> xUsuario)
-        : mTarjeta(std::move(xTarjeta)), mUsuario(std::move(xUsuario)) {}
-    TarjetaPalm TarjetaMemoria() override {
-        if (!mTarjeta) throw Inaccesible();
-        return *mTarjeta;
-    }
-    UsuarioPalm InformacionUsuario() override {
-        if (!mUsuario) throw Inaccesible();
-        return *mUsuario;
-    }
+const char* const IniCompleto = R"([Card]
+Number=0
+Version=1
+CreationDate=2003-05-17 09:30:00
+RomSize=4194304
+RamSize=16777216
+FreeRam=1536
+Name=PalmCard
+Manufacturer=Palm Computing
+RomDbCount=12
+RamDbCount=34
+[User]
+Name=Ana Pérez
+Password=s3cret
+LastSyncDate=2004-02-29 13:45:10
+LastSyncPC=305419896
+UserID=42
+)";
 
-private:
-    static ErrorVB Inaccesible() {
-        return ErrorVB(ErroresFuente::HandheldInaccesible, "Handheld", "The handheld is gone.");
-    }
-    std::optional<TarjetaPalm> mTarjeta;
-    std::optional<UsuarioPalm> mUsuario;
-};
-
-class clsFuentePrueba : public clsFuentePalm {
-public:
-    clsFuentePrueba(std::optional<TarjetaPalm> xTarjeta, std::optional<UsuarioPalm> xUsuario)
-        : mTarjeta(std::move(xTarjeta)), mUsuario(std::move(xUsuario)) {}
-    std::unique_ptr<clsGestorBases> CrearGestor() override { return nullptr; }
-    std::unique_ptr<clsSistemaPalm> CrearSistema() override {
-        return std::make_unique<clsSistemaPrueba>(mTarjeta, mUsuario);
-    }
-    QString CodigoATexto(qint32, qint32) const override { return {}; }
-    QString CodigoPagina() const override { return QStringLiteral("windows-1252"); }
-
-private:
-    std::optional<TarjetaPalm> mTarjeta;
-    std::optional<UsuarioPalm> mUsuario;
-};
-
-TarjetaPalm Tarjeta() {
-    TarjetaPalm tarjeta;
-    tarjeta.Numero = 0;
-    tarjeta.Version = 1;
-    tarjeta.FechaCreacion = modFecha::Crear(2003, 5, 17, 9, 30);
-    tarjeta.TamanoRom = 4194304;
-    tarjeta.TamanoRam = 16777216;
-    tarjeta.RamLibre = 1536;
-    tarjeta.Nombre = "PalmCard";
-    tarjeta.Fabricante = "Palm Computing";
-    tarjeta.CantidadBasesRom = 12;
-    tarjeta.CantidadBasesRam = 34;
-    return tarjeta;
+void Escribir(const QString& xRuta, const QByteArray& xContenido) {
+    QDir().mkpath(QFileInfo(xRuta).path());
+    QFile archivo(xRuta);
+    ASSERT_TRUE(archivo.open(QIODevice::WriteOnly));
+    archivo.write(xContenido);
 }
 
-UsuarioPalm Usuario() {
-    UsuarioPalm usuario;
-    usuario.Nombre = "Ana Pérez";
-    usuario.Clave = "s3cret";
-    usuario.FechaUltimaSincronizacion = modFecha::Crear(2004, 2, 29, 13, 45, 10);
-    usuario.UltimaSincronizacionPC = 305419896;
-    usuario.IDUsuario = 42;
-    return usuario;
+// A handheld folder with two small databases.
+QString Handheld(const QString& xCarpeta) {
+    modHandheldPrueba::Guardar(xCarpeta, "MemoDB.pdb",
+                               modHandheldPrueba::BaseRegistros("MemoDB", "DATA", "memo"));
+    modHandheldPrueba::Guardar(xCarpeta, "ToDoDB.pdb",
+                               modHandheldPrueba::BaseRegistros("ToDoDB", "DATA", "todo"));
+    return xCarpeta;
+}
+
+QString TextoKB(qint64 xBytes) {
+    return QString::number(std::round(xBytes / 1024.0 * 100) / 100) + " KB";
 }
 
 const char* const CamposTarjeta[] = {
@@ -110,6 +90,7 @@ QStringList Textos(const frmInformacion& xVentana, const char* const* xCampos, i
 class frmInformacionTest : public ::testing::Test {
 protected:
     void SetUp() override {
+        ASSERT_TRUE(mTemporal.isValid());
         clsConfiguracionRegional::EstablecerActual(
             QLocale(QLocale::English, QLocale::UnitedStates));
         modDialogos::ResponderMensajes([this](const modDialogos::PeticionMensaje& xPeticion) {
@@ -121,11 +102,14 @@ protected:
         modDialogos::ResponderMensajes({});
         modHandheld::EstablecerFuente(nullptr);
     }
+    QString Ruta(const QString& xRelativa) const { return mTemporal.filePath(xRelativa); }
+
+    QTemporaryDir mTemporal;
     std::vector<modDialogos::PeticionMensaje> mMensajes;
 };
 
 TEST_F(frmInformacionTest, RotulosYPestanias) {
-    modHandheld::EstablecerFuente(std::make_shared<clsFuentePrueba>(Tarjeta(), Usuario()));
+    modHandheld::EstablecerFuente(std::make_shared<clsFuenteCarpeta>(Handheld(Ruta("palm"))));
     frmInformacion ventana;
     EXPECT_EQ(ventana.windowTitle(), "Palm Information");
     auto* pestanias = ventana.findChild<QTabWidget*>("stabInformacion");
@@ -158,7 +142,28 @@ TEST_F(frmInformacionTest, RotulosYPestanias) {
     }
 }
 
-TEST_F(frmInformacionTest, LlenaLoLeidoYAvisaUnaVezSiFalla) {
+TEST_F(frmInformacionTest, LeeElHandheldYAvisaUnaVezSiFalla) {
+    // A handheld described by its Handheld.ini.
+    const QString completo = Handheld(Ruta("completo"));
+    Escribir(completo + "/Handheld.ini", IniCompleto);
+    // The layout <user>/Backup, nothing said: every value comes from the folder.
+    const QString derivado = Handheld(Ruta("Carlos/Backup"));
+    const qint64 bytes =
+        QFileInfo(derivado + "/MemoDB.pdb").size() + QFileInfo(derivado + "/ToDoDB.pdb").size();
+    // The card is fine but the user's ID is not a number.
+    const QString usuarioMalo = Handheld(Ruta("usuarioMalo"));
+    Escribir(usuarioMalo + "/Handheld.ini",
+             QByteArray(IniCompleto).replace("UserID=42", "UserID=forty-two"));
+    // Something that is not a file stands where Handheld.ini should be.
+    const QString ilegible = Handheld(Ruta("ilegible"));
+    QDir(ilegible).mkdir("Handheld.ini");
+    // A handheld folder that went away after the program opened it.
+    const QString desaparecido = Handheld(Ruta("desaparecido"));
+    auto fuenteDesaparecida = std::make_shared<clsFuenteCarpeta>(desaparecido);
+    ASSERT_TRUE(QDir(desaparecido).removeRecursively());
+
+    const QStringList derivadosTarjeta = {"Backup",       "",  "1.00", "5/17/2003", "0 KB",
+                                          TextoKB(bytes), "?", "0",    "2",         "0"};
     struct Caso {
         const char* Nombre;
         std::shared_ptr<clsFuentePalm> Fuente;
@@ -167,12 +172,18 @@ TEST_F(frmInformacionTest, LlenaLoLeidoYAvisaUnaVezSiFalla) {
         int Mensajes;
     };
     const Caso casos[] = {
-        {"everything read", std::make_shared<clsFuentePrueba>(Tarjeta(), Usuario()), LlenosTarjeta,
-         LlenosUsuario, 0},
-        {"card unreadable", std::make_shared<clsFuentePrueba>(std::nullopt, Usuario()),
-         InicialesTarjeta, InicialesUsuario, 1},
-        {"user unreadable", std::make_shared<clsFuentePrueba>(Tarjeta(), std::nullopt),
-         LlenosTarjeta, InicialesUsuario, 1},
+        {"Handheld.ini", std::make_shared<clsFuenteCarpeta>(completo), LlenosTarjeta, LlenosUsuario,
+         0},
+        {"derived",
+         std::make_shared<clsFuenteCarpeta>(derivado),
+         derivadosTarjeta,
+         {"Carlos", "0", "", "0", ""},
+         0},
+        {"bad user", std::make_shared<clsFuenteCarpeta>(usuarioMalo), LlenosTarjeta,
+         InicialesUsuario, 1},
+        {"unreadable", std::make_shared<clsFuenteCarpeta>(ilegible), InicialesTarjeta,
+         InicialesUsuario, 1},
+        {"vanished", fuenteDesaparecida, InicialesTarjeta, InicialesUsuario, 1},
         {"no handheld", nullptr, InicialesTarjeta, InicialesUsuario, 1},
     };
     for (const Caso& caso : casos) {
@@ -181,7 +192,10 @@ TEST_F(frmInformacionTest, LlenaLoLeidoYAvisaUnaVezSiFalla) {
         frmInformacion ventana;
         ventana.show();
         QApplication::processEvents();
-        EXPECT_EQ(Textos(ventana, CamposTarjeta, 10), caso.TextosTarjeta) << caso.Nombre;
+        QStringList tarjeta = Textos(ventana, CamposTarjeta, 10);
+        // Free space of the file system: any size will do, as long as it is one.
+        if (caso.TextosTarjeta[6] == "?" && tarjeta[6].endsWith(" KB")) tarjeta[6] = "?";
+        EXPECT_EQ(tarjeta, caso.TextosTarjeta) << caso.Nombre;
         EXPECT_EQ(Textos(ventana, CamposUsuario, 5), caso.TextosUsuario) << caso.Nombre;
         ASSERT_EQ(int(mMensajes.size()), caso.Mensajes) << caso.Nombre;
         if (caso.Mensajes == 0) continue;
@@ -193,11 +207,12 @@ TEST_F(frmInformacionTest, LlenaLoLeidoYAvisaUnaVezSiFalla) {
 }
 
 TEST_F(frmInformacionTest, SinMemoriaLibreMuestraCeroKB) {
-    TarjetaPalm tarjeta = Tarjeta();
-    tarjeta.RamLibre = 0;
-    modHandheld::EstablecerFuente(std::make_shared<clsFuentePrueba>(tarjeta, Usuario()));
+    const QString carpeta = Handheld(Ruta("lleno"));
+    Escribir(carpeta + "/Handheld.ini", "[Card]\nFreeRam=0\n");
+    modHandheld::EstablecerFuente(std::make_shared<clsFuenteCarpeta>(carpeta));
     frmInformacion ventana;
     EXPECT_EQ(ventana.findChild<QLabel*>("lblTarjetaDisponible")->text(), "0 KB");
+    EXPECT_TRUE(mMensajes.empty());
 }
 
 } // namespace
