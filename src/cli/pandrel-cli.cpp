@@ -1,0 +1,323 @@
+// pandrel-cli: the database layer for scripts. Each command prints one item per line on stdout;
+// an error prints nothing on stdout, one line "Error NUMBER: DESCRIPTION [SOURCE]" on stderr and
+// ends with status 1; a wrong command line prints the usage and ends with status 2.
+
+#include "common/ErrorVB.h"
+#include "common/clsConfiguracionRegional.h"
+#include "data/MensajesError.h"
+#include "data/clsFuenteCarpeta.h"
+#include "data/clsPalmPDB.h"
+#include "data/modHandheld.h"
+#include "data/modMuestra.h"
+#include "device/clsPalmInformation.h"
+#include "device/modTextosInformacion.h"
+#include "explorer/modTextosPanel.h"
+
+#include <QCoreApplication>
+#include <QLocale>
+#include <QStringList>
+#include <cstdio>
+#include <functional>
+#include <map>
+#include <memory>
+
+namespace {
+
+const char* const kUso =
+    "usage: pandrel-cli [--handheld DIR] [--locale NAME] COMMAND ...\n"
+    "commands:\n"
+    "  creators [--kind appforge|other|all]\n"
+    "  databases CREATOR\n"
+    "  header DB\n"
+    "  schema DB\n"
+    "  records DB [--separator SEP]\n"
+    "  get DB ID [--separator SEP]\n"
+    "  update DB ID FIELD VALUE\n"
+    "  add DB\n"
+    "  delete DB ID\n"
+    "  delete-all DB\n"
+    "  attributes DB ID [VALUE]\n"
+    "  categories DB\n"
+    "  info\n"
+    "The handheld is a folder of .pdb/.prc files (default: the sample's working copy).\n"
+    "SEP \\t stands for the tab character.\n";
+
+// A wrong command line.
+struct ErrorUso {};
+
+// What a command prints; written out only when the whole command succeeded.
+class clsSalida {
+public:
+    void Linea(const QString& xTexto) {
+        mBytes.append(xTexto.toUtf8());
+        mBytes.append('\n');
+    }
+    const QByteArray& Bytes() const { return mBytes; }
+
+private:
+    QByteArray mBytes;
+};
+
+struct Contexto {
+    QStringList Argumentos; // the command's own arguments
+    clsPalmPDB& Base;
+    clsSalida& Salida;
+};
+
+QString Argumento(const Contexto& xContexto, int xIndice) {
+    if (xIndice >= xContexto.Argumentos.size()) throw ErrorUso();
+    return xContexto.Argumentos[xIndice];
+}
+
+qint32 Numero(const QString& xTexto) {
+    bool correcto = false;
+    const qint32 valor = xTexto.toInt(&correcto);
+    if (!correcto) throw ErrorUso();
+    return valor;
+}
+
+// The value of "--name VALUE" among the arguments from xDesde on, or xDefecto.
+QString Opcion(const Contexto& xContexto, int xDesde, const QString& xNombre,
+               const QString& xDefecto) {
+    const QStringList& argumentos = xContexto.Argumentos;
+    if (argumentos.size() == xDesde) return xDefecto;
+    if (argumentos.size() != xDesde + 2 || argumentos[xDesde] != xNombre) throw ErrorUso();
+    return argumentos[xDesde + 1];
+}
+
+QString Separador(const Contexto& xContexto, int xDesde) {
+    const QString separador =
+        Opcion(xContexto, xDesde, QStringLiteral("--separator"), QStringLiteral("\t"));
+    return separador == QLatin1String("\\t") ? QStringLiteral("\t") : separador;
+}
+
+void SinMasArgumentos(const Contexto& xContexto, int xCantidad) {
+    if (xContexto.Argumentos.size() != xCantidad) throw ErrorUso();
+}
+
+QString TextoBooleano(bool xValor) {
+    return xValor ? QStringLiteral("True") : QStringLiteral("False");
+}
+
+// Opens the database named by the first argument.
+void Abrir(const Contexto& xContexto) {
+    const QString nombre = Argumento(xContexto, 0);
+    if (!xContexto.Base.OpenFile(nombre))
+        throw ErrorVB(ErroresFuente::BaseEnUso, QStringLiteral("OpenFile"),
+                      QStringLiteral("The database \"%1\" cannot be opened.").arg(nombre));
+}
+
+// The entries of a catalogue list, each followed by a tab.
+QStringList Entradas(const QString& xLista) {
+    QStringList entradas = xLista.split(QLatin1Char('\t'));
+    entradas.removeLast();
+    return entradas;
+}
+
+void Creadores(const Contexto& xContexto) {
+    static const std::map<QString, qint32> clases = {
+        {QStringLiteral("appforge"), 0}, {QStringLiteral("other"), 1}, {QStringLiteral("all"), 2}};
+    const auto clase =
+        clases.find(Opcion(xContexto, 0, QStringLiteral("--kind"), QStringLiteral("appforge")));
+    if (clase == clases.end()) throw ErrorUso();
+    for (const QString& creador :
+         Entradas(xContexto.Base.RetrieveCreatorsID(clase->second, QStringLiteral("\t"))))
+        xContexto.Salida.Linea(creador);
+}
+
+void Bases(const Contexto& xContexto) {
+    const QString creador = Argumento(xContexto, 0);
+    SinMasArgumentos(xContexto, 1);
+    for (const QString& entrada :
+         Entradas(xContexto.Base.RetrieveDataBases(creador, QStringLiteral("\t")))) {
+        const int estrella = entrada.indexOf(QLatin1Char('*'));
+        xContexto.Salida.Linea(entrada.left(estrella) + QLatin1Char('\t') +
+                               entrada.mid(estrella + 1));
+    }
+}
+
+void Encabezado(const Contexto& xContexto) {
+    SinMasArgumentos(xContexto, 1);
+    Abrir(xContexto);
+    const auto textos =
+        modTextosPanel::TextosInformacionBase(xContexto.Base, clsConfiguracionRegional::Actual());
+    for (const auto& [titulo, texto] : textos)
+        xContexto.Salida.Linea(titulo + QLatin1Char(' ') + texto);
+    xContexto.Salida.Linea(QStringLiteral("Records: ") +
+                           QString::number(xContexto.Base.NumRecords()));
+}
+
+void Esquema(const Contexto& xContexto) {
+    SinMasArgumentos(xContexto, 1);
+    Abrir(xContexto);
+    const qint16 campos = xContexto.Base.NumFields();
+    for (qint32 campo = 0; campo < campos; ++campo)
+        xContexto.Salida.Linea(xContexto.Base.FieldName(campo) + QLatin1Char('\t') +
+                               xContexto.Base.FieldType(campo));
+}
+
+void Registros(const Contexto& xContexto) {
+    const QString separador = Separador(xContexto, 1);
+    Abrir(xContexto);
+    // A resource database has no records to read.
+    if (!xContexto.Base.IsDataBase()) return;
+    bool alPrincipio = true;
+    QString registro;
+    for (;;) {
+        const qint32 id = xContexto.Base.ReadRecord(alPrincipio, registro, separador);
+        if (id == -1) return;
+        alPrincipio = false;
+        xContexto.Salida.Linea(QString::number(id) + QLatin1Char('\t') + registro);
+    }
+}
+
+void Leer(const Contexto& xContexto) {
+    const qint32 id = Numero(Argumento(xContexto, 1));
+    const QString separador = Separador(xContexto, 2);
+    Abrir(xContexto);
+    QString registro;
+    if (!xContexto.Base.ReadRecordByID(id, registro, separador))
+        throw ErrorVB(ErroresFuente::RegistroNoEncontrado, QStringLiteral("ReadRecordByID"),
+                      QStringLiteral("No record has the unique ID %1.").arg(id));
+    xContexto.Salida.Linea(registro);
+}
+
+void Actualizar(const Contexto& xContexto) {
+    SinMasArgumentos(xContexto, 4);
+    const qint32 id = Numero(Argumento(xContexto, 1));
+    const qint32 campo = Numero(Argumento(xContexto, 2));
+    Abrir(xContexto);
+    QString registro;
+    // The read fills the field-type cache that the update works with.
+    xContexto.Base.ReadRecordByID(id, registro, QStringLiteral("\t"));
+    xContexto.Salida.Linea(
+        QString::number(xContexto.Base.UpdateRecord(id, campo, Argumento(xContexto, 3))));
+}
+
+void Agregar(const Contexto& xContexto) {
+    SinMasArgumentos(xContexto, 1);
+    Abrir(xContexto);
+    xContexto.Salida.Linea(QString::number(xContexto.Base.NewRecord()));
+}
+
+void Borrar(const Contexto& xContexto) {
+    SinMasArgumentos(xContexto, 2);
+    const qint32 id = Numero(Argumento(xContexto, 1));
+    Abrir(xContexto);
+    xContexto.Salida.Linea(TextoBooleano(xContexto.Base.DeleteRecord(id)));
+}
+
+void BorrarTodos(const Contexto& xContexto) {
+    SinMasArgumentos(xContexto, 1);
+    Abrir(xContexto);
+    xContexto.Base.DeleteAllRecords();
+}
+
+void Atributos(const Contexto& xContexto) {
+    if (xContexto.Argumentos.size() > 3) throw ErrorUso();
+    const qint32 id = Numero(Argumento(xContexto, 1));
+    const bool escribir = xContexto.Argumentos.size() == 3;
+    const qint32 valor = escribir ? Numero(Argumento(xContexto, 2)) : 0;
+    Abrir(xContexto);
+    if (escribir)
+        xContexto.Salida.Linea(TextoBooleano(xContexto.Base.WriteRecordAttributes(id, valor)));
+    else
+        xContexto.Salida.Linea(QString::number(xContexto.Base.RecordAttributes(id)));
+}
+
+void Categorias(const Contexto& xContexto) {
+    SinMasArgumentos(xContexto, 1);
+    Abrir(xContexto);
+    const qint32 cantidad = xContexto.Base.CategoriesCount();
+    for (qint32 indice = 0; indice < cantidad; ++indice)
+        xContexto.Salida.Linea(xContexto.Base.CategoryName(indice));
+}
+
+void Informacion(const Contexto& xContexto) {
+    SinMasArgumentos(xContexto, 0);
+    const clsPalmInformation informacion;
+    const clsConfiguracionRegional& regional = clsConfiguracionRegional::Actual();
+    const auto textos =
+        modTextosInformacion::TextosTarjeta(informacion.MemoryCard(), regional) +
+        modTextosInformacion::TextosUsuario(informacion.UserInformation(), regional);
+    for (const auto& [titulo, texto] : textos)
+        xContexto.Salida.Linea(titulo + QLatin1Char(' ') + texto);
+}
+
+using Comando = std::function<void(const Contexto&)>;
+
+const std::map<QString, Comando>& Comandos() {
+    static const std::map<QString, Comando> comandos = {
+        {QStringLiteral("creators"), Creadores},   {QStringLiteral("databases"), Bases},
+        {QStringLiteral("header"), Encabezado},    {QStringLiteral("schema"), Esquema},
+        {QStringLiteral("records"), Registros},    {QStringLiteral("get"), Leer},
+        {QStringLiteral("update"), Actualizar},    {QStringLiteral("add"), Agregar},
+        {QStringLiteral("delete"), Borrar},        {QStringLiteral("delete-all"), BorrarTodos},
+        {QStringLiteral("attributes"), Atributos}, {QStringLiteral("categories"), Categorias},
+        {QStringLiteral("info"), Informacion}};
+    return comandos;
+}
+
+struct LineaComandos {
+    QString Handheld;
+    QString Locale = QStringLiteral("en_US");
+    QString Comando;
+    QStringList Argumentos;
+};
+
+LineaComandos Analizar(QStringList xArgumentos) {
+    LineaComandos linea;
+    while (!xArgumentos.isEmpty() && xArgumentos.first().startsWith(QLatin1String("--"))) {
+        const QString opcion = xArgumentos.takeFirst();
+        if (xArgumentos.isEmpty()) throw ErrorUso();
+        if (opcion == QLatin1String("--handheld"))
+            linea.Handheld = xArgumentos.takeFirst();
+        else if (opcion == QLatin1String("--locale"))
+            linea.Locale = xArgumentos.takeFirst();
+        else
+            throw ErrorUso();
+    }
+    if (xArgumentos.isEmpty() || Comandos().count(xArgumentos.first()) == 0) throw ErrorUso();
+    linea.Comando = xArgumentos.takeFirst();
+    linea.Argumentos = xArgumentos;
+    return linea;
+}
+
+void Avisar(const clsFuenteCarpeta& xFuente) {
+    for (const QString& aviso : xFuente.Avisos())
+        std::fprintf(stderr, "Warning: %s\n", qUtf8Printable(aviso));
+}
+
+int Ejecutar(const LineaComandos& xLinea) {
+    clsConfiguracionRegional::EstablecerActual(QLocale(xLinea.Locale));
+    const QString carpeta =
+        xLinea.Handheld.isEmpty() ? modMuestra::CarpetaDeTrabajo() : xLinea.Handheld;
+    const auto fuente = std::make_shared<clsFuenteCarpeta>(carpeta);
+    modHandheld::EstablecerFuente(fuente);
+    clsPalmPDB base(fuente);
+    clsSalida salida;
+    Comandos().at(xLinea.Comando)({xLinea.Argumentos, base, salida});
+    Avisar(*fuente);
+    std::fwrite(salida.Bytes().constData(), 1, size_t(salida.Bytes().size()), stdout);
+    return 0;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QCoreApplication aplicacion(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("Pandrel"));
+    CargarMensajes();
+    try {
+        QStringList argumentos = QCoreApplication::arguments();
+        argumentos.removeFirst();
+        return Ejecutar(Analizar(argumentos));
+    } catch (const ErrorUso&) {
+        std::fputs(kUso, stderr);
+        return 2;
+    } catch (const ErrorVB& error) {
+        std::fprintf(stderr, "Error %d: %s [%s]\n", error.Numero(),
+                     qUtf8Printable(error.Descripcion()), qUtf8Printable(error.Fuente()));
+        return 1;
+    }
+}

@@ -1,0 +1,143 @@
+#include <QProcess>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+namespace {
+
+struct Resultado {
+    int Estado;
+    QString Salida;
+    QString Errores;
+};
+
+class PandrelCli : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(mCarpeta.isValid());
+        ASSERT_EQ(QProcess::execute(PANDREL_MUESTRA, {Handheld()}), 0);
+    }
+
+    QString Handheld() const { return mCarpeta.path() + "/handheld"; }
+
+    Resultado Ejecutar(const QStringList& xArgumentos) const {
+        QProcess proceso;
+        proceso.start(PANDREL_CLI, QStringList{"--handheld", Handheld()} + xArgumentos);
+        proceso.waitForFinished(30000);
+        return {proceso.exitCode(), QString::fromUtf8(proceso.readAllStandardOutput()),
+                QString::fromUtf8(proceso.readAllStandardError())};
+    }
+
+    QTemporaryDir mCarpeta;
+};
+
+TEST_F(PandrelCli, CataloguePrintsOneItemPerLine) {
+    const struct {
+        QStringList Argumentos;
+        QString Salida;
+    } casos[] = {
+        {{"creators"}, "InvT\nPrLs\nVsLg\n"},
+        {{"creators", "--kind", "appforge"}, "InvT\nPrLs\nVsLg\n"},
+        {{"creators", "--kind", "other"}, "FNot\nexps\npsys\n"},
+        {{"creators", "--kind", "all"}, "FNot\nInvT\nPrLs\nVsLg\nexps\npsys\n"},
+        {{"databases", "VsLg"}, "VisitLog\t4\nVisitLogDB\t1\nVisitLogPrefs\t1\n"},
+        {{"databases", "psys"}, "Saved Preferences\t12\n"},
+        {{"databases", "none"}, ""},
+        {{"schema", "VisitLogDB"},
+         "Customer\tString\nVisited\tDate\nMinutes\tInt\nNotes\tString\nFollowUp\tBoolean\n"
+         "Rating\tByte\n"},
+        {{"categories", "VisitLogDB"}, "Unfiled\nNorth\nSouth\nKey accounts\n"},
+    };
+    for (const auto& caso : casos) {
+        const Resultado resultado = Ejecutar(caso.Argumentos);
+        EXPECT_EQ(resultado.Estado, 0) << caso.Argumentos.join(' ').toStdString();
+        EXPECT_EQ(resultado.Salida, caso.Salida) << caso.Argumentos.join(' ').toStdString();
+    }
+}
+
+TEST_F(PandrelCli, HeaderShowsThePanelTexts) {
+    const QStringList lineas = Ejecutar({"header", "VisitLogDB"}).Salida.split('\n');
+    ASSERT_EQ(lineas.size(), 8);
+    EXPECT_EQ(lineas[0], "Type: DATA");
+    EXPECT_EQ(lineas[1], "Version: 2.00");
+    EXPECT_EQ(lineas[2], "Creation Date: 06/07/2004 09:00:00");
+    EXPECT_EQ(lineas[3], "Modification Date: 03/11/2005 18:30:00");
+    EXPECT_TRUE(lineas[5].startsWith("Size: ")) << lineas[5].toStdString();
+    EXPECT_TRUE(lineas[5].endsWith(" KB"));
+    EXPECT_EQ(lineas[6], "Records: 42");
+}
+
+TEST_F(PandrelCli, RecordsReadEveryRecordWithItsID) {
+    const Resultado tab = Ejecutar({"records", "PriceListDB"});
+    ASSERT_EQ(tab.Estado, 0);
+    const QStringList lineas = tab.Salida.split('\n', Qt::SkipEmptyParts);
+    ASSERT_EQ(lineas.size(), 60);
+    EXPECT_EQ(lineas[0].section('\t', 1, 1), "Item A1");
+
+    const Resultado coma = Ejecutar({"records", "PriceListDB", "--separator", ","});
+    EXPECT_TRUE(
+        coma.Salida.section(QChar(10), 0, 0).endsWith("\t\"Item A1\",1.25,0,12,False,1/1/2005,1"));
+
+    // A resource database has no records.
+    EXPECT_EQ(Ejecutar({"records", "InvTrack"}).Salida, "");
+}
+
+TEST_F(PandrelCli, ChangesReachTheFile) {
+    const QString id = Ejecutar({"records", "VisitLogDB"}).Salida.section('\t', 0, 0);
+    const Resultado cambio = Ejecutar({"update", "VisitLogDB", id, "0", "Zinnia Florists"});
+    ASSERT_EQ(cambio.Estado, 0) << cambio.Errores.toStdString();
+    EXPECT_EQ(cambio.Salida, id + "\n");
+    EXPECT_TRUE(Ejecutar({"get", "VisitLogDB", id}).Salida.startsWith("Zinnia Florists\t"));
+
+    const QString nuevo = Ejecutar({"add", "VisitLogDB"}).Salida.trimmed();
+    EXPECT_GT(nuevo.toLongLong(), id.toLongLong());
+    EXPECT_EQ(Ejecutar({"header", "VisitLogDB"}).Salida.section('\n', 6, 6), "Records: 43");
+    EXPECT_EQ(Ejecutar({"delete", "VisitLogDB", nuevo}).Salida, "True\n");
+    EXPECT_EQ(Ejecutar({"delete", "VisitLogDB", nuevo}).Salida, "False\n");
+
+    EXPECT_EQ(Ejecutar({"attributes", "VisitLogDB", id, "16"}).Salida, "True\n");
+    EXPECT_EQ(Ejecutar({"attributes", "VisitLogDB", id}).Salida, "16\n");
+
+    EXPECT_EQ(Ejecutar({"delete-all", "VisitLogDB"}).Estado, 0);
+    EXPECT_EQ(Ejecutar({"records", "VisitLogDB"}).Salida, "");
+}
+
+TEST_F(PandrelCli, ErrorsPrintOneLineAndNothingOnStdout) {
+    const QString id = Ejecutar({"records", "VisitLogDB"}).Salida.section('\t', 0, 0);
+    const struct {
+        QStringList Argumentos;
+        int Estado;
+        QString Error;
+    } casos[] = {
+        {{"update", "VisitLogDB", id, "2", "70000"}, 1, "Error 6: Overflow ["},
+        {{"update", "VisitLogDB", id, "1", "not a date"}, 1, "Error 13: Type mismatch ["},
+        {{"schema", "Field Notes"},
+         1,
+         "Error -2147220500: The Database selected have not Schema. [NumFields]"},
+        {{"get", "VisitLogDB", "99"}, 1, "Error "},
+        {{"header", "NoSuchDB"}, 1, "Error "},
+        {{"frobnicate"}, 2, "usage: pandrel-cli"},
+        {{"get", "VisitLogDB"}, 2, "usage: pandrel-cli"},
+        {{"get", "VisitLogDB", "x"}, 2, "usage: pandrel-cli"},
+        {{"creators", "--kind", "some"}, 2, "usage: pandrel-cli"},
+    };
+    for (const auto& caso : casos) {
+        const Resultado resultado = Ejecutar(caso.Argumentos);
+        const std::string comando = caso.Argumentos.join(' ').toStdString();
+        EXPECT_EQ(resultado.Estado, caso.Estado) << comando;
+        EXPECT_EQ(resultado.Salida, "") << comando;
+        EXPECT_TRUE(resultado.Errores.startsWith(caso.Error))
+            << comando << ": " << resultado.Errores.toStdString();
+    }
+    // The failed updates wrote nothing.
+    EXPECT_EQ(Ejecutar({"get", "VisitLogDB", id}).Salida.section('\t', 2, 2), "20");
+}
+
+TEST_F(PandrelCli, InfoShowsTheHandheld) {
+    const QStringList lineas = Ejecutar({"info"}).Salida.split('\n', Qt::SkipEmptyParts);
+    ASSERT_EQ(lineas.size(), 15);
+    EXPECT_EQ(lineas[0], "Card Name: PalmCard");
+    EXPECT_EQ(lineas[1], "Manufacturer: Palm Computing");
+    EXPECT_EQ(lineas[10], "User Name: Field Sales");
+}
+
+} // namespace
