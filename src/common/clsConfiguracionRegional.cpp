@@ -363,6 +363,19 @@ bool LeerHexOctal(QStringView xTexto, double& xValor) {
     return true;
 }
 
+// The decimal exponent of the first significant digit of a plain number text ("-12.5e3" is 4).
+long long ExponenteDecimal(const QByteArray& xNormal) {
+    const qsizetype e = xNormal.indexOf('e');
+    const QByteArray mantisa = e < 0 ? xNormal : xNormal.left(e);
+    const long long explicito = e < 0 ? 0 : xNormal.mid(e + 1).toLongLong();
+    const qsizetype punto = mantisa.contains('.') ? mantisa.indexOf('.') : mantisa.size();
+    for (qsizetype k = 0; k < mantisa.size(); ++k) {
+        if (mantisa.at(k) >= '1' && mantisa.at(k) <= '9')
+            return explicito + (k < punto ? punto - k - 1 : punto - k);
+    }
+    return std::numeric_limits<long long>::min();
+}
+
 // ---- Reading dates -----------------------------------------------------------------------------
 
 struct Componente {
@@ -795,7 +808,7 @@ double clsConfiguracionRegional::LeerNumero(const QString& xTexto, const char* x
                                            valor, std::chars_format::general);
     if (resultado.ec == std::errc::result_out_of_range) {
         // Too small to hold is zero; too large is an overflow.
-        if (std::fabs(valor) < 1) return 0;
+        if (ExponenteDecimal(normal) < 0) return 0;
         throw ErrorVB::Overflow(fuente);
     }
     if (resultado.ec != std::errc() || !std::isfinite(valor)) throw ErrorVB::Overflow(fuente);

@@ -1,0 +1,338 @@
+#include "common/ErrorVB.h"
+#include "common/clsConfiguracionRegional.h"
+#include "common/modFecha.h"
+
+#include <QVariant>
+#include <functional>
+#include <gtest/gtest.h>
+
+namespace {
+
+const QLocale EnUS(QLocale::English, QLocale::UnitedStates);
+const QLocale DeDE(QLocale::German, QLocale::Germany);
+const QLocale EnGB(QLocale::English, QLocale::UnitedKingdom);
+
+constexpr qint32 Desborde = ErrorVB::Desbordamiento;
+constexpr qint32 NoCoincide = ErrorVB::TiposNoCoinciden;
+
+TEST(TextoSingle, FormaGeneralConSieteCifras) {
+    const struct {
+        float valor;
+        const char* texto;
+    } casos[] = {
+        {1.5f, "1.5"},
+        {0.1f, "0.1"},
+        {-2.5f, "-2.5"},
+        {0.0f, "0"},
+        {-0.0f, "0"},
+        {100.0f, "100"},
+        {1234567.0f, "1234567"},
+        {12345678.0f, "1.234568E+07"},
+        {10000000.0f, "1E+07"},
+        {0.0001f, "0.0001"},
+        {0.00001f, "1E-05"},
+        {0.000012345f, "1.2345E-05"},
+        {1.0f / 3.0f, "0.3333333"},
+        {2.0f / 3.0f, "0.6666667"},
+        {3.4028235e38f, "3.402823E+38"},
+        {1.4e-45f, "1.401298E-45"},
+        {9999999.0f, "9999999"},
+        {99999992.0f, "9.999999E+07"},
+        {99999999.0f, "1E+08"},
+    };
+    const clsConfiguracionRegional regional(EnUS);
+    for (const auto& caso : casos)
+        EXPECT_EQ(regional.TextoSingle(caso.valor), caso.texto) << caso.texto;
+    EXPECT_EQ(clsConfiguracionRegional(DeDE).TextoSingle(12345678.0f), "1,234568E+07");
+}
+
+TEST(TextoNumero, FormaGeneralSinAgrupar) {
+    const struct {
+        double valor;
+        const char* texto;
+    } casos[] = {
+        {2048, "2048"},
+        {1.5, "1.5"},
+        {0.1 + 0.2, "0.3"},
+        {-0.5, "-0.5"},
+        {1234567.25, "1234567.25"},
+        {123456789012345.0, "123456789012345"},
+        {1e15, "1E+15"},
+        {1e-5, "1E-05"},
+        {1e100, "1E+100"},
+    };
+    const clsConfiguracionRegional regional(EnUS);
+    for (const auto& caso : casos)
+        EXPECT_EQ(regional.TextoNumero(caso.valor), caso.texto) << caso.texto;
+    EXPECT_EQ(clsConfiguracionRegional(DeDE).TextoNumero(1234.5), "1234,5");
+}
+
+TEST(TextoFecha, GeneralYCorta) {
+    const struct {
+        QLocale locale;
+        QDateTime fecha;
+        const char* general;
+        const char* corta;
+    } casos[] = {
+        {EnUS, modFecha::Crear(2004, 1, 5, 15, 4, 5), "1/5/2004 3:04:05 PM", "1/5/2004"},
+        {EnUS, modFecha::Crear(2004, 12, 25, 0, 0, 1), "12/25/2004 12:00:01 AM", "12/25/2004"},
+        {EnUS, modFecha::Crear(2004, 1, 5), "1/5/2004", "1/5/2004"},
+        {EnUS, modFecha::Crear(1899, 12, 30, 15, 4, 5), "3:04:05 PM", "12/30/1899"},
+        {EnUS, modFecha::Crear(1899, 12, 30), "12:00:00 AM", "12/30/1899"},
+        {EnUS, modFecha::Crear(1904, 1, 1, 12, 0, 0), "1/1/1904 12:00:00 PM", "1/1/1904"},
+        {DeDE, modFecha::Crear(2004, 1, 5, 15, 4, 5), "05.01.2004 15:04:05", "05.01.2004"},
+        {EnGB, modFecha::Crear(2004, 1, 5, 9, 4, 5), "05/01/2004 09:04:05", "05/01/2004"},
+    };
+    for (const auto& caso : casos) {
+        const clsConfiguracionRegional regional(caso.locale);
+        EXPECT_EQ(regional.TextoFechaGeneral(caso.fecha), caso.general) << caso.general;
+        EXPECT_EQ(regional.TextoFechaCorta(caso.fecha), caso.corta) << caso.corta;
+    }
+    EXPECT_EQ(clsConfiguracionRegional(EnUS).TextoFechaGeneral(QDateTime()), "");
+}
+
+TEST(Formato, Numeros) {
+    const struct {
+        QLocale locale;
+        double valor;
+        const char* formato;
+        const char* texto;
+    } casos[] = {
+        {EnUS, 2.5, "#0.##", "2.5"},
+        {EnUS, 12, "#0.##", "12."},
+        {EnUS, 0, "#0.##", "0."},
+        {EnUS, 0.004, "#0.##", "0."},
+        {EnUS, 0.125, "#0.##", "0.13"},
+        {EnUS, 1023.999, "#0.##", "1024."},
+        {EnUS, 1.05, "0.00", "1.05"},
+        {EnUS, 1, "0.00", "1.00"},
+        {EnUS, 1.005, "0.00", "1.01"},
+        {EnUS, 2.675, "0.00", "2.68"},
+        {EnUS, 9.999, "0.00", "10.00"},
+        {EnUS, 1234.5, "0.00", "1234.50"},
+        {EnUS, -1.5, "0.00", "-1.50"},
+        {EnUS, -0.001, "0.00", "0.00"},
+        {EnUS, 0.5, "#.##", ".5"},
+        {EnUS, 1234567.891, "#,##0.00", "1,234,567.89"},
+        {DeDE, 2.5, "#0.##", "2,5"},
+        {DeDE, 12, "#0.##", "12,"},
+        {DeDE, 1234567.891, "#,##0.00", "1.234.567,89"},
+    };
+    for (const auto& caso : casos) {
+        const clsConfiguracionRegional regional(caso.locale);
+        EXPECT_EQ(regional.Formato(caso.valor, caso.formato), caso.texto)
+            << caso.valor << " " << caso.formato;
+    }
+}
+
+TEST(FormatoFecha, LetrasDelEscritorio) {
+    const QDateTime tarde = modFecha::Crear(2004, 1, 5, 15, 4, 5);
+    const QDateTime manana = modFecha::Crear(2004, 11, 25, 9, 30, 0);
+    const struct {
+        QLocale locale;
+        QDateTime fecha;
+        const char* formato;
+        const char* texto;
+    } casos[] = {
+        {EnUS, tarde, "mm/dd/yyyy hh:mm:ss", "01/05/2004 15:04:05"},
+        {EnUS, manana, "mm/dd/yyyy hh:mm:ss", "11/25/2004 09:30:00"},
+        {EnUS, tarde, "hh:mm:ss", "15:04:05"},
+        {EnUS, tarde, "m/d/yy", "1/5/04"},
+        {EnUS, tarde, "h:nn AM/PM", "3:04 PM"},
+        {EnUS, manana, "h:mm am/pm", "9:30 am"},
+        {EnUS, tarde, "hh:mm A/P", "03:04 P"},
+        {EnUS, tarde, "d-mmm-yyyy", "5-Jan-2004"},
+        {EnUS, tarde, "dddd, mmmm d", "Monday, January 5"},
+        {EnUS, tarde, "yyyy\\-mm \"at\" h", "2004-01 at 15"},
+        {EnUS, tarde, "mm:ss", "04:05"},
+        {EnUS, tarde, "ddddd", "1/5/2004"},
+        {DeDE, tarde, "mm/dd/yyyy hh:mm:ss", "01.05.2004 15:04:05"},
+    };
+    for (const auto& caso : casos) {
+        const clsConfiguracionRegional regional(caso.locale);
+        EXPECT_EQ(regional.FormatoFecha(caso.fecha, caso.formato), caso.texto) << caso.formato;
+    }
+    // One object alternating formats gives each its own text.
+    const clsConfiguracionRegional regional(EnUS);
+    for (int vuelta = 0; vuelta < 2; ++vuelta) {
+        EXPECT_EQ(regional.FormatoFecha(tarde, "hh:mm:ss"), "15:04:05");
+        EXPECT_EQ(regional.FormatoFecha(tarde, "mm/dd/yyyy"), "01/05/2004");
+    }
+}
+
+// The result of a conversion: its value, or the number of the error it raised.
+template <typename Tipo> QVariant Convertir(const std::function<Tipo()>& xConversion) {
+    try {
+        return QVariant::fromValue(xConversion());
+    } catch (const ErrorVB& error) {
+        return QStringLiteral("error %1").arg(error.Numero());
+    }
+}
+
+QVariant Error(qint32 xNumero) {
+    return QStringLiteral("error %1").arg(xNumero);
+}
+
+TEST(Conversiones, EnterosRedondeanAlPar) {
+    const clsConfiguracionRegional regional(EnUS);
+    const struct {
+        const char* texto;
+        QVariant cbyte, cint, clng;
+    } casos[] = {
+        {"12", 12, 12, 12},
+        {" 12 ", 12, 12, 12},
+        {"\t7", 7, 7, 7},
+        {"1.5", 2, 2, 2},
+        {"2.5", 2, 2, 2},
+        {"3.5", 4, 4, 4},
+        {"-2.5", Error(Desborde), -2, -2},
+        {"-0.5", 0, 0, 0},
+        {"255.5", Error(Desborde), 256, 256},
+        {"254.5", 254, 254, 254},
+        {"1,234", Error(Desborde), 1234, 1234},
+        {"32767", Error(Desborde), 32767, 32767},
+        {"32768", Error(Desborde), Error(Desborde), 32768},
+        {"-32768", Error(Desborde), -32768, -32768},
+        {"-32769", Error(Desborde), Error(Desborde), -32769},
+        {"2147483647", Error(Desborde), Error(Desborde), 2147483647},
+        {"2147483648", Error(Desborde), Error(Desborde), Error(Desborde)},
+        {"-2147483648", Error(Desborde), Error(Desborde), -2147483647 - 1},
+        {"1e3", Error(Desborde), 1000, 1000},
+        {"1.5E+2", 150, 150, 150},
+        {"&HFF", 255, 255, 255},
+        {"&HFFFF", Error(Desborde), -1, -1},
+        {"&H10000", Error(Desborde), Error(Desborde), 65536},
+        {"&O17", 15, 15, 15},
+        {"(5)", Error(Desborde), -5, -5},
+        {"+7", 7, 7, 7},
+        {".5", 0, 0, 0},
+        {"", Error(NoCoincide), Error(NoCoincide), Error(NoCoincide)},
+        {"   ", Error(NoCoincide), Error(NoCoincide), Error(NoCoincide)},
+        {"abc", Error(NoCoincide), Error(NoCoincide), Error(NoCoincide)},
+        {"12abc", Error(NoCoincide), Error(NoCoincide), Error(NoCoincide)},
+        {"1.2.3", Error(NoCoincide), Error(NoCoincide), Error(NoCoincide)},
+        {"1e", Error(NoCoincide), Error(NoCoincide), Error(NoCoincide)},
+        {",5", Error(NoCoincide), Error(NoCoincide), Error(NoCoincide)},
+        {"True", Error(NoCoincide), Error(NoCoincide), Error(NoCoincide)},
+    };
+    for (const auto& caso : casos) {
+        const QString texto = caso.texto;
+        EXPECT_EQ(Convertir<int>([&] { return int(regional.CByte(texto)); }), caso.cbyte)
+            << "CByte " << caso.texto;
+        EXPECT_EQ(Convertir<int>([&] { return int(regional.CInt(texto)); }), caso.cint)
+            << "CInt " << caso.texto;
+        EXPECT_EQ(Convertir<int>([&] { return int(regional.CLng(texto)); }), caso.clng)
+            << "CLng " << caso.texto;
+    }
+}
+
+TEST(Conversiones, RealesYLogicos) {
+    const clsConfiguracionRegional regional(EnUS);
+    const struct {
+        const char* texto;
+        QVariant csng, cdbl, cbool;
+    } casos[] = {
+        {"1.5", 1.5f, 1.5, true},
+        {"-0", 0.0f, 0.0, false},
+        {"0", 0.0f, 0.0, false},
+        {"-1", -1.0f, -1.0, true},
+        {"0.1", 0.1f, 0.1, true},
+        {"1,234.5", 1234.5f, 1234.5, true},
+        {"3.4e38", 3.4e38f, 3.4e38, true},
+        {"1e39", Error(Desborde), 1e39, true},
+        {"1e-50", 0.0f, 1e-50, true},
+        {"1e309", Error(Desborde), Error(Desborde), Error(Desborde)},
+        {"1e-400", 0.0f, 0.0, false},
+        {"True", Error(NoCoincide), Error(NoCoincide), true},
+        {" tRUE ", Error(NoCoincide), Error(NoCoincide), true},
+        {"FALSE", Error(NoCoincide), Error(NoCoincide), false},
+        {"yes", Error(NoCoincide), Error(NoCoincide), Error(NoCoincide)},
+        {"", Error(NoCoincide), Error(NoCoincide), Error(NoCoincide)},
+    };
+    for (const auto& caso : casos) {
+        const QString texto = caso.texto;
+        EXPECT_EQ(Convertir<float>([&] { return regional.CSng(texto); }), caso.csng)
+            << "CSng " << caso.texto;
+        EXPECT_EQ(Convertir<double>([&] { return regional.CDbl(texto); }), caso.cdbl)
+            << "CDbl " << caso.texto;
+        EXPECT_EQ(Convertir<bool>([&] { return regional.CBool(texto); }), caso.cbool)
+            << "CBool " << caso.texto;
+    }
+}
+
+TEST(Conversiones, SeparadoresDelLocale) {
+    const clsConfiguracionRegional aleman(DeDE);
+    EXPECT_EQ(aleman.CDbl("1.234,5"), 1234.5);
+    EXPECT_EQ(aleman.CInt("2,5"), 2);
+    EXPECT_EQ(aleman.CSng(" -0,25 "), -0.25f);
+    EXPECT_THROW(aleman.CDbl("1,2,3"), ErrorVB);
+    try {
+        clsConfiguracionRegional(EnUS).CInt("x");
+        ADD_FAILURE();
+    } catch (const ErrorVB& error) {
+        EXPECT_EQ(error.Numero(), 13);
+        EXPECT_EQ(error.Descripcion(), "Type mismatch");
+        EXPECT_EQ(error.Fuente(), "CInt");
+    }
+}
+
+TEST(Conversiones, Fechas) {
+    const int anio = modFecha::Ahora().date().year();
+    const struct {
+        QLocale locale;
+        const char* texto;
+        QDateTime fecha; // invalid: type mismatch
+    } casos[] = {
+        {EnUS, "1/5/2004", modFecha::Crear(2004, 1, 5)},
+        {EnUS, " 1/5/2004 3:04:05 PM ", modFecha::Crear(2004, 1, 5, 15, 4, 5)},
+        {EnUS, "01/05/2004 15:04:05", modFecha::Crear(2004, 1, 5, 15, 4, 5)},
+        {EnUS, "12/31/2010 11:59:58 PM", modFecha::Crear(2010, 12, 31, 23, 59, 58)},
+        {EnUS, "15:04:05", modFecha::Crear(1899, 12, 30, 15, 4, 5)},
+        {EnUS, "3:04 pm", modFecha::Crear(1899, 12, 30, 15, 4, 0)},
+        {EnUS, "12:00 AM", modFecha::Crear(1899, 12, 30, 0, 0, 0)},
+        {EnUS, "12:30 PM", modFecha::Crear(1899, 12, 30, 12, 30, 0)},
+        {EnUS, "3 PM", modFecha::Crear(1899, 12, 30, 15, 0, 0)},
+        {EnUS, "13/1/2004", modFecha::Crear(2004, 1, 13)},
+        {EnUS, "2004-01-05", modFecha::Crear(2004, 1, 5)},
+        {EnUS, "2004/1/5 8:00", modFecha::Crear(2004, 1, 5, 8, 0, 0)},
+        {EnUS, "January 5, 2004", modFecha::Crear(2004, 1, 5)},
+        {EnUS, "5 jan 2004", modFecha::Crear(2004, 1, 5)},
+        {EnUS, "Jan 2004", modFecha::Crear(2004, 1, 1)},
+        {EnUS, "1/5/04", modFecha::Crear(2004, 1, 5)},
+        {EnUS, "1/5/29", modFecha::Crear(2029, 1, 5)},
+        {EnUS, "1/5/30", modFecha::Crear(1930, 1, 5)},
+        {EnUS, "1/5", modFecha::Crear(anio, 1, 5)},
+        {EnUS, "2/29/2004", modFecha::Crear(2004, 2, 29)},
+        {EnUS, "2/30/2004", {}},
+        {EnUS, "", {}},
+        {EnUS, "abc", {}},
+        {EnUS, "12", {}},
+        {EnUS, "25:00", {}},
+        {EnUS, "10:61", {}},
+        {EnUS, "13:00 PM", {}},
+        {EnUS, "1/5/2004 junk", {}},
+        {EnUS, "1/2/3/4", {}},
+        {DeDE, "05.01.2004", modFecha::Crear(2004, 1, 5)},
+        {DeDE, "5.1.2004 15:04", modFecha::Crear(2004, 1, 5, 15, 4, 0)},
+        {DeDE, "5. Januar 2004", modFecha::Crear(2004, 1, 5)},
+        {EnGB, "05/01/2004", modFecha::Crear(2004, 1, 5)},
+    };
+    for (const auto& caso : casos) {
+        const clsConfiguracionRegional regional(caso.locale);
+        const QVariant esperado =
+            caso.fecha.isValid() ? QVariant(caso.fecha) : Error(ErrorVB::TiposNoCoinciden);
+        EXPECT_EQ(Convertir<QDateTime>([&] { return regional.CDate(caso.texto); }), esperado)
+            << caso.texto;
+    }
+}
+
+TEST(ConfiguracionActual, SeCambiaSinInvalidarLaReferencia) {
+    const clsConfiguracionRegional& actual = clsConfiguracionRegional::Actual();
+    clsConfiguracionRegional::EstablecerActual(DeDE);
+    EXPECT_EQ(actual.TextoSingle(1.5f), "1,5");
+    clsConfiguracionRegional::EstablecerActual(EnUS);
+    EXPECT_EQ(actual.TextoSingle(1.5f), "1.5");
+    EXPECT_EQ(&actual, &clsConfiguracionRegional::Actual());
+}
+
+} // namespace
