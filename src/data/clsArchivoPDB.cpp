@@ -46,43 +46,70 @@ void AgregarU32(QByteArray& xSalida, quint32 xValor) {
     xSalida.append(reinterpret_cast<const char*>(&big), sizeof big);
 }
 
-// One block start in file order, with its name for the error texts.
-struct Inicio {
-    QString Nombre;
+// What a block is, for the error texts, which are made only when a file is rejected.
+struct Bloque {
+    enum Clase : quint8 { AppInfo, SortInfo, Registro, Recurso };
+    Clase Que = AppInfo;
+    qint32 Indice = 0;
     quint32 Desde = 0;
+
+    QString Nombre() const {
+        switch (Que) {
+        case AppInfo:
+            return QStringLiteral("the AppInfo block");
+        case SortInfo:
+            return QStringLiteral("the SortInfo block");
+        case Registro:
+            return QStringLiteral("record %1").arg(Indice);
+        case Recurso:
+            break;
+        }
+        return QStringLiteral("resource %1").arg(Indice);
+    }
 };
 
-// Checks that every block starts after the entry list, inside the file and not before the block
-// that precedes it, then gives each block its length: up to the next start, the last to the end.
-QVector<TramoPDB> Tramos(const QVector<Inicio>& xInicios, qint64 xFinIndice, qint64 xTamano) {
-    QVector<TramoPDB> tramos;
-    tramos.reserve(xInicios.size());
-    const Inicio* anterior = nullptr;
-    for (const Inicio& inicio : xInicios) {
-        if (inicio.Desde < xFinIndice)
+// Checks block starts in file order: each after the entry list, inside the file and not before
+// the block that precedes it.
+class ComprobadorBloques {
+public:
+    ComprobadorBloques(qint64 xFinIndice, qint64 xTamano)
+        : mFinIndice(xFinIndice), mTamano(xTamano) {}
+
+    void Comprobar(const Bloque& xBloque) {
+        if (xBloque.Desde < mFinIndice)
             Rechazar(QStringLiteral("%1 starts at offset %2, inside the header or the entry list "
                                     "(which end at %3)")
-                         .arg(inicio.Nombre)
-                         .arg(inicio.Desde)
-                         .arg(xFinIndice));
-        if (inicio.Desde > xTamano)
+                         .arg(xBloque.Nombre())
+                         .arg(xBloque.Desde)
+                         .arg(mFinIndice));
+        if (xBloque.Desde > mTamano)
             Rechazar(QStringLiteral("%1 starts at offset %2, past the end of the file (%3 bytes)")
-                         .arg(inicio.Nombre)
-                         .arg(inicio.Desde)
-                         .arg(xTamano));
-        if (anterior && inicio.Desde < anterior->Desde)
+                         .arg(xBloque.Nombre())
+                         .arg(xBloque.Desde)
+                         .arg(mTamano));
+        if (mHayAnterior && xBloque.Desde < mAnterior.Desde)
             Rechazar(QStringLiteral("%1 starts at offset %2, before %3 at offset %4")
-                         .arg(inicio.Nombre)
-                         .arg(inicio.Desde)
-                         .arg(anterior->Nombre)
-                         .arg(anterior->Desde));
-        if (!tramos.isEmpty()) tramos.last().Largo = inicio.Desde - tramos.last().Desde;
-        tramos.append({inicio.Desde, 0});
-        anterior = &inicio;
+                         .arg(xBloque.Nombre())
+                         .arg(xBloque.Desde)
+                         .arg(mAnterior.Nombre())
+                         .arg(mAnterior.Desde));
+        mAnterior = xBloque;
+        mHayAnterior = true;
     }
-    if (!tramos.isEmpty())
-        tramos.last().Largo = static_cast<quint32>(xTamano - tramos.last().Desde);
-    return tramos;
+
+private:
+    qint64 mFinIndice;
+    qint64 mTamano;
+    Bloque mAnterior;
+    bool mHayAnterior = false;
+};
+
+// A block runs up to the start of the next one; the last one to the end of the file.
+template <typename Entrada> void PonerLargos(QVector<Entrada>& xEntradas, qint64 xTamano) {
+    for (qsizetype i = 0; i < xEntradas.size(); ++i) {
+        const qint64 fin = i + 1 < xEntradas.size() ? xEntradas[i + 1].Datos.Desde : xTamano;
+        xEntradas[i].Datos.Largo = static_cast<quint32>(fin - xEntradas[i].Datos.Desde);
+    }
 }
 
 void LeerCabecera(clsLectorBytes& xLector, CabeceraPDB& xCabecera, quint32& xAppInfo,
@@ -126,7 +153,8 @@ qint64 clsArchivoPDB::TamanoIndice(QByteArrayView xCabecera) {
     return TamanoCabecera + entradas * ancho;
 }
 
-DisposicionPDB clsArchivoPDB::Analizar(QByteArrayView xBytes, qint64 xTamanoArchivo) {
+DisposicionPDB clsArchivoPDB::Analizar(QByteArrayView xBytes, qint64 xTamanoArchivo,
+                                       bool xSinEntradas) {
     if (xTamanoArchivo < TamanoCabecera || xBytes.size() < TamanoCabecera)
         RechazarCorto(qMin<qint64>(xTamanoArchivo, xBytes.size()));
     DisposicionPDB disposicion;
@@ -135,6 +163,7 @@ DisposicionPDB clsArchivoPDB::Analizar(QByteArrayView xBytes, qint64 xTamanoArch
     quint32 sortInfo = 0;
     quint16 entradas = 0;
     LeerCabecera(lector, disposicion, appInfo, sortInfo, entradas);
+    disposicion.Entradas = entradas;
 
     const qint64 finIndice = TamanoIndice(xBytes);
     if (finIndice > xTamanoArchivo)
@@ -146,47 +175,42 @@ DisposicionPDB clsArchivoPDB::Analizar(QByteArrayView xBytes, qint64 xTamanoArch
     if (finIndice > xBytes.size())
         Rechazar(QStringLiteral("only %1 bytes of the entry list were read").arg(xBytes.size()));
 
-    QVector<Inicio> inicios;
-    inicios.reserve(entradas + 2);
-    if (appInfo != 0) inicios.append({QStringLiteral("the AppInfo block"), appInfo});
-    if (sortInfo != 0) inicios.append({QStringLiteral("the SortInfo block"), sortInfo});
-    const qsizetype primeraEntrada = inicios.size();
-
-    if (disposicion.EsRecursos()) {
-        disposicion.Recursos.resize(entradas);
-        for (IndiceRecursoPDB& recurso : disposicion.Recursos) {
-            quint32 desde = 0;
-            Exigir(lector.LeerU32(recurso.Tipo) && lector.LeerU16(recurso.ID) &&
-                       lector.LeerU32(desde),
-                   "the entry list");
-            recurso.Datos.Desde = desde;
-        }
-    } else {
-        disposicion.Registros.resize(entradas);
-        for (IndiceRegistroPDB& registro : disposicion.Registros) {
-            Exigir(lector.LeerU32(registro.Datos.Desde) && lector.LeerU8(registro.Atributos) &&
-                       lector.LeerU24(registro.ID),
-                   "the entry list");
-        }
-    }
-    const QString clase =
-        disposicion.EsRecursos() ? QStringLiteral("resource %1") : QStringLiteral("record %1");
-    for (qint32 i = 0; i < entradas; ++i) {
-        const quint32 desde = disposicion.EsRecursos() ? disposicion.Recursos[i].Datos.Desde
-                                                       : disposicion.Registros[i].Datos.Desde;
-        inicios.append({clase.arg(i), desde});
-    }
-
-    const QVector<TramoPDB> tramos = Tramos(inicios, finIndice, xTamanoArchivo);
-    qsizetype k = 0;
-    if (appInfo != 0) disposicion.AppInfo = tramos[k++];
-    if (sortInfo != 0) disposicion.SortInfo = tramos[k++];
-    for (qint32 i = 0; i < entradas; ++i) {
-        if (disposicion.EsRecursos())
-            disposicion.Recursos[i].Datos = tramos[primeraEntrada + i];
+    ComprobadorBloques comprobador(finIndice, xTamanoArchivo);
+    if (appInfo != 0) comprobador.Comprobar({Bloque::AppInfo, 0, appInfo});
+    if (sortInfo != 0) comprobador.Comprobar({Bloque::SortInfo, 0, sortInfo});
+    const bool recursos = disposicion.EsRecursos();
+    if (!xSinEntradas) {
+        if (recursos)
+            disposicion.Recursos.reserve(entradas);
         else
-            disposicion.Registros[i].Datos = tramos[primeraEntrada + i];
+            disposicion.Registros.reserve(entradas);
     }
+    qint64 primerDato = xTamanoArchivo;
+    for (qint32 i = 0; i < entradas; ++i) {
+        quint32 desde = 0;
+        quint32 tipo = 0;
+        quint16 idRecurso = 0;
+        quint8 atributos = 0;
+        quint32 id = 0;
+        const bool leida =
+            recursos ? lector.LeerU32(tipo) && lector.LeerU16(idRecurso) && lector.LeerU32(desde)
+                     : lector.LeerU32(desde) && lector.LeerU8(atributos) && lector.LeerU24(id);
+        Exigir(leida, "the entry list");
+        comprobador.Comprobar({recursos ? Bloque::Recurso : Bloque::Registro, i, desde});
+        if (i == 0) primerDato = desde;
+        if (xSinEntradas) continue;
+        if (recursos)
+            disposicion.Recursos.append({{desde, 0}, tipo, idRecurso});
+        else
+            disposicion.Registros.append({{desde, 0}, id, atributos});
+    }
+    PonerLargos(disposicion.Registros, xTamanoArchivo);
+    PonerLargos(disposicion.Recursos, xTamanoArchivo);
+    if (sortInfo != 0)
+        disposicion.SortInfo = {sortInfo, static_cast<quint32>(primerDato - sortInfo)};
+    if (appInfo != 0)
+        disposicion.AppInfo = {
+            appInfo, static_cast<quint32>((sortInfo != 0 ? sortInfo : primerDato) - appInfo)};
     return disposicion;
 }
 
@@ -220,73 +244,131 @@ QByteArray clsArchivoPDB::Escribir() const {
     return Componer(*this, AppInfo, SortInfo, registros, recursos);
 }
 
-QByteArray clsArchivoPDB::Componer(const CabeceraPDB& xCabecera, QByteArrayView xAppInfo,
-                                   QByteArrayView xSortInfo,
-                                   const QVector<PiezaRegistroPDB>& xRegistros,
-                                   const QVector<PiezaRecursoPDB>& xRecursos) {
+namespace {
+
+void ComprobarCabecera(const CabeceraPDB& xCabecera, qint64 xEntradas) {
     if (xCabecera.Nombre.size() >= TamanoCampoNombre)
         Rechazar(QStringLiteral("the database name is %1 bytes long; at most %2 fit")
                      .arg(xCabecera.Nombre.size())
                      .arg(TamanoCampoNombre - 1));
     if (xCabecera.Nombre.contains('\0'))
         Rechazar(QStringLiteral("the database name holds a zero byte"));
-    if (xCabecera.EsRecursos() ? !xRegistros.isEmpty() : !xRecursos.isEmpty())
-        Rechazar(xCabecera.EsRecursos()
-                     ? QStringLiteral("a resource database cannot hold records")
-                     : QStringLiteral("a record database cannot hold resources"));
-    const qint64 entradas = xCabecera.EsRecursos() ? xRecursos.size() : xRegistros.size();
-    if (entradas > MaximoEntradas)
+    if (xEntradas > MaximoEntradas)
         Rechazar(QStringLiteral("%1 entries do not fit in a database (at most %2)")
-                     .arg(entradas)
+                     .arg(xEntradas)
                      .arg(MaximoEntradas));
-    for (const PiezaRegistroPDB& registro : xRegistros)
-        if (registro.ID > MaximoID)
-            Rechazar(QStringLiteral("the unique ID %1 does not fit in 24 bits").arg(registro.ID));
+}
 
-    const qint64 ancho = xCabecera.EsRecursos() ? TamanoEntradaRecurso : TamanoEntradaRegistro;
-    qint64 posicion = TamanoCabecera + entradas * ancho + TamanoRelleno;
+void AgregarCabecera(QByteArray& xSalida, const CabeceraPDB& xCabecera, quint32 xAppInfo,
+                     quint32 xSortInfo, qint64 xEntradas) {
+    xSalida.append(xCabecera.Nombre);
+    xSalida.append('\0');
+    if (xCabecera.Nombre.size() + 1 + xCabecera.RellenoNombre.size() == TamanoCampoNombre)
+        xSalida.append(xCabecera.RellenoNombre);
+    else
+        xSalida.append(TamanoCampoNombre - 1 - xCabecera.Nombre.size(), '\0');
+    AgregarU16(xSalida, xCabecera.Atributos);
+    AgregarU16(xSalida, xCabecera.Version);
+    AgregarU32(xSalida, xCabecera.FechaCreacion);
+    AgregarU32(xSalida, xCabecera.FechaModificacion);
+    AgregarU32(xSalida, xCabecera.FechaBackup);
+    AgregarU32(xSalida, xCabecera.NumeroModificacion);
+    AgregarU32(xSalida, xAppInfo);
+    AgregarU32(xSalida, xSortInfo);
+    AgregarU32(xSalida, xCabecera.Tipo);
+    AgregarU32(xSalida, xCabecera.Creador);
+    AgregarU32(xSalida, xCabecera.SemillaID);
+    AgregarU32(xSalida, 0); // next record list: the whole list is always in this header
+    AgregarU16(xSalida, static_cast<quint16>(xEntradas));
+}
+
+void ComprobarTamano(qint64 xTamano) {
+    if (xTamano > std::numeric_limits<quint32>::max())
+        Rechazar(QStringLiteral("the database would be %1 bytes long; offsets reach 4 GB only")
+                     .arg(xTamano));
+}
+
+} // namespace
+
+QByteArray clsArchivoPDB::Componer(const CabeceraPDB& xCabecera, QByteArrayView xAppInfo,
+                                   QByteArrayView xSortInfo, qint32 xCantidad,
+                                   const std::function<PiezaRegistroPDB(qint32)>& xRegistro,
+                                   DisposicionPDB& xDisposicion) {
+    if (xCabecera.EsRecursos()) Rechazar(QStringLiteral("a resource database cannot hold records"));
+    ComprobarCabecera(xCabecera, xCantidad);
+    const qint64 inicioAppInfo = TamanoCabecera + xCantidad * TamanoEntradaRegistro + TamanoRelleno;
+    const qint64 inicioDatos = inicioAppInfo + xAppInfo.size() + xSortInfo.size();
+    qint64 tamano = inicioDatos;
+    for (qint32 i = 0; i < xCantidad; ++i) {
+        const PiezaRegistroPDB pieza = xRegistro(i);
+        if (pieza.ID > MaximoID)
+            Rechazar(QStringLiteral("the unique ID %1 does not fit in 24 bits").arg(pieza.ID));
+        tamano += pieza.Datos.size();
+    }
+    ComprobarTamano(tamano);
+
+    const auto tramo = [](qint64 xDesde, qint64 xLargo) {
+        return xLargo == 0 ? TramoPDB{} : TramoPDB{quint32(xDesde), quint32(xLargo)};
+    };
+    static_cast<CabeceraPDB&>(xDisposicion) = xCabecera;
+    xDisposicion.AppInfo = tramo(inicioAppInfo, xAppInfo.size());
+    xDisposicion.SortInfo = tramo(inicioAppInfo + xAppInfo.size(), xSortInfo.size());
+    xDisposicion.Recursos.clear();
+    xDisposicion.Registros.clear();
+    xDisposicion.Registros.reserve(xCantidad);
+    xDisposicion.Entradas = xCantidad;
+
+    QByteArray salida;
+    salida.reserve(tamano);
+    AgregarCabecera(salida, xCabecera, xDisposicion.AppInfo.Desde, xDisposicion.SortInfo.Desde,
+                    xCantidad);
+    quint32 desde = static_cast<quint32>(inicioDatos);
+    for (qint32 i = 0; i < xCantidad; ++i) {
+        const PiezaRegistroPDB pieza = xRegistro(i);
+        AgregarU32(salida, desde);
+        AgregarU8(salida, pieza.Atributos);
+        AgregarU24(salida, pieza.ID);
+        const quint32 largo = static_cast<quint32>(pieza.Datos.size());
+        xDisposicion.Registros.append({{desde, largo}, pieza.ID, pieza.Atributos});
+        desde += largo;
+    }
+    salida.append(TamanoRelleno, '\0');
+    salida.append(xAppInfo);
+    salida.append(xSortInfo);
+    for (qint32 i = 0; i < xCantidad; ++i)
+        salida.append(xRegistro(i).Datos);
+    return salida;
+}
+
+QByteArray clsArchivoPDB::Componer(const CabeceraPDB& xCabecera, QByteArrayView xAppInfo,
+                                   QByteArrayView xSortInfo,
+                                   const QVector<PiezaRegistroPDB>& xRegistros,
+                                   const QVector<PiezaRecursoPDB>& xRecursos) {
+    if (!xCabecera.EsRecursos()) {
+        if (!xRecursos.isEmpty())
+            Rechazar(QStringLiteral("a record database cannot hold resources"));
+        DisposicionPDB disposicion;
+        return Componer(
+            xCabecera, xAppInfo, xSortInfo, static_cast<qint32>(xRegistros.size()),
+            [&xRegistros](qint32 i) { return xRegistros[i]; }, disposicion);
+    }
+    if (!xRegistros.isEmpty()) Rechazar(QStringLiteral("a resource database cannot hold records"));
+    ComprobarCabecera(xCabecera, xRecursos.size());
+    const qint64 entradas = xRecursos.size();
+    qint64 posicion = TamanoCabecera + entradas * TamanoEntradaRecurso + TamanoRelleno;
     const quint32 desdeAppInfo = xAppInfo.isEmpty() ? 0 : static_cast<quint32>(posicion);
     posicion += xAppInfo.size();
     const quint32 desdeSortInfo = xSortInfo.isEmpty() ? 0 : static_cast<quint32>(posicion);
     posicion += xSortInfo.size();
     const qint64 inicioDatos = posicion;
-    for (const PiezaRegistroPDB& registro : xRegistros)
-        posicion += registro.Datos.size();
     for (const PiezaRecursoPDB& recurso : xRecursos)
         posicion += recurso.Datos.size();
-    if (posicion > std::numeric_limits<quint32>::max())
-        Rechazar(QStringLiteral("the database would be %1 bytes long; offsets reach 4 GB only")
-                     .arg(posicion));
+    ComprobarTamano(posicion);
 
     QByteArray salida;
     salida.reserve(posicion);
-    salida.append(xCabecera.Nombre);
-    salida.append('\0');
-    if (xCabecera.Nombre.size() + 1 + xCabecera.RellenoNombre.size() == TamanoCampoNombre)
-        salida.append(xCabecera.RellenoNombre);
-    else
-        salida.append(TamanoCampoNombre - 1 - xCabecera.Nombre.size(), '\0');
-    AgregarU16(salida, xCabecera.Atributos);
-    AgregarU16(salida, xCabecera.Version);
-    AgregarU32(salida, xCabecera.FechaCreacion);
-    AgregarU32(salida, xCabecera.FechaModificacion);
-    AgregarU32(salida, xCabecera.FechaBackup);
-    AgregarU32(salida, xCabecera.NumeroModificacion);
-    AgregarU32(salida, desdeAppInfo);
-    AgregarU32(salida, desdeSortInfo);
-    AgregarU32(salida, xCabecera.Tipo);
-    AgregarU32(salida, xCabecera.Creador);
-    AgregarU32(salida, xCabecera.SemillaID);
-    AgregarU32(salida, 0); // next record list: the whole list is always in this header
-    AgregarU16(salida, static_cast<quint16>(entradas));
-
+    AgregarCabecera(salida, xCabecera, desdeAppInfo, desdeSortInfo, entradas);
     quint32 desde = static_cast<quint32>(inicioDatos);
-    for (const PiezaRegistroPDB& registro : xRegistros) {
-        AgregarU32(salida, desde);
-        AgregarU8(salida, registro.Atributos);
-        AgregarU24(salida, registro.ID);
-        desde += static_cast<quint32>(registro.Datos.size());
-    }
     for (const PiezaRecursoPDB& recurso : xRecursos) {
         AgregarU32(salida, recurso.Tipo);
         AgregarU16(salida, recurso.ID);
@@ -296,8 +378,6 @@ QByteArray clsArchivoPDB::Componer(const CabeceraPDB& xCabecera, QByteArrayView 
     salida.append(TamanoRelleno, '\0');
     salida.append(xAppInfo);
     salida.append(xSortInfo);
-    for (const PiezaRegistroPDB& registro : xRegistros)
-        salida.append(registro.Datos);
     for (const PiezaRecursoPDB& recurso : xRecursos)
         salida.append(recurso.Datos);
     return salida;

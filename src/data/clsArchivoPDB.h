@@ -5,6 +5,7 @@
 #include <QString>
 #include <QVector>
 #include <QtGlobal>
+#include <functional>
 #include <stdexcept>
 
 // A record of a .pdb file.
@@ -73,9 +74,7 @@ struct DisposicionPDB : CabeceraPDB {
     TramoPDB SortInfo;
     QVector<IndiceRegistroPDB> Registros;
     QVector<IndiceRecursoPDB> Recursos;
-    qint32 CantidadEntradas() const {
-        return static_cast<qint32>(EsRecursos() ? Recursos.size() : Registros.size());
-    }
+    qint32 Entradas = 0; // how many entries the file lists, kept or not
 };
 
 // What a writer lays out: the entries with their data, wherever that data lives.
@@ -122,20 +121,29 @@ public:
 
     // Validates and indexes a file without copying anything. xBytes must hold at least the header
     // and the entry list (see TamanoIndice); every block is checked against xTamanoArchivo, the
-    // size of the whole file, so the catalogue can check a file from its first bytes alone.
-    static DisposicionPDB Analizar(QByteArrayView xBytes, qint64 xTamanoArchivo);
+    // size of the whole file, so the catalogue can check a file from its first bytes alone. With
+    // xSinEntradas the entries are checked but not kept (the layout then lists none).
+    static DisposicionPDB Analizar(QByteArrayView xBytes, qint64 xTamanoArchivo,
+                                   bool xSinEntradas = false);
     static DisposicionPDB Analizar(QByteArrayView xBytes) {
         return Analizar(xBytes, xBytes.size());
     }
     // How many bytes the header and the entry list take, from the header's first 78 bytes.
     // Throws ErrorFormatoPDB when there are fewer.
     static qint64 TamanoIndice(QByteArrayView xCabecera);
+
     // Lays a file out from its content: 78-byte header, entries, 2 padding bytes, AppInfo,
     // SortInfo, data. Throws ErrorFormatoPDB when the content cannot be stored in a file.
     static QByteArray Componer(const CabeceraPDB& xCabecera, QByteArrayView xAppInfo,
                                QByteArrayView xSortInfo,
                                const QVector<PiezaRegistroPDB>& xRegistros,
                                const QVector<PiezaRecursoPDB>& xRecursos);
+    // The same for a record database whose xCantidad records xRegistro hands out one by one (so
+    // a writer need not gather them), also giving the layout of the bytes it returns.
+    static QByteArray Componer(const CabeceraPDB& xCabecera, QByteArrayView xAppInfo,
+                               QByteArrayView xSortInfo, qint32 xCantidad,
+                               const std::function<PiezaRegistroPDB(qint32)>& xRegistro,
+                               DisposicionPDB& xDisposicion);
 
     // The record attribute byte: high nibble Delete 0x80, Dirty 0x40, Busy 0x20, Secret 0x10;
     // low nibble the category, except when Delete or Busy is set, where 0x08 is the Archive flag

@@ -10,6 +10,7 @@
 #include <QLockFile>
 #include <QSaveFile>
 #include <algorithm>
+#include <cstring>
 
 namespace {
 
@@ -23,13 +24,20 @@ bool SoloLectura(const QFileInfo& xInfo) {
     return !xInfo.isWritable() || (xInfo.permissions() & PermisosEscritura) == 0;
 }
 
-QVector<PiezaRegistroPDB> Piezas(const DisposicionPDB& xDisposicion, const QByteArray& xBytes) {
-    QVector<PiezaRegistroPDB> piezas;
-    piezas.reserve(xDisposicion.Registros.size() + 1);
-    for (const IndiceRegistroPDB& registro : xDisposicion.Registros)
-        piezas.append({registro.Atributos, registro.ID,
-                       QByteArrayView(xBytes).sliced(registro.Datos.Desde, registro.Datos.Largo)});
-    return piezas;
+// True when the file holds exactly xBytes. It is compared piece by piece, so that checking a
+// large database for another writer's change does not need a second copy of it.
+bool MismoContenido(QFile& xArchivo, const QByteArray& xBytes) {
+    if (xArchivo.size() != xBytes.size()) return false;
+    char pedazo[64 * 1024];
+    qint64 posicion = 0;
+    while (posicion < xBytes.size()) {
+        const qint64 leidos = xArchivo.read(pedazo, sizeof pedazo);
+        if (leidos <= 0 || posicion + leidos > xBytes.size() ||
+            std::memcmp(pedazo, xBytes.constData() + posicion, size_t(leidos)) != 0)
+            return false;
+        posicion += leidos;
+    }
+    return xArchivo.read(pedazo, 1) == 0;
 }
 
 qint32 Indice(const QVector<IndiceRegistroPDB>& xRegistros, quint32 xID) {
@@ -102,6 +110,29 @@ void clsBaseAbiertaCarpeta::SinRegistro(const QString& xOperacion, quint32 xID) 
                       .arg(xID));
 }
 
+void clsBaseAbiertaCarpeta::LeerActual(const QString& xOperacion, QByteArray& xBytes,
+                                       DisposicionPDB& xDisposicion) const {
+    QFile archivo(mArchivo);
+    if (!archivo.open(QIODevice::ReadOnly))
+        FallaEscritura(xOperacion,
+                       QStringLiteral("its file cannot be read (%1)").arg(archivo.errorString()));
+    if (MismoContenido(archivo, mBytes)) {
+        xBytes = mBytes;
+        xDisposicion = mDisposicion;
+        return;
+    }
+    // Another writer changed the file since it was read: its change is kept.
+    archivo.seek(0);
+    xBytes = archivo.readAll();
+    try {
+        xDisposicion = clsArchivoPDB::Analizar(xBytes);
+    } catch (const ErrorFormatoPDB& error) {
+        FallaEscritura(xOperacion, QStringLiteral("its file changed on disk and is no longer a "
+                                                  "valid database (%1)")
+                                       .arg(QString::fromStdString(error.what())));
+    }
+}
+
 void clsBaseAbiertaCarpeta::Guardar(const QString& xOperacion, const Cambio& xCambio) {
     const QFileInfo info(mArchivo);
     if (SoloLectura(QFileInfo(info.absolutePath())))
@@ -112,41 +143,30 @@ void clsBaseAbiertaCarpeta::Guardar(const QString& xOperacion, const Cambio& xCa
         FallaEscritura(xOperacion, candado.error() == QLockFile::LockFailedError
                                        ? QStringLiteral("another program is writing it")
                                        : QStringLiteral("its lock file cannot be made"));
-
-    QFile archivo(mArchivo);
-    if (!archivo.open(QIODevice::ReadOnly))
-        FallaEscritura(xOperacion,
-                       QStringLiteral("its file cannot be read (%1)").arg(archivo.errorString()));
     if (SoloLectura(QFileInfo(mArchivo)))
         FallaEscritura(xOperacion, QStringLiteral("its file is read-only"));
-    // Another writer may have changed the file since it was read: its change is kept.
-    QByteArray bytes = archivo.readAll();
-    archivo.close();
-    DisposicionPDB disposicion = mDisposicion;
-    if (bytes != mBytes) {
-        try {
-            disposicion = clsArchivoPDB::Analizar(bytes);
-        } catch (const ErrorFormatoPDB& error) {
-            FallaEscritura(xOperacion, QStringLiteral("its file changed on disk and is no longer "
-                                                      "a valid database (%1)")
-                                           .arg(QString::fromStdString(error.what())));
-        }
-    } else {
-        bytes = mBytes;
-    }
 
-    QVector<PiezaRegistroPDB> piezas = Piezas(disposicion, bytes);
-    CabeceraPDB cabecera = disposicion;
-    xCambio(disposicion, piezas, cabecera);
+    QByteArray bytes;
+    DisposicionPDB actual;
+    LeerActual(xOperacion, bytes, actual);
+    const QByteArrayView vista(bytes);
+    const FuentePiezas anterior = [&actual, vista](qint32 i) {
+        const IndiceRegistroPDB& registro = actual.Registros[i];
+        return PiezaRegistroPDB{registro.Atributos, registro.ID,
+                                vista.sliced(registro.Datos.Desde, registro.Datos.Largo)};
+    };
+    CabeceraPDB cabecera = actual;
+    const Plan plan = xCambio(actual, anterior, cabecera);
     cabecera.FechaModificacion = clsCatalogoCarpeta::SegundosPalm(modFecha::Ahora());
     ++cabecera.NumeroModificacion;
 
     QByteArray nuevo;
+    DisposicionPDB disposicion;
     try {
-        const QByteArrayView vista(bytes);
-        nuevo = clsArchivoPDB::Componer(
-            cabecera, vista.sliced(disposicion.AppInfo.Desde, disposicion.AppInfo.Largo),
-            vista.sliced(disposicion.SortInfo.Desde, disposicion.SortInfo.Largo), piezas, {});
+        nuevo = clsArchivoPDB::Componer(cabecera,
+                                        vista.sliced(actual.AppInfo.Desde, actual.AppInfo.Largo),
+                                        vista.sliced(actual.SortInfo.Desde, actual.SortInfo.Largo),
+                                        plan.Cantidad, plan.Pieza, disposicion);
     } catch (const ErrorFormatoPDB& error) {
         FallaEscritura(xOperacion, QString::fromStdString(error.what()));
     }
@@ -154,7 +174,7 @@ void clsBaseAbiertaCarpeta::Guardar(const QString& xOperacion, const Cambio& xCa
     if (!salida.open(QIODevice::WriteOnly) || salida.write(nuevo) != nuevo.size() ||
         !salida.commit())
         FallaEscritura(xOperacion, salida.errorString());
-    mDisposicion = clsArchivoPDB::Analizar(nuevo);
+    mDisposicion = std::move(disposicion);
     mBytes = std::move(nuevo);
 }
 
@@ -162,18 +182,20 @@ quint32 clsBaseAbiertaCarpeta::EscribirRegistro(quint32 xID, quint8 xAtributos,
                                                 const QByteArray& xBytes) {
     const QString operacion = QStringLiteral("EscribirRegistro");
     quint32 id = xID;
-    Guardar(operacion, [&](const DisposicionPDB& xActual, QVector<PiezaRegistroPDB>& xRegistros,
+    Guardar(operacion, [&](const DisposicionPDB& xActual, const FuentePiezas& xAnterior,
                            CabeceraPDB& xCabecera) {
+        const qint32 cantidad = static_cast<qint32>(xActual.Registros.size());
         if (xID == 0) {
             id = NuevoID(xActual.Registros);
-            xRegistros.append({xAtributos, id, xBytes});
             xCabecera.SemillaID = std::max(xCabecera.SemillaID, id + 1);
-            return;
+            const PiezaRegistroPDB nueva{xAtributos, id, xBytes};
+            return Plan{cantidad + 1,
+                        [=](qint32 i) { return i == cantidad ? nueva : xAnterior(i); }};
         }
         const qint32 indice = Indice(xActual.Registros, xID);
         if (indice < 0) SinRegistro(operacion, xID);
-        xRegistros[indice].Atributos = xAtributos;
-        xRegistros[indice].Datos = xBytes;
+        const PiezaRegistroPDB cambiada{xAtributos, xID, xBytes};
+        return Plan{cantidad, [=](qint32 i) { return i == indice ? cambiada : xAnterior(i); }};
     });
     return id;
 }
@@ -181,18 +203,18 @@ quint32 clsBaseAbiertaCarpeta::EscribirRegistro(quint32 xID, quint8 xAtributos,
 qint32 clsBaseAbiertaCarpeta::BorrarRegistro(quint32 xID) {
     const QString operacion = QStringLiteral("BorrarRegistro");
     qint32 indice = -1;
-    Guardar(operacion, [&](const DisposicionPDB& xActual, QVector<PiezaRegistroPDB>& xRegistros,
-                           CabeceraPDB&) {
-        indice = Indice(xActual.Registros, xID);
-        if (indice < 0) SinRegistro(operacion, xID);
-        xRegistros.remove(indice);
-    });
+    Guardar(operacion,
+            [&](const DisposicionPDB& xActual, const FuentePiezas& xAnterior, CabeceraPDB&) {
+                indice = Indice(xActual.Registros, xID);
+                if (indice < 0) SinRegistro(operacion, xID);
+                const qint32 quitado = indice;
+                return Plan{static_cast<qint32>(xActual.Registros.size()) - 1,
+                            [=](qint32 i) { return xAnterior(i < quitado ? i : i + 1); }};
+            });
     return indice;
 }
 
 void clsBaseAbiertaCarpeta::BorrarTodos() {
     Guardar(QStringLiteral("BorrarTodos"),
-            [](const DisposicionPDB&, QVector<PiezaRegistroPDB>& xRegistros, CabeceraPDB&) {
-                xRegistros.clear();
-            });
+            [](const DisposicionPDB&, const FuentePiezas&, CabeceraPDB&) { return Plan{}; });
 }

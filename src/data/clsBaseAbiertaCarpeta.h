@@ -37,14 +37,23 @@ public:
     static constexpr int CandadoAbandonado = 15000;
 
 private:
-    // Applies one change to the database as it is on disk: its records, and its header.
-    using Cambio =
-        std::function<void(const DisposicionPDB& xActual, QVector<PiezaRegistroPDB>& xRegistros,
-                           CabeceraPDB& xCabecera)>;
+    using FuentePiezas = std::function<PiezaRegistroPDB(qint32)>;
+    // The records of the database after a change: how many, and each one by index.
+    struct Plan {
+        qint32 Cantidad = 0;
+        FuentePiezas Pieza;
+    };
+    // Plans one change over the database as it is on disk (xAnterior gives its records) and may
+    // change its header.
+    using Cambio = std::function<Plan(const DisposicionPDB& xActual, const FuentePiezas& xAnterior,
+                                      CabeceraPDB& xCabecera)>;
 
     void Guardar(const QString& xOperacion, const Cambio& xCambio);
     [[noreturn]] void FallaEscritura(const QString& xOperacion, const QString& xMotivo) const;
     [[noreturn]] void SinRegistro(const QString& xOperacion, quint32 xID) const;
+    // The file as it is now: the bytes already held when it is unchanged, otherwise read again.
+    void LeerActual(const QString& xOperacion, QByteArray& xBytes,
+                    DisposicionPDB& xDisposicion) const;
 
     QString mArchivo;
     QString mNombre;

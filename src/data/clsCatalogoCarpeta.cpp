@@ -12,6 +12,10 @@
 #include <QStringDecoder>
 #include <algorithm>
 
+#ifdef Q_OS_LINUX
+#include <sys/stat.h>
+#endif
+
 namespace {
 
 const QString CodigoPaginaPredeterminado = QStringLiteral("windows-1252");
@@ -19,11 +23,26 @@ const QString CodigoPaginaPredeterminado = QStringLiteral("windows-1252");
 // Most headers and entry lists of a folder's files fit in one read of this size.
 constexpr qint64 PrimeraLectura = 4096;
 
-qint64 MilisegundosModificacion(const QFileInfo& xArchivo) {
-    return xArchivo.lastModified().toMSecsSinceEpoch();
+} // namespace
+
+// One look at a file: whether it is there, its size and its modification time as an opaque count
+// that is only ever compared with another. On Linux it is one stat call: a date in local time
+// would cost a time-zone lookup per file, which dominates the listing of a large folder.
+clsCatalogoCarpeta::EstadoArchivo clsCatalogoCarpeta::Estado(const QString& xRuta) {
+#ifdef Q_OS_LINUX
+    struct stat datos;
+    if (::stat(QFile::encodeName(xRuta).constData(), &datos) != 0 || !S_ISREG(datos.st_mode))
+        return {};
+    return {true, static_cast<qint64>(datos.st_size),
+            static_cast<qint64>(datos.st_mtim.tv_sec) * 1000000000 + datos.st_mtim.tv_nsec};
+#else
+    const QFileInfo info(xRuta);
+    if (!info.isFile()) return {};
+    return {true, info.size(), info.lastModified().toMSecsSinceEpoch()};
+#endif
 }
 
-} // namespace
+namespace {} // namespace
 
 clsCatalogoCarpeta::clsCatalogoCarpeta(const QString& xCarpeta)
     : mCarpeta(QDir(xCarpeta).absolutePath()), mCodigoPagina(CodigoPaginaPredeterminado) {
@@ -70,11 +89,12 @@ void clsCatalogoCarpeta::ComprobarCarpeta() const {
                       : QStringLiteral("The handheld folder \"%1\" does not exist.").arg(mCarpeta));
 }
 
-clsCatalogoCarpeta::Lectura clsCatalogoCarpeta::Leer(const QFileInfo& xArchivo) {
+clsCatalogoCarpeta::Lectura clsCatalogoCarpeta::Leer(const QString& xRuta,
+                                                     const EstadoArchivo& xEstado) {
     Lectura lectura;
-    lectura.Tamano = xArchivo.size();
-    lectura.Modificado = MilisegundosModificacion(xArchivo);
-    QFile archivo(xArchivo.absoluteFilePath());
+    lectura.Tamano = xEstado.Tamano;
+    lectura.Modificado = xEstado.Marca;
+    QFile archivo(xRuta);
     if (!archivo.open(QIODevice::ReadOnly)) {
         lectura.Motivo = QStringLiteral("it cannot be read (%1)").arg(archivo.errorString());
         return lectura;
@@ -88,9 +108,9 @@ clsCatalogoCarpeta::Lectura clsCatalogoCarpeta::Leer(const QFileInfo& xArchivo) 
         const qint64 indice = clsArchivoPDB::TamanoIndice(inicio);
         if (indice > inicio.size() && indice <= lectura.Tamano)
             inicio += archivo.read(indice - inicio.size());
-        const DisposicionPDB disposicion = clsArchivoPDB::Analizar(inicio, lectura.Tamano);
-        lectura.Ficha = {xArchivo.absoluteFilePath(),    lectura.NombreLeido, disposicion,
-                         disposicion.CantidadEntradas(), lectura.Tamano,      lectura.Modificado};
+        const DisposicionPDB disposicion = clsArchivoPDB::Analizar(inicio, lectura.Tamano, true);
+        lectura.Ficha = {xRuta,          lectura.NombreLeido, disposicion, disposicion.Entradas,
+                         lectura.Tamano, lectura.Modificado};
         lectura.Valida = true;
     } catch (const ErrorFormatoPDB& error) {
         lectura.Motivo = QString::fromStdString(error.what());
@@ -98,34 +118,35 @@ clsCatalogoCarpeta::Lectura clsCatalogoCarpeta::Leer(const QFileInfo& xArchivo) 
     return lectura;
 }
 
-const clsCatalogoCarpeta::Lectura& clsCatalogoCarpeta::LeerConCache(const QFileInfo& xArchivo) {
-    auto encontrada = mCache.find(xArchivo.fileName());
-    if (encontrada != mCache.end() && encontrada->Tamano == xArchivo.size() &&
-        encontrada->Modificado == MilisegundosModificacion(xArchivo))
+const clsCatalogoCarpeta::Lectura& clsCatalogoCarpeta::LeerConCache(const QString& xArchivo,
+                                                                    const EstadoArchivo& xEstado) {
+    auto encontrada = mCache.find(xArchivo);
+    if (encontrada != mCache.end() && encontrada->Tamano == xEstado.Tamano &&
+        encontrada->Modificado == xEstado.Marca)
         return *encontrada;
-    return *mCache.insert(xArchivo.fileName(), Leer(xArchivo));
+    return *mCache.insert(xArchivo, Leer(QDir(mCarpeta).filePath(xArchivo), xEstado));
 }
 
 void clsCatalogoCarpeta::Actualizar() {
     ComprobarCarpeta();
-    QDir carpeta(mCarpeta);
     // Name filters match without regard to case: MemoDB.PDB is a database too.
-    QFileInfoList archivos = QDir(mCarpeta).entryInfoList(
+    QStringList archivos = QDir(mCarpeta).entryList(
         {QStringLiteral("*.pdb"), QStringLiteral("*.prc")}, QDir::Files, QDir::Unsorted);
-    std::sort(archivos.begin(), archivos.end(),
-              [](const QFileInfo& a, const QFileInfo& b) { return a.fileName() < b.fileName(); });
+    std::sort(archivos.begin(), archivos.end());
 
     QVector<FichaBaseCarpeta> bases;
+    bases.reserve(archivos.size());
     QHash<QString, qsizetype> porNombre;
     QHash<QString, QString> rechazadas;
     QStringList avisos;
-    QHash<QString, Lectura> cache;
-    for (const QFileInfo& archivo : archivos) {
-        const Lectura& lectura = LeerConCache(archivo);
-        cache.insert(archivo.fileName(), lectura);
+    const QString prefijo = mCarpeta + QLatin1Char('/');
+    for (const QString& archivo : archivos) {
+        const EstadoArchivo estado = Estado(prefijo + archivo);
+        if (!estado.Existe) continue; // gone since the folder was listed
+        const Lectura& lectura = LeerConCache(archivo, estado);
         if (!lectura.Valida) {
             avisos.append(QStringLiteral("%1 is not a Palm database and was left out: %2.")
-                              .arg(archivo.fileName(), lectura.Motivo));
+                              .arg(archivo, lectura.Motivo));
             if (!lectura.NombreLeido.isEmpty() && !rechazadas.contains(lectura.NombreLeido))
                 rechazadas.insert(lectura.NombreLeido, lectura.Motivo);
             continue;
@@ -134,14 +155,18 @@ void clsCatalogoCarpeta::Actualizar() {
         if (previa != porNombre.constEnd()) {
             avisos.append(QStringLiteral("%1 holds the database \"%2\" too and was left out; "
                                          "%3 is used.")
-                              .arg(archivo.fileName(), lectura.Ficha.Nombre,
+                              .arg(archivo, lectura.Ficha.Nombre,
                                    QFileInfo(bases[*previa].Archivo).fileName()));
             continue;
         }
         porNombre.insert(lectura.Ficha.Nombre, bases.size());
         bases.append(lectura.Ficha);
     }
-    mCache = std::move(cache); // forget files that are gone
+    if (mCache.size() > archivos.size()) {
+        // Forget the files that are gone.
+        const QSet<QString> presentes(archivos.cbegin(), archivos.cend());
+        mCache.removeIf([&presentes](const auto& x) { return !presentes.contains(x.key()); });
+    }
     mBases = std::move(bases);
     mPorNombre = std::move(porNombre);
     mRechazadas = std::move(rechazadas);
@@ -158,9 +183,8 @@ bool clsCatalogoCarpeta::Buscado(const QString& xNombre, FichaBaseCarpeta& xFich
     const auto encontrada = mPorNombre.constFind(xNombre);
     if (encontrada == mPorNombre.constEnd()) return false;
     const FichaBaseCarpeta& ficha = mBases[*encontrada];
-    const QFileInfo archivo(ficha.Archivo);
-    if (!archivo.exists() || archivo.size() != ficha.Tamano ||
-        MilisegundosModificacion(archivo) != ficha.Modificado)
+    const EstadoArchivo estado = Estado(ficha.Archivo);
+    if (!estado.Existe || estado.Tamano != ficha.Tamano || estado.Marca != ficha.Modificado)
         return false;
     xFicha = ficha;
     return true;
@@ -190,11 +214,10 @@ FichaBaseCarpeta clsCatalogoCarpeta::Buscar(const QString& xNombre, const QStrin
 }
 
 FichaBaseCarpeta clsCatalogoCarpeta::Refrescar(const FichaBaseCarpeta& xFicha) {
-    const QFileInfo archivo(xFicha.Archivo);
-    if (!archivo.exists() ||
-        (archivo.size() == xFicha.Tamano && MilisegundosModificacion(archivo) == xFicha.Modificado))
+    const EstadoArchivo estado = Estado(xFicha.Archivo);
+    if (!estado.Existe || (estado.Tamano == xFicha.Tamano && estado.Marca == xFicha.Modificado))
         return xFicha;
-    const Lectura& lectura = LeerConCache(archivo);
+    const Lectura& lectura = LeerConCache(QFileInfo(xFicha.Archivo).fileName(), estado);
     if (!lectura.Valida || lectura.Ficha.Nombre != xFicha.Nombre) return xFicha;
     return lectura.Ficha;
 }

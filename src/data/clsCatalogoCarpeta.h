@@ -9,8 +9,6 @@
 #include <QStringList>
 #include <QVector>
 
-class QFileInfo;
-
 // One database of the folder, as its header describes it.
 struct FichaBaseCarpeta {
     QString Archivo; // absolute path of the file
@@ -18,7 +16,7 @@ struct FichaBaseCarpeta {
     CabeceraPDB Cabecera;
     qint32 Entradas = 0;   // records or resources
     qint64 Tamano = 0;     // bytes
-    qint64 Modificado = 0; // the file's modification time, ms since 1970
+    qint64 Modificado = 0; // the file's modification time, as the file system counts it
 };
 
 // What a folder of .pdb/.prc files holds. Databases are known by the name in their header; the
@@ -62,8 +60,15 @@ private:
         QString Motivo;      // why the file is not a database
     };
 
-    Lectura Leer(const QFileInfo& xArchivo);
-    const Lectura& LeerConCache(const QFileInfo& xArchivo);
+    struct EstadoArchivo {
+        bool Existe = false;
+        qint64 Tamano = 0;
+        qint64 Marca = 0;
+    };
+    static EstadoArchivo Estado(const QString& xRuta);
+    Lectura Leer(const QString& xRuta, const EstadoArchivo& xEstado);
+    // xArchivo is the file's name in the folder.
+    const Lectura& LeerConCache(const QString& xArchivo, const EstadoArchivo& xEstado);
     void ComprobarCarpeta() const;
     bool Buscado(const QString& xNombre, FichaBaseCarpeta& xFicha);
 
