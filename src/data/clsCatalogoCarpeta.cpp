@@ -1,15 +1,16 @@
 #include "data/clsCatalogoCarpeta.h"
 
 #include "common/ErrorVB.h"
-#include "common/modFecha.h"
 #include "data/clsFuentePalm.h"
 #include "data/clsLectorBytes.h"
+#include "data/modFuncionesConversion.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QSettings>
 #include <QStringDecoder>
+#include <QtEndian>
 #include <algorithm>
 
 #ifdef Q_OS_LINUX
@@ -71,13 +72,17 @@ QStringList clsCatalogoCarpeta::Avisos() const {
 }
 
 QDateTime clsCatalogoCarpeta::FechaPalm(quint32 xSegundos) {
-    return modFecha::Crear(1904, 1, 1).addSecs(xSegundos);
+    QByteArray campo(4, Qt::Uninitialized);
+    qToBigEndian(xSegundos, campo.data());
+    qint32 posicion = 0;
+    return modFuncionesConversion::LeerFecha(campo, posicion);
 }
 
 quint32 clsCatalogoCarpeta::SegundosPalm(const QDateTime& xFecha) {
-    // The field holds the count as an unsigned 32-bit number; dates outside its range wrap, as
-    // they do on a handheld.
-    return static_cast<quint32>(modFecha::Crear(1904, 1, 1).secsTo(xFecha));
+    QByteArray campo(4, '\0');
+    qint32 posicion = 0;
+    modFuncionesConversion::EscribirFecha(campo, posicion, xFecha);
+    return qFromBigEndian<quint32>(campo.constData());
 }
 
 void clsCatalogoCarpeta::ComprobarCarpeta() const {

@@ -46,7 +46,8 @@ public:
     // gone or no longer holds that database.
     FichaBaseCarpeta Refrescar(const FichaBaseCarpeta& xFicha);
 
-    // Header dates: Palm seconds since 1904-01-01 and the system's wall-clock dates.
+    // Header dates: Palm seconds since 1904-01-01 and the system's wall-clock dates, converted
+    // as the date fields of records are.
     static QDateTime FechaPalm(quint32 xSegundos);
     static quint32 SegundosPalm(const QDateTime& xFecha);
 
