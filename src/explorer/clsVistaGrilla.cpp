@@ -68,12 +68,15 @@ void clsVistaGrilla::AplicarFormato() {
     }
 }
 
+// Without a current cell the grid stands on its first scrolling cell.
 int clsVistaGrilla::Row() const {
-    return currentIndex().isValid() ? currentIndex().row() : -1;
+    if (currentIndex().isValid()) return currentIndex().row();
+    return mGrilla->Rows() == 0 ? -1 : std::min(mGrilla->FixedRows(), mGrilla->Rows() - 1);
 }
 
 int clsVistaGrilla::Col() const {
-    return currentIndex().isValid() ? currentIndex().column() : -1;
+    if (currentIndex().isValid()) return currentIndex().column();
+    return mGrilla->Cols() == 0 ? -1 : std::min(mGrilla->FixedCols(), mGrilla->Cols() - 1);
 }
 
 void clsVistaGrilla::SetRow(int xFila) {

@@ -15,7 +15,7 @@ public:
 
     clsGrillaFlexible& Grilla() const { return *mGrilla; }
 
-    // The grid's current cell (the view's current index); -1 when there is none.
+    // The grid's current cell (the view's current index); -1 when the grid is empty.
     int Row() const;
     int Col() const;
     void SetRow(int xFila);

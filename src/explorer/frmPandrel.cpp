@@ -1,0 +1,333 @@
+#include "explorer/frmPandrel.h"
+
+#include "common/ErrorVB.h"
+#include "data/clsPDBInterface.h"
+#include "data/clsPalmPDB.h"
+#include "data/modHandheld.h"
+#include "device/clsPalmInformation.h"
+#include "errors/MostrarMensajeError.h"
+#include "explorer/clsFuenteConProgreso.h"
+#include "explorer/clsVistaGrilla.h"
+#include "shell/modDialogos.h"
+#include "shell/modRecursosGraficos.h"
+
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QTimer>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+#include <cmath>
+
+namespace {
+const QString kFormulario = QStringLiteral("frmPandrel");
+
+// The window's extents in twips.
+constexpr int kAnchoVentana = 11205;
+constexpr int kAltoVentana = 8130;
+
+// Long work lets the window repaint at most this often (milliseconds).
+constexpr int kIntervaloPintado = 40;
+
+// A memory figure: bytes / 1024 rounded to 2 decimals (ties to even), in its shortest form.
+QString TextoKB(qint64 xBytes) {
+    const double kb = std::nearbyint(static_cast<double>(xBytes) / 1024.0 * 100.0) / 100.0;
+    return QString::number(kb, 'g', 15);
+}
+} // namespace
+
+frmPandrel::frmPandrel(QWidget* xPadre) : QWidget(xPadre) {
+    setWindowTitle(QStringLiteral("Explorer"));
+    setWindowIcon(modRecursosGraficos::IconoArbol(2));
+    CrearControles();
+}
+
+// Releasing the database-access object closes whatever database it holds.
+frmPandrel::~frmPandrel() = default;
+
+QLabel* frmPandrel::Etiqueta(const QString& xTexto, QWidget* xPadre, const QString& xNombre) {
+    auto* etiqueta = new QLabel(xTexto, xPadre);
+    if (!xNombre.isEmpty()) etiqueta->setObjectName(xNombre);
+    return etiqueta;
+}
+
+void frmPandrel::CrearControles() {
+    auto* lado = new QWidget(this);
+    cmbTiposDB = new QComboBox(lado);
+    cmbTiposDB->setObjectName(QStringLiteral("cmbTiposDB"));
+    tvwDataBases = new QTreeWidget(lado);
+    tvwDataBases->setObjectName(QStringLiteral("tvwDataBases"));
+    tvwDataBases->setHeaderHidden(true);
+    tvwDataBases->setIconSize(QSize(20, 20));
+    tvwDataBases->setAnimated(false);
+    auto* columnaArbol = new QVBoxLayout(lado);
+    columnaArbol->setContentsMargins(0, 0, 0, 0);
+    columnaArbol->addWidget(cmbTiposDB);
+    columnaArbol->addWidget(tvwDataBases, 1);
+
+    mPaneles = new QStackedWidget(this);
+    mPaneles->addWidget(CrearPanelBase());
+    mPaneles->addWidget(CrearPanelRecursos());
+
+    auto* divisor = new QSplitter(Qt::Horizontal, this);
+    divisor->setChildrenCollapsible(false);
+    divisor->addWidget(lado);
+    divisor->addWidget(mPaneles);
+    divisor->setStretchFactor(0, 0);
+    divisor->setStretchFactor(1, 1);
+    divisor->setSizes({170, 560});
+
+    sbarBarra = new QStatusBar(this);
+    sbarBarra->setObjectName(QStringLiteral("sbarBarra"));
+    sbarBarra->setSizeGripEnabled(false);
+    mPanelRom = Etiqueta(QString(), sbarBarra, QStringLiteral("RomPalm"));
+    mPanelRam = Etiqueta(QString(), sbarBarra, QStringLiteral("RamPalm"));
+    mPanelRamDisponible = Etiqueta(QString(), sbarBarra, QStringLiteral("RamDisponible"));
+    for (QLabel* panel : {mPanelRom, mPanelRam, mPanelRamDisponible})
+        sbarBarra->addWidget(panel, 1);
+
+    auto* principal = new QVBoxLayout(this);
+    principal->setContentsMargins(6, 6, 6, 0);
+    principal->setSpacing(4);
+    principal->addWidget(divisor, 1);
+    principal->addWidget(sbarBarra);
+
+    connect(tvwDataBases, &QTreeWidget::itemExpanded, this, &frmPandrel::tvwDataBases_Expand);
+    connect(tvwDataBases, &QTreeWidget::itemClicked, this,
+            [this](QTreeWidgetItem* xNodo) { tvwDataBases_NodeClick(xNodo); });
+    connect(tvwDataBases, &QTreeWidget::currentItemChanged, this,
+            [this](QTreeWidgetItem* xNodo) { tvwDataBases_CurrentChange(xNodo); });
+    tvwDataBases->installEventFilter(this);
+    connect(cmbTiposDB, qOverload<int>(&QComboBox::currentIndexChanged), this,
+            &frmPandrel::cmbTiposDB_Click);
+}
+
+// The record-database panel: header facts, record facts, the records and the schema.
+QWidget* frmPandrel::CrearPanelBase() {
+    fraDataBase = new QGroupBox(QStringLiteral("Data Base"), this);
+    fraDataBase->setObjectName(QStringLiteral("fraDataBase"));
+
+    auto* fraInformacionDB = new QGroupBox(QStringLiteral("Data Base Information"), fraDataBase);
+    fraInformacionDB->setObjectName(QStringLiteral("fraInformacionDB"));
+    auto* rejilla = new QGridLayout(fraInformacionDB);
+    rejilla->setHorizontalSpacing(8);
+    rejilla->setVerticalSpacing(3);
+    const QString fecha = QStringLiteral("01/01/1904");
+    const struct {
+        QString Nombre, Rotulo, Valor;
+        QLabel** Destino;
+    } etiquetas[] = {
+        {QStringLiteral("lblTipo"), QStringLiteral("Type:"), QString(), &lblTipo},
+        {QStringLiteral("lblVersion"), QStringLiteral("Version:"), QString(), &lblVersion},
+        {QStringLiteral("lblFechaCreacion"), QStringLiteral("Creation Date:"), fecha,
+         &lblFechaCreacion},
+        {QStringLiteral("lblFechaModificacion"), QStringLiteral("Modification Date:"), fecha,
+         &lblFechaModificacion},
+        {QStringLiteral("lblFechaBackup"), QStringLiteral("Backup Date:"), fecha, &lblFechaBackup},
+        {QStringLiteral("lblTamanio"), QStringLiteral("Size:"), QString(), &lblTamanio},
+    };
+    int fila = 0;
+    for (const auto& e : etiquetas) {
+        rejilla->addWidget(Etiqueta(e.Rotulo, fraInformacionDB), fila, 0);
+        *e.Destino = Etiqueta(e.Valor, fraInformacionDB, e.Nombre);
+        (*e.Destino)->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        rejilla->addWidget(*e.Destino, fila++, 1, 1, 3);
+    }
+    rejilla->addWidget(Etiqueta(QStringLiteral("Retrieved #:"), fraInformacionDB), fila, 0);
+    txtRegistrosARecuperar = new QLineEdit(QStringLiteral("40"), fraInformacionDB);
+    txtRegistrosARecuperar->setObjectName(QStringLiteral("txtRegistrosARecuperar"));
+    txtRegistrosARecuperar->setMaximumWidth(56);
+    rejilla->addWidget(txtRegistrosARecuperar, fila, 1);
+    rejilla->addWidget(CrearSelectorCantidad(), fila, 2);
+    rejilla->addWidget(Etiqueta(QStringLiteral("(-1 = All Records)"), fraInformacionDB), fila, 3);
+    rejilla->setColumnStretch(3, 1);
+    rejilla->setRowStretch(fila + 1, 1);
+
+    auto* fraCampos = new QGroupBox(QStringLiteral("Schema"), fraDataBase);
+    fraCampos->setObjectName(QStringLiteral("fraCampos"));
+    grdCampos = new clsVistaGrilla(fraCampos);
+    grdCampos->setObjectName(QStringLiteral("grdCampos"));
+    auto* columnaCampos = new QVBoxLayout(fraCampos);
+    columnaCampos->addWidget(grdCampos);
+    fraCampos->setFixedWidth(grdCampos->TwipsAPixeles(2000 + 840) + 44);
+
+    auto* arriba = new QHBoxLayout;
+    arriba->addWidget(fraInformacionDB);
+    arriba->addWidget(CrearPanelInformacionRegistro());
+    arriba->addStretch(1);
+    auto* abajo = new QHBoxLayout;
+    abajo->addWidget(CrearPanelRegistros(), 1);
+    abajo->addWidget(fraCampos);
+    auto* columna = new QVBoxLayout(fraDataBase);
+    columna->addLayout(arriba);
+    columna->addLayout(abajo, 1);
+    return fraDataBase;
+}
+
+// The resource-database panel: the application's totals and the databases it owns.
+QWidget* frmPandrel::CrearPanelRecursos() {
+    fraRecursos = new QGroupBox(QStringLiteral("Data Base"), this);
+    fraRecursos->setObjectName(QStringLiteral("fraRecursos"));
+
+    auto* fraInformacionAplicacion =
+        new QGroupBox(QStringLiteral("Application Information"), fraRecursos);
+    fraInformacionAplicacion->setObjectName(QStringLiteral("fraInformacionAplicacion"));
+    auto* fila = new QHBoxLayout(fraInformacionAplicacion);
+    const struct {
+        QString Nombre, Rotulo;
+        QLabel** Destino;
+    } totales[] = {
+        {QStringLiteral("lblCantidadObjetos"), QStringLiteral("Num Objects:"), &lblCantidadObjetos},
+        {QStringLiteral("lblTotalRegistros"), QStringLiteral("Num Records:"), &lblTotalRegistros},
+        {QStringLiteral("lblTamanioAplicacion"), QStringLiteral("Total Application Size:"),
+         &lblTamanioAplicacion},
+    };
+    for (const auto& t : totales) {
+        fila->addWidget(Etiqueta(t.Rotulo, fraInformacionAplicacion));
+        *t.Destino = Etiqueta(QString(), fraInformacionAplicacion, t.Nombre);
+        (*t.Destino)->setMinimumWidth(70);
+        fila->addWidget(*t.Destino);
+        fila->addSpacing(16);
+    }
+    fila->addStretch(1);
+
+    auto* fraEstructuraRecursos =
+        new QGroupBox(QStringLiteral("Application Structure"), fraRecursos);
+    fraEstructuraRecursos->setObjectName(QStringLiteral("fraEstructuraRecursos"));
+    grdRecursos = new clsVistaGrilla(fraEstructuraRecursos);
+    grdRecursos->setObjectName(QStringLiteral("grdRecursos"));
+    auto* columnaEstructura = new QVBoxLayout(fraEstructuraRecursos);
+    columnaEstructura->addWidget(grdRecursos);
+
+    auto* columna = new QVBoxLayout(fraRecursos);
+    columna->addWidget(fraInformacionAplicacion);
+    columna->addWidget(fraEstructuraRecursos, 1);
+    return fraRecursos;
+}
+
+void frmPandrel::Form_Load() {
+    QWidget* ventana = parentWidget() ? parentWidget() : this;
+    ventana->resize(grdCampos->TwipsAPixeles(kAnchoVentana),
+                    grdCampos->TwipsAPixeles(kAltoVentana));
+    mColumnaOrden = -1;
+    try {
+        std::shared_ptr<clsFuentePalm> fuente = modHandheld::FuenteActual();
+        if (!fuente)
+            throw ErrorVB(ErroresFuente::HandheldInaccesible, kFormulario,
+                          QStringLiteral("No handheld is chosen."));
+        // Reaching the handheld's catalogue is the connection: a handheld that cannot be read
+        // fails here.
+        fuente->CrearGestor()->ListarBases(-1);
+        // The catalogue walk reports its progress through this source.
+        mBase = std::make_unique<clsPalmPDB>(
+            std::make_shared<clsFuenteConProgreso>(fuente, [this](int xHechas, int xTotal) {
+                if (mMostrandoCatalogo) InformarProgreso(xHechas, xTotal);
+            }));
+        mOcupado = true;
+        if (MostrarMemoria()) {
+            CargarFormatoCampos();
+            CargarTiposDB();
+            CargarCreatorIDs();
+        }
+        mOcupado = false;
+        emit MensajeEstado(QString());
+        emit PunteroNormal();
+    } catch (const std::exception&) {
+        emit MensajeEstado(QStringLiteral("Connection error"));
+        emit PunteroNormal();
+        modDialogos::MsgBox(this, QStringLiteral("Palm Database connection error."),
+                            QMessageBox::Ok, QMessageBox::Warning, windowTitle());
+    }
+}
+
+bool frmPandrel::MostrarMemoria() {
+    for (QLabel* etiqueta : {lblTipo, lblFechaCreacion, lblFechaModificacion, lblFechaBackup})
+        etiqueta->clear();
+    try {
+        const TarjetaPalm tarjeta = clsPalmInformation().MemoryCard();
+        mPanelRom->setText(QStringLiteral("Rom: ") + TextoKB(tarjeta.TamanoRom) +
+                           QStringLiteral(" KB"));
+        mPanelRam->setText(QStringLiteral("Ram: ") + TextoKB(tarjeta.TamanoRam) +
+                           QStringLiteral(" KB"));
+        mPanelRamDisponible->setText(QStringLiteral("Available Ram: ") + TextoKB(tarjeta.RamLibre) +
+                                     QStringLiteral(" KB"));
+        return true;
+    } catch (const ErrorVB& e) {
+        modDialogos::MsgBox(this, e.Descripcion(), QMessageBox::Ok, QMessageBox::NoIcon,
+                            windowTitle());
+    } catch (const std::exception& e) {
+        modDialogos::MsgBox(this, QString::fromLocal8Bit(e.what()), QMessageBox::Ok,
+                            QMessageBox::NoIcon, windowTitle());
+    }
+    return false;
+}
+
+double frmPandrel::Val(const QString& xTexto) {
+    const QString texto = xTexto.trimmed();
+    qsizetype fin = 0;
+    if (fin < texto.size() && (texto[fin] == QLatin1Char('-') || texto[fin] == QLatin1Char('+')))
+        ++fin;
+    while (fin < texto.size() && texto[fin].isDigit())
+        ++fin;
+    if (fin < texto.size() && texto[fin] == QLatin1Char('.'))
+        for (++fin; fin < texto.size() && texto[fin].isDigit();)
+            ++fin;
+    bool ok = false;
+    const double valor = texto.left(fin).toDouble(&ok);
+    return ok ? valor : 0.0;
+}
+
+bool frmPandrel::Atrapar(const QString& xProcedimiento, const std::function<void()>& xTrabajo) {
+    try {
+        xTrabajo();
+        return true;
+    } catch (const ErrorVB& e) {
+        MostrarMensajeError(e, kFormulario, xProcedimiento);
+    } catch (const std::exception& e) {
+        MostrarMensajeError(0, QString::fromLocal8Bit(e.what()), QString(), kFormulario,
+                            xProcedimiento);
+    }
+    return false;
+}
+
+void frmPandrel::EmpezarTrabajoLargo() {
+    if (mTrabajoLargo++ == 0) mUltimoPintado.start();
+}
+
+void frmPandrel::TerminarTrabajoLargo() {
+    if (--mTrabajoLargo > 0) return;
+    emit Progreso(0, 0);
+    if (mCerrarAlTerminar)
+        QTimer::singleShot(0, this, [this] { (parentWidget() ? parentWidget() : this)->close(); });
+}
+
+// Clicks and keys wait until the work is done, so nothing can change the open database under it.
+void frmPandrel::DejarPintar() {
+    if (mTrabajoLargo == 0 || mUltimoPintado.elapsed() < kIntervaloPintado) return;
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    mUltimoPintado.restart();
+}
+
+void frmPandrel::InformarProgreso(int xHechos, int xTotal) {
+    if (mTrabajoLargo == 0 || mUltimoPintado.elapsed() < kIntervaloPintado) return;
+    emit Progreso(xHechos, xTotal);
+    DejarPintar();
+}
+
+void frmPandrel::closeEvent(QCloseEvent* xEvento) {
+    if (mTrabajoLargo > 0) {
+        mCerrarAlTerminar = true;
+        xEvento->ignore();
+        return;
+    }
+    xEvento->accept();
+}

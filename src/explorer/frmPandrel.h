@@ -1,0 +1,184 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QString>
+#include <QStringList>
+#include <QWidget>
+#include <functional>
+#include <memory>
+
+class clsPDBInterface;
+class clsVistaGrilla;
+class QCheckBox;
+class QComboBox;
+class QGroupBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QStackedWidget;
+class QStatusBar;
+class QToolBar;
+class QTreeWidget;
+class QTreeWidgetItem;
+
+// The explorer window: the handheld's databases in a tree grouped by creator, and for the chosen
+// database its header, schema and records, or for an application the databases it owns. It owns
+// one database-access object and opens one database at a time. It talks to the frame that holds
+// it only through its signals (progress messages, the frame's pointer).
+//
+// The class is written in units by concern: frmPandrel.cpp (the window, its controls, start-up
+// and memory panels), frmPandrelArbol.cpp (the tree and the node choice), frmPandrelPaneles.cpp
+// (the information, schema and application panels) and frmPandrelRegistros.cpp (the records).
+class frmPandrel : public QWidget {
+    Q_OBJECT
+public:
+    // Tree node data: the node's key and its picture number.
+    static constexpr int RolClave = Qt::UserRole;
+    static constexpr int RolImagen = Qt::UserRole + 1;
+
+    explicit frmPandrel(QWidget* xPadre = nullptr);
+    ~frmPandrel() override;
+
+    // Start-up: memory panels, schema grid, filter list and tree. Failures end in the frame's
+    // "Connection error" and a message; the window stays with whatever was built.
+    void Form_Load();
+
+    bool Ocupado() const { return mOcupado; }
+
+signals:
+    // For the frame's message panel.
+    void MensajeEstado(const QString& xTexto);
+    // The frame's pointer goes back to the arrow.
+    void PunteroNormal();
+    // Long work: xHechos of xTotal done; a total of 0 ends the progress display.
+    void Progreso(int xHechos, int xTotal);
+
+protected:
+    void closeEvent(QCloseEvent* xEvento) override;
+    bool eventFilter(QObject* xObjeto, QEvent* xEvento) override;
+
+private:
+    // Long work under way for as long as it lives.
+    struct TrabajoLargo {
+        explicit TrabajoLargo(frmPandrel& xVentana) : mVentana(xVentana) {
+            mVentana.EmpezarTrabajoLargo();
+        }
+        ~TrabajoLargo() { mVentana.TerminarTrabajoLargo(); }
+        TrabajoLargo(const TrabajoLargo&) = delete;
+        TrabajoLargo& operator=(const TrabajoLargo&) = delete;
+        frmPandrel& mVentana;
+    };
+
+    // frmPandrel.cpp
+    void CrearControles();
+    QWidget* CrearPanelBase();
+    QWidget* CrearPanelRecursos();
+    static QLabel* Etiqueta(const QString& xTexto, QWidget* xPadre,
+                            const QString& xNombre = QString());
+    bool MostrarMemoria();
+    // Runs xTrabajo under the trap of procedure xProcedimiento: a failure goes to the error
+    // report window and the work is abandoned. Returns whether it ran through.
+    static bool Atrapar(const QString& xProcedimiento, const std::function<void()>& xTrabajo);
+    // Long work: lets the window repaint now and then (user input waits until the work is done).
+    void EmpezarTrabajoLargo();
+    void TerminarTrabajoLargo();
+    void DejarPintar();
+    void InformarProgreso(int xHechos, int xTotal);
+    // The numeric value at the start of a text ("4" gives 4, "4x" 4, "x" 0).
+    static double Val(const QString& xTexto);
+
+    // frmPandrelArbol.cpp
+    // The entries of a catalogue list, each of which ends in a tab; text after the last tab is
+    // not an entry.
+    static QStringList EntradasLista(const QString& xLista);
+    void CargarTiposDB();
+    void CargarCreatorIDs();
+    void CargarBases(QTreeWidgetItem* xNodo);
+    QTreeWidgetItem* AgregarNodo(QTreeWidgetItem* xPadre, const QString& xClave,
+                                 const QString& xTexto, int xImagen);
+    void tvwDataBases_Expand(QTreeWidgetItem* xNodo);
+    void tvwDataBases_NodeClick(QTreeWidgetItem* xNodo);
+    void tvwDataBases_CurrentChange(QTreeWidgetItem* xNodo);
+    void ElegirNodo(QTreeWidgetItem* xNodo);
+    void cmbTiposDB_Click();
+
+    // frmPandrelPaneles.cpp
+    void CargarInformacionBase();
+    void CargarFormatoCampos();
+    void CargarFormatoRecurso();
+    void CargarRecursos(QTreeWidgetItem* xNodo);
+    QString FilaRecurso(const QString& xNombre);
+    void MostrarTotalesAplicacion();
+
+    // frmPandrelRegistros.cpp
+    QWidget* CrearPanelRegistros();
+    QWidget* CrearPanelInformacionRegistro();
+    QWidget* CrearSelectorCantidad();
+    void CargarFormatoTabla();
+    void CargarCategorias();
+    void CargarTabla(bool xReiniciar, qint16 xCantidad);
+    void LeerRegistros(bool& xReiniciar, qint16 xCantidad);
+    void AplicarReglaFijas();
+    void CargarInformacionRegistro();
+    void grdTabla_RowColChange();
+    void RefrescarRegistro();
+    qint16 CantidadARecuperar() const;
+
+    std::unique_ptr<clsPDBInterface> mBase;
+    bool mOcupado = false;          // loading or processing a node choice
+    bool mCargando = false;         // the record panel is being filled
+    bool mLlenandoGrilla = false;   // rows of the records grid are being cut or laid out
+    bool mCerrarAlTerminar = false; // a close came in during long work
+    int mTrabajoLargo = 0;          // depth of work that lets the window repaint
+    bool mMostrandoCatalogo = false;
+    bool mTeclaEnArbol = false;
+    QElapsedTimer mUltimoPintado;
+    qint16 mColumnaOrden = -1;
+    qint32 mModoOrden = 100;
+    QString mNombreUltimaBase;
+    qint32 mCantidadRegistros = 0;
+    qint32 mTotalRegistros = 0;
+    float mTotalTamanio = 0;
+
+    QTreeWidget* tvwDataBases = nullptr;
+    QComboBox* cmbTiposDB = nullptr;
+    QStackedWidget* mPaneles = nullptr;
+    QGroupBox* fraDataBase = nullptr;
+    QGroupBox* fraRecursos = nullptr;
+
+    QLabel* lblTipo = nullptr;
+    QLabel* lblVersion = nullptr;
+    QLabel* lblFechaCreacion = nullptr;
+    QLabel* lblFechaModificacion = nullptr;
+    QLabel* lblFechaBackup = nullptr;
+    QLabel* lblTamanio = nullptr;
+    QLineEdit* txtRegistrosARecuperar = nullptr;
+
+    clsVistaGrilla* grdCampos = nullptr;
+    clsVistaGrilla* grdTabla = nullptr;
+    clsVistaGrilla* grdRecursos = nullptr;
+    QToolBar* tlbOpciones = nullptr;
+    QPushButton* cmbRecuperarSiguientes = nullptr;
+    QComboBox* cmbCategorias = nullptr;
+    QCheckBox* chkSoloModificados = nullptr;
+
+    QLabel* lblCantidadRegistros = nullptr;
+    QLabel* lblRecordID = nullptr;
+    QLabel* lblCategoria = nullptr;
+    QLabel* lblIndice = nullptr;
+    QLabel* lblLongitudRegistro = nullptr;
+    QLabel* lblTotalRecuperado = nullptr;
+    QCheckBox* chkDirty = nullptr;
+    QCheckBox* chkDeleted = nullptr;
+    QCheckBox* chkSecret = nullptr;
+    QCheckBox* chkArchive = nullptr;
+
+    QLabel* lblCantidadObjetos = nullptr;
+    QLabel* lblTotalRegistros = nullptr;
+    QLabel* lblTamanioAplicacion = nullptr;
+
+    QStatusBar* sbarBarra = nullptr;
+    QLabel* mPanelRom = nullptr;
+    QLabel* mPanelRam = nullptr;
+    QLabel* mPanelRamDisponible = nullptr;
+};

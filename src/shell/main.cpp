@@ -1,0 +1,34 @@
+#include "common/ErrorVB.h"
+#include "errors/MostrarMensajeError.h"
+#include "shell/modMain.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+
+// pandrel [HANDHELD]: explores the handheld in folder HANDHELD, or the working copy of the
+// sample handheld when none is named.
+int main(int argc, char** argv) {
+    QApplication aplicacion(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Pandrel"));
+
+    QCommandLineParser opciones;
+    opciones.setApplicationDescription(
+        QStringLiteral("Explore and edit the databases of a Palm OS handheld."));
+    opciones.addHelpOption();
+    opciones.addPositionalArgument(
+        QStringLiteral("HANDHELD"),
+        QStringLiteral("Folder of the handheld's .pdb and .prc files (default: a working copy "
+                       "of the sample handheld)."),
+        QStringLiteral("[HANDHELD]"));
+    opciones.process(aplicacion);
+    if (opciones.positionalArguments().size() > 1) opciones.showHelp(2);
+
+    try {
+        const QString nombrada = opciones.positionalArguments().value(0);
+        modMain::Main(modMain::CarpetaHandheld(nombrada));
+    } catch (const ErrorVB& e) {
+        MostrarMensajeError(e, QStringLiteral("modMain"), QStringLiteral("Main"));
+        return 1;
+    }
+    return QApplication::exec();
+}
