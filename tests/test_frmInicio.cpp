@@ -1,0 +1,246 @@
+#include "common/clsConfiguracionRegional.h"
+#include "data/MensajesError.h"
+#include "data/clsFuenteCarpeta.h"
+#include "data/modHandheld.h"
+#include "explorer/frmPandrel.h"
+#include "shell/frmInicio.h"
+#include "shell/modDialogos.h"
+#include "support/modHandheldPrueba.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QLabel>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPointer>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <QToolBar>
+#include <gtest/gtest.h>
+#include <memory>
+
+using namespace modHandheldPrueba;
+
+QT_BEGIN_NAMESPACE
+inline void PrintTo(const QString& xTexto, std::ostream* xSalida) {
+    *xSalida << '"' << xTexto.toStdString() << '"';
+}
+QT_END_NAMESPACE
+
+namespace {
+
+// The folder handheld, noting what the frame showed when an explorer began to read it.
+class clsFuenteObservada : public clsFuentePalm {
+public:
+    clsFuenteObservada(const QString& xCarpeta, std::function<void()> xAlLeer)
+        : mFuente(std::make_shared<clsFuenteCarpeta>(xCarpeta)), mAlLeer(std::move(xAlLeer)) {}
+    std::unique_ptr<clsGestorBases> CrearGestor() override {
+        mAlLeer();
+        return mFuente->CrearGestor();
+    }
+    std::unique_ptr<clsSistemaPalm> CrearSistema() override { return mFuente->CrearSistema(); }
+    QString CodigoATexto(qint32 xCodigo, qint32 xOpcion) const override {
+        return mFuente->CodigoATexto(xCodigo, xOpcion);
+    }
+    QString CodigoPagina() const override { return mFuente->CodigoPagina(); }
+
+private:
+    std::shared_ptr<clsFuenteCarpeta> mFuente;
+    std::function<void()> mAlLeer;
+};
+
+class frmInicioTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        CargarMensajes();
+        clsConfiguracionRegional::EstablecerActual(
+            QLocale(QLocale::English, QLocale::UnitedStates));
+        ASSERT_TRUE(mDirectorio.isValid());
+        mCarpeta = mDirectorio.path();
+        clsArchivoPDB clientes = BaseRegistros("Clients", "DATA", "AFa1");
+        clientes.AppInfo = AppInfoAppForge("Clients", {{"Name", String}});
+        Guardar(mCarpeta, "Clients.pdb", clientes);
+        modHandheld::EstablecerFuente(
+            std::make_shared<clsFuenteObservada>(mCarpeta, [this] { Observar(); }));
+        modDialogos::ResponderMensajes([this](const modDialogos::PeticionMensaje& xPeticion) {
+            Mensajes << xPeticion.Texto;
+            return QMessageBox::Ok;
+        });
+        mInicio = new frmInicio;
+        mInicio->show();
+    }
+    void TearDown() override {
+        delete mInicio.data();
+        modDialogos::ResponderMensajes({});
+    }
+
+    void Observar() {
+        if (mInicio)
+            Vistos << QStringLiteral("%1|%2").arg(Mensaje()).arg(mInicio->cursor().shape());
+    }
+    QString Mensaje() const { return mInicio->findChild<QLabel*>("Mensaje")->text(); }
+    QAction* Menu(const char* xNombre) const {
+        QAction* item = mInicio->findChild<QAction*>(QString::fromLatin1(xNombre));
+        EXPECT_NE(item, nullptr) << xNombre;
+        return item;
+    }
+    QList<QMdiSubWindow*> Hijas() const { return mInicio->findChild<QMdiArea*>()->subWindowList(); }
+    // Runs xAccion while every modal window that opens is closed; returns their class names.
+    static QStringList ConModales(const std::function<void()>& xAccion) {
+        QStringList vistas;
+        QTimer reloj;
+        QObject::connect(&reloj, &QTimer::timeout, [&vistas] {
+            if (QWidget* modal = QApplication::activeModalWidget()) {
+                vistas << modal->metaObject()->className();
+                modal->close();
+            }
+        });
+        reloj.start(10);
+        xAccion();
+        return vistas;
+    }
+
+    QTemporaryDir mDirectorio;
+    QString mCarpeta;
+    QPointer<frmInicio> mInicio;
+    QStringList Mensajes;
+    QStringList Vistos;
+};
+
+TEST_F(frmInicioTest, TheFrameCarriesItsCaptionToolbarAndMenu) {
+    EXPECT_EQ(mInicio->windowTitle(), "Pandrel");
+    const QPair<QString, QString> botones[] = {
+        {"Archivos", "File Debugger"}, {"Informacion", "System Information"}, {"Volver", "Exit"}};
+    const QList<QAction*> acciones = mInicio->findChild<QToolBar*>("tlbOpciones")->actions();
+    ASSERT_EQ(acciones.size(), 3);
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(acciones[i]->objectName(), botones[i].first);
+        EXPECT_EQ(acciones[i]->text(), botones[i].second);
+        EXPECT_EQ(mInicio->Boton(botones[i].first), acciones[i]);
+    }
+    EXPECT_EQ(mInicio->Boton("Agregar"), nullptr);
+
+    struct Item {
+        const char* Nombre;
+        QString Texto;
+        const char* Padre; // "" for the menu bar
+    };
+    const Item items[] = {
+        {"mnuFileDebugger", "&File Debugger", ""},
+        {"mnuSystemInfo", "System &Information", ""},
+        {"mnuWindow", "&Window", ""},
+        {"mnuWindowTileHorizontal", "Tile &Horizontal", "mnuWindow"},
+        {"mnuWindowTileVertical", "Tile &Vertical", "mnuWindow"},
+        {"mnuWindowCascade", "&Cascade", "mnuWindow"},
+        {"mnuHelp", "&Help", ""},
+        {"mnuHelpAbout", "&About", "mnuHelp"},
+        {"mnuHelpSeparador", "", "mnuHelp"},
+        {"mnuHelpExit", "&Exit", "mnuHelp"},
+    };
+    for (const Item& item : items) {
+        QAction* accion = Menu(item.Nombre);
+        ASSERT_NE(accion, nullptr);
+        EXPECT_EQ(accion->text(), item.Texto) << item.Nombre;
+        const QList<QAction*> hermanos =
+            *item.Padre ? Menu(item.Padre)->menu()->actions() : mInicio->menuBar()->actions();
+        EXPECT_TRUE(hermanos.contains(accion)) << item.Nombre;
+    }
+    EXPECT_TRUE(Menu("mnuHelpSeparador")->isSeparator());
+}
+
+TEST_F(frmInicioTest, EachFileDebuggerCommandOpensAnotherExplorer) {
+    mInicio->tlbOpciones_ButtonClick(mInicio->Boton("Archivos"));
+    Menu("mnuFileDebugger")->trigger();
+    ASSERT_EQ(Hijas().size(), 2);
+    for (QMdiSubWindow* hija : Hijas()) {
+        auto* explorador = qobject_cast<frmPandrel*>(hija->widget());
+        ASSERT_NE(explorador, nullptr);
+        EXPECT_TRUE(hija->isVisible());
+        EXPECT_EQ(explorador->windowTitle(), "Explorer");
+        EXPECT_FALSE(explorador->Ocupado());
+    }
+    EXPECT_NE(Hijas()[0]->widget(), Hijas()[1]->widget());
+    // While an explorer reads the handheld the frame says so with the hourglass; then it is clear.
+    ASSERT_FALSE(Vistos.isEmpty());
+    EXPECT_EQ(Vistos.first(), QStringLiteral("Analizyng Palm databases...|%1").arg(Qt::WaitCursor));
+    EXPECT_EQ(Mensaje(), "");
+    EXPECT_EQ(mInicio->cursor().shape(), Qt::ArrowCursor);
+    EXPECT_FALSE(mInicio->findChild<QWidget*>("Progreso")->isVisible());
+    EXPECT_TRUE(Mensajes.isEmpty());
+}
+
+TEST_F(frmInicioTest, TheMenuActsOnlyThroughAnEnabledToolbarButton) {
+    struct Caso {
+        const char* Menu;
+        const char* Boton;
+    };
+    const Caso casos[] = {{"mnuFileDebugger", "Archivos"},
+                          {"mnuSystemInfo", "Informacion"},
+                          {"mnuHelpExit", "Volver"}};
+    for (const Caso& caso : casos) {
+        mInicio->Boton(caso.Boton)->setEnabled(false);
+        const QStringList modales = ConModales([&] { Menu(caso.Menu)->trigger(); });
+        EXPECT_TRUE(modales.isEmpty()) << caso.Menu;
+        mInicio->Boton(caso.Boton)->setEnabled(true);
+    }
+    EXPECT_TRUE(Hijas().isEmpty());
+    EXPECT_TRUE(mInicio->isVisible());
+
+    Menu("mnuHelpExit")->trigger();
+    EXPECT_FALSE(mInicio->isVisible());
+}
+
+TEST_F(frmInicioTest, InformationAndAboutOpenTheirWindowsModally) {
+    struct Caso {
+        std::function<void()> Accion;
+        QString Ventana;
+    };
+    const Caso casos[] = {
+        {[this] { Menu("mnuSystemInfo")->trigger(); }, "frmInformacion"},
+        {[this] { mInicio->tlbOpciones_ButtonClick(mInicio->Boton("Informacion")); },
+         "frmInformacion"},
+        {[this] { Menu("mnuHelpAbout")->trigger(); }, "frmSplash"},
+    };
+    for (const Caso& caso : casos)
+        EXPECT_EQ(ConModales(caso.Accion), QStringList{caso.Ventana});
+}
+
+TEST_F(frmInicioTest, TheWindowMenuArrangesTheExplorers) {
+    for (int i = 0; i < 2; ++i)
+        Menu("mnuFileDebugger")->trigger();
+    ASSERT_EQ(Hijas().size(), 2);
+    const QRect area = mInicio->findChild<QMdiArea*>()->viewport()->rect();
+
+    Menu("mnuWindowTileHorizontal")->trigger();
+    QRect a = Hijas()[0]->geometry(), b = Hijas()[1]->geometry();
+    EXPECT_EQ(a.width(), area.width());
+    EXPECT_EQ(b.width(), area.width());
+    EXPECT_EQ(a.left(), b.left());
+    EXPECT_EQ(std::abs(a.top() - b.top()), area.height() / 2);
+
+    Menu("mnuWindowTileVertical")->trigger();
+    a = Hijas()[0]->geometry(), b = Hijas()[1]->geometry();
+    EXPECT_EQ(a.height(), area.height());
+    EXPECT_EQ(a.top(), b.top());
+    EXPECT_EQ(std::abs(a.left() - b.left()), area.width() / 2);
+
+    Menu("mnuWindowCascade")->trigger();
+    a = Hijas()[0]->geometry(), b = Hijas()[1]->geometry();
+    EXPECT_NE(a.topLeft(), b.topLeft());
+    EXPECT_GT(std::abs(b.top() - a.top()), 0);
+    EXPECT_GT(std::abs(b.left() - a.left()), 0);
+}
+
+TEST_F(frmInicioTest, AHandheldThatCannotBeReadEndsInConnectionError) {
+    modHandheld::EstablecerFuente(std::make_shared<clsFuenteCarpeta>(mCarpeta + "/missing"));
+    Menu("mnuFileDebugger")->trigger();
+    EXPECT_EQ(Mensaje(), "Connection error");
+    EXPECT_EQ(mInicio->cursor().shape(), Qt::ArrowCursor);
+    EXPECT_EQ(Mensajes, QStringList{"Palm Database connection error."});
+    // The window stays open with what was built.
+    EXPECT_EQ(Hijas().size(), 1);
+}
+
+} // namespace
