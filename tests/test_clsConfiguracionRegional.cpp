@@ -3,6 +3,7 @@
 #include "common/modFecha.h"
 
 #include <QVariant>
+#include <cstring>
 #include <functional>
 #include <gtest/gtest.h>
 
@@ -44,6 +45,26 @@ TEST(TextoSingle, FormaGeneralConSieteCifras) {
     for (const auto& caso : casos)
         EXPECT_EQ(regional.TextoSingle(caso.valor), caso.texto) << caso.texto;
     EXPECT_EQ(clsConfiguracionRegional(DeDE).TextoSingle(12345678.0f), "1,234568E+07");
+}
+
+// Across the whole range of Singles the text matches the exact seven-digit rounding that Qt's
+// general format makes (which writes its exponent in lower case).
+TEST(TextoSingle, CoincideConElRedondeoExactoEnTodoElRango) {
+    const clsConfiguracionRegional regional(EnUS);
+    int distintos = 0;
+    for (quint64 bits = 1; bits < 0x7F800000u && distintos < 5; bits += 1999) {
+        float valor;
+        const auto patron = static_cast<quint32>(bits);
+        std::memcpy(&valor, &patron, sizeof valor);
+        const QString esperado = QString::number(double(valor), 'g', 7).toUpper();
+        if (regional.TextoSingle(valor) != esperado) {
+            ++distintos;
+            ADD_FAILURE() << std::hex << patron << ": " << regional.TextoSingle(valor).toStdString()
+                          << " != " << esperado.toStdString();
+        }
+        if (regional.TextoSingle(-valor) != QLatin1Char('-') + esperado) ++distintos;
+    }
+    EXPECT_EQ(distintos, 0);
 }
 
 TEST(TextoNumero, FormaGeneralSinAgrupar) {

@@ -20,20 +20,61 @@ const QDate DiaCero(1899, 12, 30);
 
 // ---- Digits ---------------------------------------------------------------------------------
 
-void AgregarEntero(QString& xDestino, int xValor, int xAncho) {
-    char cifras[12];
-    int largo = 0;
-    unsigned valor = static_cast<unsigned>(xValor < 0 ? -xValor : xValor);
-    do {
-        cifras[largo++] = static_cast<char>('0' + valor % 10);
-        valor /= 10;
-    } while (valor != 0);
-    if (xValor < 0) xDestino.append(QLatin1Char('-'));
-    for (int relleno = largo; relleno < xAncho; ++relleno)
-        xDestino.append(QLatin1Char('0'));
-    while (largo > 0)
-        xDestino.append(QLatin1Char(cifras[--largo]));
-}
+// Gathers a text in a local buffer and hands it to the destination in one append: the record
+// reader builds hundreds of thousands of these texts.
+class Escritor {
+public:
+    explicit Escritor(QString& xDestino) : mDestino(xDestino) {}
+    ~Escritor() { Vaciar(); }
+    Escritor(const Escritor&) = delete;
+    Escritor& operator=(const Escritor&) = delete;
+
+    void Letra(char16_t xLetra) {
+        if (mCantidad == Capacidad) Vaciar();
+        mLetras[mCantidad++] = xLetra;
+    }
+    void Letras(const char* xLetras, qsizetype xCantidad) {
+        for (qsizetype k = 0; k < xCantidad; ++k)
+            Letra(static_cast<uchar>(xLetras[k]));
+    }
+    void Texto(const QString& xTexto) {
+        if (xTexto.size() > Capacidad - mCantidad) {
+            Vaciar();
+            if (xTexto.size() > Capacidad) {
+                mDestino += xTexto;
+                return;
+            }
+        }
+        std::memcpy(mLetras + mCantidad, xTexto.utf16(), sizeof(char16_t) * xTexto.size());
+        mCantidad += static_cast<int>(xTexto.size());
+    }
+    void Entero(int xValor, int xAncho) {
+        char cifras[16];
+        char* const fin = cifras + sizeof cifras;
+        char* inicio = fin;
+        unsigned valor = static_cast<unsigned>(xValor < 0 ? -xValor : xValor);
+        do {
+            *--inicio = static_cast<char>('0' + valor % 10);
+            valor /= 10;
+        } while (valor != 0);
+        while (fin - inicio < xAncho && inicio > cifras + 1)
+            *--inicio = '0';
+        if (xValor < 0) *--inicio = '-';
+        Letras(inicio, fin - inicio);
+    }
+
+private:
+    void Vaciar() {
+        if (mCantidad == 0) return;
+        mDestino.append(reinterpret_cast<const QChar*>(mLetras), mCantidad);
+        mCantidad = 0;
+    }
+
+    static constexpr int Capacidad = 64;
+    QString& mDestino;
+    char16_t mLetras[Capacidad];
+    int mCantidad = 0;
+};
 
 // The significant digits of a finite, non-zero value rounded to xDigitos digits, with trailing
 // zeros removed, and the decimal exponent of the first digit.
@@ -43,19 +84,99 @@ struct Cifras {
     int Exponente = 0;
 };
 
-Cifras Significativas(double xValor, int xDigitos) {
-    char texto[48];
+void QuitarCerosFinales(Cifras& xCifras) {
+    while (xCifras.Cantidad > 1 && xCifras.Digitos[xCifras.Cantidad - 1] == '0')
+        --xCifras.Cantidad;
+}
+
+// Rounds half away from zero on the exact decimal expansion of the value, as the desktop does.
+Cifras SignificativasExactas(double xValor, int xDigitos) {
+    // Enough digits to hold the whole expansion of any double.
+    static thread_local char texto[800];
     const auto resultado = std::to_chars(texto, texto + sizeof texto, std::fabs(xValor),
-                                         std::chars_format::scientific, xDigitos - 1);
-    Cifras cifras;
+                                         std::chars_format::scientific, 770);
+    char digitos[800];
+    int cantidad = 0;
     const char* p = texto;
     for (; p < resultado.ptr && *p != 'e'; ++p) {
-        if (*p != '.') cifras.Digitos[cifras.Cantidad++] = *p;
+        if (*p != '.') digitos[cantidad++] = *p;
     }
+    Cifras cifras;
     std::from_chars(p + 1 + (p[1] == '+'), resultado.ptr, cifras.Exponente);
-    while (cifras.Cantidad > 1 && cifras.Digitos[cifras.Cantidad - 1] == '0')
-        --cifras.Cantidad;
+    bool subir = cantidad > xDigitos && digitos[xDigitos] >= '5';
+    for (int k = xDigitos - 1; k >= 0; --k) {
+        char digito = digitos[k];
+        if (subir) {
+            subir = digito == '9';
+            digito = subir ? '0' : static_cast<char>(digito + 1);
+        }
+        cifras.Digitos[k] = digito;
+    }
+    cifras.Cantidad = xDigitos;
+    if (subir) {
+        cifras.Digitos[0] = '1';
+        ++cifras.Exponente;
+    }
+    QuitarCerosFinales(cifras);
     return cifras;
+}
+
+// Powers of ten as doubles; exact up to 1e22, within half an ulp beyond.
+struct Potencias {
+    double Valor[64];
+    constexpr Potencias() : Valor() {
+        double potencia = 1;
+        for (int k = 0; k < 64; ++k) {
+            Valor[k] = potencia;
+            potencia *= 10;
+        }
+    }
+};
+constexpr Potencias PotenciasDeDiez;
+
+// The few digits of a Single by scaling in double precision, which carries far more digits than
+// needed; a value that lands too near a rounding tie goes the exact way.
+bool SignificativasRapidas(double xValor, int xDigitos, Cifras& xCifras) {
+    const double valor = std::fabs(xValor);
+    int binario = 0;
+    std::frexp(valor, &binario);
+    int e = static_cast<int>(std::floor((binario - 1) * 0.30102999566398120));
+    const double minimo = PotenciasDeDiez.Valor[xDigitos - 1];
+    const double maximo = PotenciasDeDiez.Valor[xDigitos];
+    double escalado = 0;
+    for (int intento = 0; intento < 3; ++intento) {
+        const int k = xDigitos - 1 - e;
+        if (k >= 64 || k <= -64) return false;
+        escalado = k >= 0 ? valor * PotenciasDeDiez.Valor[k] : valor / PotenciasDeDiez.Valor[-k];
+        if (escalado >= maximo)
+            ++e;
+        else if (escalado < minimo)
+            --e;
+        else
+            break;
+    }
+    if (escalado < minimo || escalado >= maximo) return false;
+    if (std::fabs(escalado - std::floor(escalado) - 0.5) < 1e-6) return false;
+    auto entero = static_cast<qint64>(std::nearbyint(escalado));
+    if (entero >= static_cast<qint64>(maximo)) {
+        entero /= 10;
+        ++e;
+    }
+    for (int k = xDigitos - 1; k >= 0; --k) {
+        xCifras.Digitos[k] = static_cast<char>('0' + entero % 10);
+        entero /= 10;
+    }
+    xCifras.Cantidad = xDigitos;
+    xCifras.Exponente = e;
+    QuitarCerosFinales(xCifras);
+    return true;
+}
+
+// The significant digits of a finite, non-zero value rounded to xDigitos digits.
+Cifras Significativas(double xValor, int xDigitos) {
+    Cifras cifras;
+    if (xDigitos <= 9 && SignificativasRapidas(xValor, xDigitos, cifras)) return cifras;
+    return SignificativasExactas(xValor, xDigitos);
 }
 
 // ---- Date patterns ----------------------------------------------------------------------------
@@ -508,53 +629,128 @@ namespace {
 
 // The desktop's general number form: up to xDigitos significant digits; the exponent form
 // (1.234568E+07, 1E-05) when the exponent reaches xDigitos or falls below -4.
-QString TextoGeneral(double xValor, int xDigitos, QChar xDecimal, const QString& xMenos) {
-    if (std::isnan(xValor))
-        return std::signbit(xValor) ? QStringLiteral("-1.#QNAN") : QStringLiteral("1.#QNAN");
-    if (std::isinf(xValor))
-        return xValor < 0 ? QStringLiteral("-1.#INF") : QStringLiteral("1.#INF");
-    if (xValor == 0) return QStringLiteral("0");
+void TextoGeneral(Escritor& xTexto, double xValor, int xDigitos, QChar xDecimal,
+                  const QString& xMenos) {
+    if (std::isnan(xValor)) {
+        xTexto.Texto(std::signbit(xValor) ? QStringLiteral("-1.#QNAN") : QStringLiteral("1.#QNAN"));
+        return;
+    }
+    if (std::isinf(xValor)) {
+        xTexto.Texto(xValor < 0 ? QStringLiteral("-1.#INF") : QStringLiteral("1.#INF"));
+        return;
+    }
+    if (xValor == 0) {
+        xTexto.Letra(u'0');
+        return;
+    }
     const Cifras cifras = Significativas(xValor, xDigitos);
-    QString texto;
-    texto.reserve(xDigitos + 8);
-    if (xValor < 0) texto += xMenos;
+    if (xValor < 0) xTexto.Texto(xMenos);
     const int e = cifras.Exponente;
     if (e >= xDigitos || e < -4) {
-        texto.append(QLatin1Char(cifras.Digitos[0]));
+        xTexto.Letra(cifras.Digitos[0]);
         if (cifras.Cantidad > 1) {
-            texto.append(xDecimal);
-            texto.append(QLatin1String(cifras.Digitos + 1, cifras.Cantidad - 1));
+            xTexto.Letra(xDecimal.unicode());
+            xTexto.Letras(cifras.Digitos + 1, cifras.Cantidad - 1);
         }
-        texto.append(QLatin1Char('E'));
-        texto.append(QLatin1Char(e < 0 ? '-' : '+'));
-        AgregarEntero(texto, e < 0 ? -e : e, 2);
-        return texto;
+        xTexto.Letra(u'E');
+        xTexto.Letra(e < 0 ? u'-' : u'+');
+        xTexto.Entero(e < 0 ? -e : e, 2);
+        return;
     }
     if (e < 0) {
-        texto.append(QLatin1Char('0'));
-        texto.append(xDecimal);
+        xTexto.Letra(u'0');
+        xTexto.Letra(xDecimal.unicode());
         for (int cero = e + 1; cero < 0; ++cero)
-            texto.append(QLatin1Char('0'));
-        texto.append(QLatin1String(cifras.Digitos, cifras.Cantidad));
-        return texto;
+            xTexto.Letra(u'0');
+        xTexto.Letras(cifras.Digitos, cifras.Cantidad);
+        return;
     }
     for (int k = 0; k <= e; ++k)
-        texto.append(QLatin1Char(k < cifras.Cantidad ? cifras.Digitos[k] : '0'));
+        xTexto.Letra(k < cifras.Cantidad ? cifras.Digitos[k] : '0');
     if (cifras.Cantidad > e + 1) {
-        texto.append(xDecimal);
-        texto.append(QLatin1String(cifras.Digitos + e + 1, cifras.Cantidad - e - 1));
+        xTexto.Letra(xDecimal.unicode());
+        xTexto.Letras(cifras.Digitos + e + 1, cifras.Cantidad - e - 1);
     }
-    return texto;
+}
+
+// One date through a compiled pattern.
+void EscribirFecha(Escritor& xTexto, const QDate& xDia, const QTime& xHora, const Patron& xPatron,
+                   const QLocale& xLocale) {
+    int anio = 0, mes = 0, dia = 0;
+    xDia.getDate(&anio, &mes, &dia);
+    const int hora = xHora.hour();
+    for (const Pieza& pieza : xPatron) {
+        switch (pieza.Clase) {
+        case Pieza::Literal:
+            xTexto.Texto(pieza.Texto);
+            break;
+        case Pieza::Dia:
+            xTexto.Entero(dia, pieza.Ancho);
+            break;
+        case Pieza::NombreDiaCorto:
+            xTexto.Texto(xLocale.dayName(xDia.dayOfWeek(), QLocale::ShortFormat));
+            break;
+        case Pieza::NombreDiaLargo:
+            xTexto.Texto(xLocale.dayName(xDia.dayOfWeek(), QLocale::LongFormat));
+            break;
+        case Pieza::Mes:
+            xTexto.Entero(mes, pieza.Ancho);
+            break;
+        case Pieza::NombreMesCorto:
+            xTexto.Texto(xLocale.monthName(mes, QLocale::ShortFormat));
+            break;
+        case Pieza::NombreMesLargo:
+            xTexto.Texto(xLocale.monthName(mes, QLocale::LongFormat));
+            break;
+        case Pieza::Anio2:
+            xTexto.Entero(anio % 100, 2);
+            break;
+        case Pieza::Anio4:
+            xTexto.Entero(anio, 4);
+            break;
+        case Pieza::DiaDelAnio:
+            xTexto.Entero(xDia.dayOfYear(), 1);
+            break;
+        case Pieza::Hora12:
+            xTexto.Entero(hora % 12 == 0 ? 12 : hora % 12, pieza.Ancho);
+            break;
+        case Pieza::Hora24:
+            xTexto.Entero(hora, pieza.Ancho);
+            break;
+        case Pieza::Minuto:
+            xTexto.Entero(xHora.minute(), pieza.Ancho);
+            break;
+        case Pieza::Segundo:
+            xTexto.Entero(xHora.second(), pieza.Ancho);
+            break;
+        case Pieza::Milisegundo:
+            xTexto.Entero(xHora.msec(), pieza.Ancho);
+            break;
+        case Pieza::AmPm:
+            xTexto.Texto(hora < 12 ? pieza.Texto : pieza.Texto2);
+            break;
+        }
+    }
 }
 
 } // namespace
 
 QString clsConfiguracionRegional::TextoNumero(double xValor) const {
-    return TextoGeneral(xValor, 15, mDecimal, mMenos);
+    QString texto;
+    Escritor escritor(texto);
+    TextoGeneral(escritor, xValor, 15, mDecimal, mMenos);
+    return texto;
 }
 
 QString clsConfiguracionRegional::TextoSingle(float xValor) const {
-    return TextoGeneral(xValor, 7, mDecimal, mMenos);
+    QString texto;
+    AgregarTextoSingle(texto, xValor);
+    return texto;
+}
+
+void clsConfiguracionRegional::AgregarTextoSingle(QString& xDestino, float xValor) const {
+    Escritor escritor(xDestino);
+    TextoGeneral(escritor, xValor, 7, mDecimal, mMenos);
 }
 
 // Formats of digits: '0' a digit always shown, '#' a digit shown when significant, '.' the
@@ -648,86 +844,35 @@ QString clsConfiguracionRegional::Formato(double xValor, const QString& xFormato
 
 // ---- Date texts ---------------------------------------------------------------------------------
 
-void clsConfiguracionRegional::AgregarFecha(QString& xDestino, const QDate& xDia,
-                                            const QTime& xHora, const PatronFecha& xPatron) const {
-    for (const Pieza& pieza : xPatron) {
-        switch (pieza.Clase) {
-        case Pieza::Literal:
-            xDestino += pieza.Texto;
-            break;
-        case Pieza::Dia:
-            AgregarEntero(xDestino, xDia.day(), pieza.Ancho);
-            break;
-        case Pieza::NombreDiaCorto:
-            xDestino += mLocale.dayName(xDia.dayOfWeek(), QLocale::ShortFormat);
-            break;
-        case Pieza::NombreDiaLargo:
-            xDestino += mLocale.dayName(xDia.dayOfWeek(), QLocale::LongFormat);
-            break;
-        case Pieza::Mes:
-            AgregarEntero(xDestino, xDia.month(), pieza.Ancho);
-            break;
-        case Pieza::NombreMesCorto:
-            xDestino += mLocale.monthName(xDia.month(), QLocale::ShortFormat);
-            break;
-        case Pieza::NombreMesLargo:
-            xDestino += mLocale.monthName(xDia.month(), QLocale::LongFormat);
-            break;
-        case Pieza::Anio2:
-            AgregarEntero(xDestino, xDia.year() % 100, 2);
-            break;
-        case Pieza::Anio4:
-            AgregarEntero(xDestino, xDia.year(), 4);
-            break;
-        case Pieza::DiaDelAnio:
-            AgregarEntero(xDestino, xDia.dayOfYear(), 1);
-            break;
-        case Pieza::Hora12:
-            AgregarEntero(xDestino, xHora.hour() % 12 == 0 ? 12 : xHora.hour() % 12, pieza.Ancho);
-            break;
-        case Pieza::Hora24:
-            AgregarEntero(xDestino, xHora.hour(), pieza.Ancho);
-            break;
-        case Pieza::Minuto:
-            AgregarEntero(xDestino, xHora.minute(), pieza.Ancho);
-            break;
-        case Pieza::Segundo:
-            AgregarEntero(xDestino, xHora.second(), pieza.Ancho);
-            break;
-        case Pieza::Milisegundo:
-            AgregarEntero(xDestino, xHora.msec(), pieza.Ancho);
-            break;
-        case Pieza::AmPm:
-            xDestino += xHora.hour() < 12 ? pieza.Texto : pieza.Texto2;
-            break;
-        }
-    }
-}
-
 QString clsConfiguracionRegional::Fecha(const QDateTime& xFecha, const PatronFecha& xPatron) const {
     QString texto;
     if (!xFecha.isValid()) return texto;
-    texto.reserve(24);
-    AgregarFecha(texto, xFecha.date(), xFecha.time(), xPatron);
+    Escritor escritor(texto);
+    EscribirFecha(escritor, xFecha.date(), xFecha.time(), xPatron, mLocale);
     return texto;
 }
 
 QString clsConfiguracionRegional::TextoFechaGeneral(const QDateTime& xFecha) const {
     QString texto;
-    if (!xFecha.isValid()) return texto;
+    AgregarFechaGeneral(texto, xFecha);
+    return texto;
+}
+
+void clsConfiguracionRegional::AgregarFechaGeneral(QString& xDestino,
+                                                   const QDateTime& xFecha) const {
+    if (!xFecha.isValid()) return;
     const QDate dia = xFecha.date();
     const QTime hora = xFecha.time();
-    texto.reserve(24);
+    Escritor escritor(xDestino);
     if (dia == DiaCero) {
-        AgregarFecha(texto, dia, hora, mHoraLarga);
+        EscribirFecha(escritor, dia, hora, mHoraLarga, mLocale);
     } else if (hora.msecsSinceStartOfDay() == 0) {
-        AgregarFecha(texto, dia, hora, mFechaCorta);
+        EscribirFecha(escritor, dia, hora, mFechaCorta, mLocale);
     } else {
-        AgregarFecha(texto, dia, hora, mFechaCorta);
-        texto += QLatin1Char(' ');
-        AgregarFecha(texto, dia, hora, mHoraLarga);
+        EscribirFecha(escritor, dia, hora, mFechaCorta, mLocale);
+        escritor.Letra(u' ');
+        EscribirFecha(escritor, dia, hora, mHoraLarga, mLocale);
     }
-    return texto;
 }
 
 QString clsConfiguracionRegional::TextoFechaCorta(const QDateTime& xFecha) const {

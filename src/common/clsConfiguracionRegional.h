@@ -23,9 +23,11 @@ public:
     QString TextoNumero(double xValor) const;
     // General number text of a Single: shortest form, at most 7 significant digits.
     QString TextoSingle(float xValor) const;
+    void AgregarTextoSingle(QString& xDestino, float xValor) const;
     // General date-time text: short date and long time; the date alone at midnight, the time
     // alone on day 0 (1899-12-30).
     QString TextoFechaGeneral(const QDateTime& xFecha) const;
+    void AgregarFechaGeneral(QString& xDestino, const QDateTime& xFecha) const;
     // Short date text.
     QString TextoFechaCorta(const QDateTime& xFecha) const;
     // A number through a format of digits: "0.00", "#0.##" (which always keeps its separator).
@@ -70,8 +72,6 @@ public:
 
 private:
     QString Fecha(const QDateTime& xFecha, const PatronFecha& xPatron) const;
-    void AgregarFecha(QString& xDestino, const QDate& xDia, const QTime& xHora,
-                      const PatronFecha& xPatron) const;
     const PatronFecha& PatronDe(const QString& xFormato) const;
     double LeerNumero(const QString& xTexto, const char* xFuente) const;
 

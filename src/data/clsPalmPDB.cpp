@@ -82,34 +82,8 @@ quint8 ByteEn(const QByteArray& xBuffer, qint32 xPos, const char* xFuente) {
     return static_cast<quint8>(xBuffer.at(xPos));
 }
 
-void AgregarEntero(QString& xDestino, qint64 xValor) {
-    char cifras[24];
-    int largo = 0;
-    quint64 valor = xValor < 0 ? 0 - static_cast<quint64>(xValor) : static_cast<quint64>(xValor);
-    do {
-        cifras[largo++] = static_cast<char>('0' + valor % 10);
-        valor /= 10;
-    } while (valor != 0);
-    if (xValor < 0) xDestino.append(QLatin1Char('-'));
-    while (largo > 0)
-        xDestino.append(QLatin1Char(cifras[--largo]));
-}
-
 bool EsBlanco(QChar c) {
     return c == QLatin1Char(' ');
-}
-
-// Blanks around the text appended from xInicio on are dropped, as the record text never shows
-// them.
-void RecortarDesde(QString& xTexto, qsizetype xInicio) {
-    qsizetype fin = xTexto.size();
-    while (fin > xInicio && EsBlanco(xTexto.at(fin - 1)))
-        --fin;
-    xTexto.truncate(fin);
-    qsizetype primero = xInicio;
-    while (primero < fin && EsBlanco(xTexto.at(primero)))
-        ++primero;
-    if (primero > xInicio) xTexto.remove(xInicio, primero - xInicio);
 }
 
 QString SinBlancos(const QString& xTexto) {
@@ -143,6 +117,72 @@ qint64 ValorInicial(QStringView xTexto) {
 }
 
 } // namespace
+
+// The text of one record, gathered in a buffer the object keeps, so that reading a record makes
+// one string and nothing else.
+class clsPalmPDB::TextoRegistro {
+public:
+    explicit TextoRegistro(std::vector<char16_t>& xLetras) : mLetras(xLetras) {
+        if (mLetras.size() < 256) mLetras.resize(256);
+    }
+
+    qsizetype Cantidad() const { return mCantidad; }
+
+    void Letra(char16_t xLetra) {
+        Asegurar(1);
+        mLetras[mCantidad++] = xLetra;
+    }
+    void Latin1(QLatin1String xTexto) {
+        Asegurar(xTexto.size());
+        for (const char letra : xTexto)
+            mLetras[mCantidad++] = static_cast<uchar>(letra);
+    }
+    void Texto(const QString& xTexto) {
+        Asegurar(xTexto.size());
+        std::memcpy(mLetras.data() + mCantidad, xTexto.utf16(),
+                    sizeof(char16_t) * static_cast<size_t>(xTexto.size()));
+        mCantidad += xTexto.size();
+    }
+    void Entero(qint64 xValor) {
+        char cifras[24];
+        char* const fin = cifras + sizeof cifras;
+        char* inicio = fin;
+        quint64 valor =
+            xValor < 0 ? 0 - static_cast<quint64>(xValor) : static_cast<quint64>(xValor);
+        do {
+            *--inicio = static_cast<char>('0' + valor % 10);
+            valor /= 10;
+        } while (valor != 0);
+        if (xValor < 0) *--inicio = '-';
+        Latin1(QLatin1String(inicio, fin));
+    }
+    // Drops the last xCantidad characters.
+    void Recortar(qsizetype xCantidad) { mCantidad = qMax<qsizetype>(mCantidad - xCantidad, 0); }
+    // Drops the blanks around the text gathered from xInicio on.
+    void RecortarBlancos(qsizetype xInicio) {
+        while (mCantidad > xInicio && mLetras[mCantidad - 1] == u' ')
+            --mCantidad;
+        qsizetype primero = xInicio;
+        while (primero < mCantidad && mLetras[primero] == u' ')
+            ++primero;
+        if (primero == xInicio) return;
+        std::memmove(mLetras.data() + xInicio, mLetras.data() + primero,
+                     sizeof(char16_t) * static_cast<size_t>(mCantidad - primero));
+        mCantidad -= primero - xInicio;
+    }
+    QString ComoQString() const {
+        return QString(reinterpret_cast<const QChar*>(mLetras.data()), mCantidad);
+    }
+
+private:
+    void Asegurar(qsizetype xMas) {
+        const auto necesario = static_cast<size_t>(mCantidad + xMas);
+        if (necesario > mLetras.size()) mLetras.resize(qMax(necesario, 2 * mLetras.size()));
+    }
+
+    std::vector<char16_t>& mLetras;
+    qsizetype mCantidad = 0;
+};
 
 clsPalmPDB::clsPalmPDB() : clsPalmPDB(modHandheld::FuenteActual()) {}
 
@@ -463,61 +503,68 @@ qint32 clsPalmPDB::LeerRegistro(bool xMoverAlPrincipio, QString& xRegistro,
     if (cargar) {
         mTiposCampo.clear();
         mTiposCampo.reserve(qMax<qint16>(campos, 0));
+        mCodigosCampo.clear();
     }
-    xRegistro.reserve(mRegistroActual.size() + campos * (xSeparator.size() + 12));
+    TextoRegistro texto(mTextoRegistro);
     qint32 pos = 0;
     for (qint16 i = 0; i < campos; ++i) {
-        if (cargar) mTiposCampo.append(FieldType(i));
+        if (cargar) {
+            mTiposCampo.append(FieldType(i));
+            mCodigosCampo.push_back(CodigoDeNombre(mTiposCampo.back()));
+        }
         if (i >= mTiposCampo.size())
             throw ErrorVB::SubscriptOutOfRange(QStringLiteral("ReadRecord"));
-        AgregarCampo(xRegistro, mTiposCampo.at(i), pos, xSeparator);
-        xRegistro += xSeparator;
+        AgregarCampo(texto, mCodigosCampo[i], pos, xSeparator);
+        texto.Texto(xSeparator);
     }
     if (cargar) mCargarTipos = false;
-    if (!xRegistro.isEmpty()) xRegistro.chop(xSeparator.size());
+    if (texto.Cantidad() > 0) texto.Recortar(xSeparator.size());
+    xRegistro = texto.ComoQString();
     return mIDActual;
 }
 
 // Appends one field's text, read from mRegistroActual at xPos, and moves xPos past the field.
-void clsPalmPDB::AgregarCampo(QString& xRegistro, const QString& xTipo, qint32& xPos,
+void clsPalmPDB::AgregarCampo(TextoRegistro& xTexto, quint8 xCodigoTipo, qint32& xPos,
                               const QString& xSeparator) {
-    const qsizetype inicio = xRegistro.size();
+    const qsizetype inicio = xTexto.Cantidad();
     const clsConfiguracionRegional& regional = clsConfiguracionRegional::Actual();
-    switch (CodigoDeNombre(xTipo)) {
+    mTextoCampo.resize(0);
+    switch (xCodigoTipo) {
     case TipoByte:
-        AgregarEntero(xRegistro, ByteEn(mRegistroActual, xPos, "ReadRecord"));
+        xTexto.Entero(ByteEn(mRegistroActual, xPos, "ReadRecord"));
         xPos = PosicionEn(xPos + qint64(1), "ReadRecord");
         break;
     case TipoInt:
-        AgregarEntero(xRegistro, LeerInt(mRegistroActual, xPos));
+        xTexto.Entero(LeerInt(mRegistroActual, xPos));
         break;
     case TipoLong:
-        AgregarEntero(xRegistro, LeerLong(mRegistroActual, xPos));
+        xTexto.Entero(LeerLong(mRegistroActual, xPos));
         break;
     case TipoSingle:
-        xRegistro += regional.TextoSingle(LeerSingle(mRegistroActual, xPos));
+        regional.AgregarTextoSingle(mTextoCampo, LeerSingle(mRegistroActual, xPos));
+        xTexto.Texto(mTextoCampo);
         break;
-    case TipoString:
-        if (xSeparator == QLatin1String(",")) {
-            xRegistro += QLatin1Char('"');
-            xRegistro += LeerTexto(mRegistroActual, xPos, *mTabla);
-            xRegistro += QLatin1Char('"');
-        } else {
-            xRegistro += LeerTexto(mRegistroActual, xPos, *mTabla);
-        }
+    case TipoString: {
+        const bool comillas = xSeparator.size() == 1 && xSeparator.front() == QLatin1Char(',');
+        AgregarTexto(mTextoCampo, mRegistroActual, xPos, *mTabla);
+        if (comillas) xTexto.Letra(u'"');
+        xTexto.Texto(mTextoCampo);
+        if (comillas) xTexto.Letra(u'"');
         break;
+    }
     case TipoBoolean:
-        xRegistro += ByteEn(mRegistroActual, xPos, "ReadRecord") != 0 ? QLatin1String("True")
-                                                                      : QLatin1String("False");
+        xTexto.Latin1(ByteEn(mRegistroActual, xPos, "ReadRecord") != 0 ? QLatin1String("True")
+                                                                       : QLatin1String("False"));
         xPos = PosicionEn(xPos + qint64(1), "ReadRecord");
         break;
     case TipoDate:
-        xRegistro += regional.TextoFechaGeneral(LeerFecha(mRegistroActual, xPos));
+        regional.AgregarFechaGeneral(mTextoCampo, LeerFecha(mRegistroActual, xPos));
+        xTexto.Texto(mTextoCampo);
         break;
-    case Desconocido:
+    default:
         break;
     }
-    RecortarDesde(xRegistro, inicio);
+    xTexto.RecortarBlancos(inicio);
 }
 
 qint32 clsPalmPDB::PosicionCampo(qint32 xNroCampo) {

@@ -8,6 +8,7 @@
 #include <QString>
 #include <QStringList>
 #include <memory>
+#include <vector>
 
 // The database-access contract over a source of Palm databases. One object keeps at most one
 // database open; the catalogue works without one. AppForge record databases are decoded by the
@@ -53,11 +54,13 @@ public:
     bool IsAppForgeDB() override;
 
 private:
+    class TextoRegistro;
+
     bool OpenDataBase(const QString& xNombre);
     bool OpenResource(const QString& xNombre);
     qint32 LeerRegistro(bool xMoverAlPrincipio, QString& xRegistro, const QString& xSeparator,
                         qint32 xCategoryID, bool xModified, qint32 xRecordID);
-    void AgregarCampo(QString& xRegistro, const QString& xTipo, qint32& xPos,
+    void AgregarCampo(TextoRegistro& xTexto, quint8 xCodigoTipo, qint32& xPos,
                       const QString& xSeparator);
     qint32 PosicionCampo(qint32 xNroCampo);
     void DesplazarBytes(QByteArray& xBuffer, qint32 xInicio, qint32 xCambio);
@@ -85,6 +88,10 @@ private:
     QByteArray mRegistroActual;
     bool mCargarTipos = false;
     QStringList mTiposCampo;
+    std::vector<quint8> mCodigosCampo; // the type codes of mTiposCampo, for the record reader
+    // Working space of the record reader, kept between records so that reading allocates little.
+    std::vector<char16_t> mTextoRegistro;
+    QString mTextoCampo;
     bool mEnumerando = false;
     // The creator lists of RetrieveCreatorsID, kept by kind (0, 1, 2) once built.
     QString mCreadoresAppForge;

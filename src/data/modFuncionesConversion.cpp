@@ -141,18 +141,26 @@ QDateTime LeerFecha(const QByteArray& xBuffer, qint32& xPos) {
     return SegundaEpoca().addSecs(enteros - SegundosEntreEpocas);
 }
 
-QString LeerTexto(const QByteArray& xBuffer, qint32& xPos, const TablaCodigoPagina& xTabla) {
+void AgregarTexto(QString& xDestino, const QByteArray& xBuffer, qint32& xPos,
+                  const TablaCodigoPagina& xTabla) {
     if (xPos < 0 || xPos >= xBuffer.size()) throw ErrorVB::SubscriptOutOfRange(Fuente("LeerTexto"));
     const char* inicio = xBuffer.constData() + xPos;
     const auto* cero = static_cast<const char*>(
         std::memchr(inicio, 0, static_cast<size_t>(xBuffer.size() - xPos)));
     if (!cero) throw ErrorVB::SubscriptOutOfRange(Fuente("LeerTexto"));
     const auto largo = static_cast<qsizetype>(cero - inicio);
-    QString texto(largo, Qt::Uninitialized);
-    QChar* destino = texto.data();
+    const qint32 siguiente = Sumar(xPos, largo + 1, "LeerTexto");
+    const qsizetype antes = xDestino.size();
+    xDestino.resize(antes + largo);
+    QChar* destino = xDestino.data() + antes;
     for (qsizetype k = 0; k < largo; ++k)
         destino[k] = xTabla.Caracter(static_cast<quint8>(inicio[k]));
-    xPos = Sumar(xPos, largo + 1, "LeerTexto");
+    xPos = siguiente;
+}
+
+QString LeerTexto(const QByteArray& xBuffer, qint32& xPos, const TablaCodigoPagina& xTabla) {
+    QString texto;
+    AgregarTexto(texto, xBuffer, xPos, xTabla);
     return texto;
 }
 

@@ -40,6 +40,9 @@ qint32 LeerLong(const QByteArray& xBuffer, qint32& xPos);
 QDateTime LeerFecha(const QByteArray& xBuffer, qint32& xPos);
 QString LeerTexto(const QByteArray& xBuffer, qint32& xPos,
                   const TablaCodigoPagina& xTabla = TablaCodigoPagina::Predeterminada());
+// LeerTexto appending the text to xDestino.
+void AgregarTexto(QString& xDestino, const QByteArray& xBuffer, qint32& xPos,
+                  const TablaCodigoPagina& xTabla = TablaCodigoPagina::Predeterminada());
 
 void EscribirLong(QByteArray& xBuffer, qint32& xPos, qint32 xValor);
 void EscribirInt(QByteArray& xBuffer, qint32& xPos, qint16 xValor);
