@@ -81,6 +81,11 @@ TEST(TextoNumero, FormaGeneralSinAgrupar) {
         {1e15, "1E+15"},
         {1e-5, "1E-05"},
         {1e100, "1E+100"},
+        {1.0 / 3.0, "0.333333333333333"},
+        {2.0 / 3.0, "0.666666666666667"},
+        {0.1234567890123456, "0.123456789012346"},
+        {123456789012345.6, "123456789012346"},
+        {999999999999999.9, "1E+15"},
     };
     const clsConfiguracionRegional regional(EnUS);
     for (const auto& caso : casos)

@@ -34,8 +34,9 @@ public:
         mLetras[mCantidad++] = xLetra;
     }
     void Letras(const char* xLetras, qsizetype xCantidad) {
+        if (xCantidad > Capacidad - mCantidad) Vaciar();
         for (qsizetype k = 0; k < xCantidad; ++k)
-            Letra(static_cast<uchar>(xLetras[k]));
+            mLetras[mCantidad++] = static_cast<uchar>(xLetras[k]);
     }
     void Texto(const QString& xTexto) {
         if (xTexto.size() > Capacidad - mCantidad) {
@@ -45,8 +46,9 @@ public:
                 return;
             }
         }
-        std::memcpy(mLetras + mCantidad, xTexto.utf16(), sizeof(char16_t) * xTexto.size());
-        mCantidad += static_cast<int>(xTexto.size());
+        const QChar* letras = xTexto.constData();
+        for (qsizetype k = 0; k < xTexto.size(); ++k)
+            mLetras[mCantidad++] = letras[k].unicode();
     }
     void Entero(int xValor, int xAncho) {
         char cifras[16];
@@ -79,7 +81,7 @@ private:
 // The significant digits of a finite, non-zero value rounded to xDigitos digits, with trailing
 // zeros removed, and the decimal exponent of the first digit.
 struct Cifras {
-    char Digitos[24];
+    char Digitos[24] = {};
     int Cantidad = 0;
     int Exponente = 0;
 };
@@ -172,10 +174,28 @@ bool SignificativasRapidas(double xValor, int xDigitos, Cifras& xCifras) {
     return true;
 }
 
+// A double whose shortest exact text has at most 15 digits: those are its 15-digit rounding,
+// since a double's rounding interval is narrower than the spacing of 15-digit decimals.
+bool SignificativasCortas(double xValor, int xDigitos, Cifras& xCifras) {
+    char texto[40];
+    const auto resultado = std::to_chars(texto, texto + sizeof texto, std::fabs(xValor),
+                                         std::chars_format::scientific);
+    const char* p = texto;
+    for (; p < resultado.ptr && *p != 'e'; ++p) {
+        if (*p == '.') continue;
+        if (xCifras.Cantidad == xDigitos) return false;
+        xCifras.Digitos[xCifras.Cantidad++] = *p;
+    }
+    std::from_chars(p + 1 + (p[1] == '+'), resultado.ptr, xCifras.Exponente);
+    QuitarCerosFinales(xCifras);
+    return true;
+}
+
 // The significant digits of a finite, non-zero value rounded to xDigitos digits.
 Cifras Significativas(double xValor, int xDigitos) {
     Cifras cifras;
     if (xDigitos <= 9 && SignificativasRapidas(xValor, xDigitos, cifras)) return cifras;
+    if (xDigitos == 15 && SignificativasCortas(xValor, xDigitos, cifras)) return cifras;
     return SignificativasExactas(xValor, xDigitos);
 }
 
@@ -673,61 +693,73 @@ void TextoGeneral(Escritor& xTexto, double xValor, int xDigitos, QChar xDecimal,
     }
 }
 
+// A date and time taken apart once, for the patterns that write it.
+struct PartesFecha {
+    explicit PartesFecha(const QDate& xDia, const QTime& xHora) : Dia(xDia) {
+        xDia.getDate(&Anio, &Mes, &DiaDelMes);
+        const int milisegundos = xHora.msecsSinceStartOfDay();
+        Hora = milisegundos / 3600000;
+        Minuto = milisegundos / 60000 % 60;
+        Segundo = milisegundos / 1000 % 60;
+        Milisegundo = milisegundos % 1000;
+    }
+    QDate Dia;
+    int Anio = 0, Mes = 0, DiaDelMes = 0;
+    int Hora, Minuto, Segundo, Milisegundo;
+};
+
 // One date through a compiled pattern.
-void EscribirFecha(Escritor& xTexto, const QDate& xDia, const QTime& xHora, const Patron& xPatron,
+void EscribirFecha(Escritor& xTexto, const PartesFecha& xFecha, const Patron& xPatron,
                    const QLocale& xLocale) {
-    int anio = 0, mes = 0, dia = 0;
-    xDia.getDate(&anio, &mes, &dia);
-    const int hora = xHora.hour();
     for (const Pieza& pieza : xPatron) {
         switch (pieza.Clase) {
         case Pieza::Literal:
             xTexto.Texto(pieza.Texto);
             break;
         case Pieza::Dia:
-            xTexto.Entero(dia, pieza.Ancho);
+            xTexto.Entero(xFecha.DiaDelMes, pieza.Ancho);
             break;
         case Pieza::NombreDiaCorto:
-            xTexto.Texto(xLocale.dayName(xDia.dayOfWeek(), QLocale::ShortFormat));
+            xTexto.Texto(xLocale.dayName(xFecha.Dia.dayOfWeek(), QLocale::ShortFormat));
             break;
         case Pieza::NombreDiaLargo:
-            xTexto.Texto(xLocale.dayName(xDia.dayOfWeek(), QLocale::LongFormat));
+            xTexto.Texto(xLocale.dayName(xFecha.Dia.dayOfWeek(), QLocale::LongFormat));
             break;
         case Pieza::Mes:
-            xTexto.Entero(mes, pieza.Ancho);
+            xTexto.Entero(xFecha.Mes, pieza.Ancho);
             break;
         case Pieza::NombreMesCorto:
-            xTexto.Texto(xLocale.monthName(mes, QLocale::ShortFormat));
+            xTexto.Texto(xLocale.monthName(xFecha.Mes, QLocale::ShortFormat));
             break;
         case Pieza::NombreMesLargo:
-            xTexto.Texto(xLocale.monthName(mes, QLocale::LongFormat));
+            xTexto.Texto(xLocale.monthName(xFecha.Mes, QLocale::LongFormat));
             break;
         case Pieza::Anio2:
-            xTexto.Entero(anio % 100, 2);
+            xTexto.Entero(xFecha.Anio % 100, 2);
             break;
         case Pieza::Anio4:
-            xTexto.Entero(anio, 4);
+            xTexto.Entero(xFecha.Anio, 4);
             break;
         case Pieza::DiaDelAnio:
-            xTexto.Entero(xDia.dayOfYear(), 1);
+            xTexto.Entero(xFecha.Dia.dayOfYear(), 1);
             break;
         case Pieza::Hora12:
-            xTexto.Entero(hora % 12 == 0 ? 12 : hora % 12, pieza.Ancho);
+            xTexto.Entero(xFecha.Hora % 12 == 0 ? 12 : xFecha.Hora % 12, pieza.Ancho);
             break;
         case Pieza::Hora24:
-            xTexto.Entero(hora, pieza.Ancho);
+            xTexto.Entero(xFecha.Hora, pieza.Ancho);
             break;
         case Pieza::Minuto:
-            xTexto.Entero(xHora.minute(), pieza.Ancho);
+            xTexto.Entero(xFecha.Minuto, pieza.Ancho);
             break;
         case Pieza::Segundo:
-            xTexto.Entero(xHora.second(), pieza.Ancho);
+            xTexto.Entero(xFecha.Segundo, pieza.Ancho);
             break;
         case Pieza::Milisegundo:
-            xTexto.Entero(xHora.msec(), pieza.Ancho);
+            xTexto.Entero(xFecha.Milisegundo, pieza.Ancho);
             break;
         case Pieza::AmPm:
-            xTexto.Texto(hora < 12 ? pieza.Texto : pieza.Texto2);
+            xTexto.Texto(xFecha.Hora < 12 ? pieza.Texto : pieza.Texto2);
             break;
         }
     }
@@ -848,7 +880,7 @@ QString clsConfiguracionRegional::Fecha(const QDateTime& xFecha, const PatronFec
     QString texto;
     if (!xFecha.isValid()) return texto;
     Escritor escritor(texto);
-    EscribirFecha(escritor, xFecha.date(), xFecha.time(), xPatron, mLocale);
+    EscribirFecha(escritor, PartesFecha(xFecha.date(), xFecha.time()), xPatron, mLocale);
     return texto;
 }
 
@@ -863,15 +895,16 @@ void clsConfiguracionRegional::AgregarFechaGeneral(QString& xDestino,
     if (!xFecha.isValid()) return;
     const QDate dia = xFecha.date();
     const QTime hora = xFecha.time();
+    const PartesFecha partes(dia, hora);
     Escritor escritor(xDestino);
     if (dia == DiaCero) {
-        EscribirFecha(escritor, dia, hora, mHoraLarga, mLocale);
+        EscribirFecha(escritor, partes, mHoraLarga, mLocale);
     } else if (hora.msecsSinceStartOfDay() == 0) {
-        EscribirFecha(escritor, dia, hora, mFechaCorta, mLocale);
+        EscribirFecha(escritor, partes, mFechaCorta, mLocale);
     } else {
-        EscribirFecha(escritor, dia, hora, mFechaCorta, mLocale);
+        EscribirFecha(escritor, partes, mFechaCorta, mLocale);
         escritor.Letra(u' ');
-        EscribirFecha(escritor, dia, hora, mHoraLarga, mLocale);
+        EscribirFecha(escritor, partes, mHoraLarga, mLocale);
     }
 }
 

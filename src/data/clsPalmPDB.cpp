@@ -528,7 +528,6 @@ void clsPalmPDB::AgregarCampo(TextoRegistro& xTexto, quint8 xCodigoTipo, qint32&
                               const QString& xSeparator) {
     const qsizetype inicio = xTexto.Cantidad();
     const clsConfiguracionRegional& regional = clsConfiguracionRegional::Actual();
-    mTextoCampo.resize(0);
     switch (xCodigoTipo) {
     case TipoByte:
         xTexto.Entero(ByteEn(mRegistroActual, xPos, "ReadRecord"));
@@ -541,11 +540,13 @@ void clsPalmPDB::AgregarCampo(TextoRegistro& xTexto, quint8 xCodigoTipo, qint32&
         xTexto.Entero(LeerLong(mRegistroActual, xPos));
         break;
     case TipoSingle:
+        mTextoCampo.resize(0);
         regional.AgregarTextoSingle(mTextoCampo, LeerSingle(mRegistroActual, xPos));
         xTexto.Texto(mTextoCampo);
         break;
     case TipoString: {
         const bool comillas = xSeparator.size() == 1 && xSeparator.front() == QLatin1Char(',');
+        mTextoCampo.resize(0);
         AgregarTexto(mTextoCampo, mRegistroActual, xPos, *mTabla);
         if (comillas) xTexto.Letra(u'"');
         xTexto.Texto(mTextoCampo);
@@ -558,6 +559,7 @@ void clsPalmPDB::AgregarCampo(TextoRegistro& xTexto, quint8 xCodigoTipo, qint32&
         xPos = PosicionEn(xPos + qint64(1), "ReadRecord");
         break;
     case TipoDate:
+        mTextoCampo.resize(0);
         regional.AgregarFechaGeneral(mTextoCampo, LeerFecha(mRegistroActual, xPos));
         xTexto.Texto(mTextoCampo);
         break;
