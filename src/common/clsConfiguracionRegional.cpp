@@ -51,7 +51,7 @@ public:
             mLetras[mCantidad++] = letras[k].unicode();
     }
     void Entero(int xValor, int xAncho) {
-        char cifras[16];
+        char cifras[16] = {};
         char* const fin = cifras + sizeof cifras;
         char* inicio = fin;
         unsigned valor = static_cast<unsigned>(xValor < 0 ? -xValor : xValor);
