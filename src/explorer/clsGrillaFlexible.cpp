@@ -266,11 +266,8 @@ QVariant clsGrillaFlexible::headerData(int xSeccion, Qt::Orientation xOrientacio
     if (xOrientacion != Qt::Horizontal || xSeccion < 0 || xSeccion >= mColumnas)
         return QAbstractTableModel::headerData(xSeccion, xOrientacion, xRol);
     if (xRol == Qt::DisplayRole) return mFilasFijas > 0 ? TextMatrix(0, xSeccion) : QString();
-    if (xRol == Qt::TextAlignmentRole) {
-        const Qt::Alignment horizontal =
-            AlineacionQt(mAlineaciones.at(xSeccion), QString()) & Qt::AlignHorizontal_Mask;
-        return QVariant::fromValue(horizontal | Qt::AlignVCenter);
-    }
+    if (xRol == Qt::TextAlignmentRole)
+        return QVariant::fromValue(Qt::Alignment(Qt::AlignLeft | Qt::AlignVCenter));
     return {};
 }
 

@@ -76,7 +76,7 @@ public:
     int rowCount(const QModelIndex& xPadre = QModelIndex()) const override;
     int columnCount(const QModelIndex& xPadre = QModelIndex()) const override;
     QVariant data(const QModelIndex& xIndice, int xRol = Qt::DisplayRole) const override;
-    // The first fixed row serves as the column headings.
+    // The first fixed row serves as the column headings, left-aligned as texts are.
     QVariant headerData(int xSeccion, Qt::Orientation xOrientacion,
                         int xRol = Qt::DisplayRole) const override;
     Qt::ItemFlags flags(const QModelIndex& xIndice) const override;

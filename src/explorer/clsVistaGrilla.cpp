@@ -32,6 +32,11 @@ public:
 clsVistaGrilla::clsVistaGrilla(QWidget* xPadre)
     : QTableView(xPadre), mGrilla(new clsGrillaFlexible(this)) {
     setModel(mGrilla);
+    // Widths in twips were chosen for a small grid font.
+    QFont letra = font();
+    letra.setPointSizeF(std::min(letra.pointSizeF(), 8.5));
+    setFont(letra);
+    horizontalHeader()->setFont(letra);
     setItemDelegate(new clsDelegadoGrilla(this));
     setSelectionBehavior(QAbstractItemView::SelectRows);
     setSelectionMode(QAbstractItemView::SingleSelection);

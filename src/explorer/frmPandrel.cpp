@@ -69,6 +69,11 @@ void frmPandrel::CrearControles() {
     tvwDataBases->setHeaderHidden(true);
     tvwDataBases->setIconSize(QSize(20, 20));
     tvwDataBases->setAnimated(false);
+    tvwDataBases->setMinimumWidth(150);
+    tvwDataBases->setIndentation(14);
+    // Long names widen the tree's column and scroll rather than being cut.
+    tvwDataBases->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    tvwDataBases->header()->setStretchLastSection(false);
     auto* columnaArbol = new QVBoxLayout(lado);
     columnaArbol->setContentsMargins(0, 0, 0, 0);
     columnaArbol->addWidget(cmbTiposDB);
@@ -84,7 +89,7 @@ void frmPandrel::CrearControles() {
     divisor->addWidget(mPaneles);
     divisor->setStretchFactor(0, 0);
     divisor->setStretchFactor(1, 1);
-    divisor->setSizes({170, 560});
+    divisor->setSizes({180, 560});
 
     sbarBarra = new QStatusBar(this);
     sbarBarra->setObjectName(QStringLiteral("sbarBarra"));
@@ -100,6 +105,17 @@ void frmPandrel::CrearControles() {
     principal->setSpacing(4);
     principal->addWidget(divisor, 1);
     principal->addWidget(sbarBarra);
+
+    // The frames sit close together so the window's first size shows every panel whole.
+    for (QGroupBox* marco : findChildren<QGroupBox*>()) {
+        marco->layout()->setContentsMargins(6, 4, 6, 6);
+        if (auto* rejilla = qobject_cast<QGridLayout*>(marco->layout()))
+            rejilla->setVerticalSpacing(2);
+        else
+            marco->layout()->setSpacing(3);
+    }
+    for (clsVistaGrilla* grilla : findChildren<clsVistaGrilla*>())
+        grilla->setMinimumHeight(60);
 
     connect(tvwDataBases, &QTreeWidget::itemExpanded, this, &frmPandrel::tvwDataBases_Expand);
     connect(tvwDataBases, &QTreeWidget::itemClicked, this,
@@ -135,22 +151,32 @@ QWidget* frmPandrel::CrearPanelBase() {
         {QStringLiteral("lblFechaBackup"), QStringLiteral("Backup Date:"), fecha, &lblFechaBackup},
         {QStringLiteral("lblTamanio"), QStringLiteral("Size:"), QString(), &lblTamanio},
     };
-    int fila = 0;
-    for (const auto& e : etiquetas) {
-        rejilla->addWidget(Etiqueta(e.Rotulo, fraInformacionDB), fila, 0);
+    // Type, version and size on the left; the three dates on the right.
+    const QPoint lugares[] = {{0, 0}, {0, 1}, {1, 0}, {1, 1}, {1, 2}, {0, 2}};
+    for (int i = 0; i < 6; ++i) {
+        const auto& e = etiquetas[i];
+        const int fila = lugares[i].y();
+        const int columna = lugares[i].x() * 3;
+        rejilla->addWidget(Etiqueta(e.Rotulo, fraInformacionDB), fila, columna);
         *e.Destino = Etiqueta(e.Valor, fraInformacionDB, e.Nombre);
         (*e.Destino)->setTextInteractionFlags(Qt::TextSelectableByMouse);
-        rejilla->addWidget(*e.Destino, fila++, 1, 1, 3);
+        rejilla->addWidget(*e.Destino, fila, columna + 1);
     }
-    rejilla->addWidget(Etiqueta(QStringLiteral("Retrieved #:"), fraInformacionDB), fila, 0);
+    rejilla->setColumnMinimumWidth(2, 12);
+    rejilla->setColumnStretch(1, 1);
+    rejilla->setColumnStretch(4, 2);
+    rejilla->addWidget(Etiqueta(QStringLiteral("Retrieved #:"), fraInformacionDB), 3, 0);
     txtRegistrosARecuperar = new QLineEdit(QStringLiteral("40"), fraInformacionDB);
     txtRegistrosARecuperar->setObjectName(QStringLiteral("txtRegistrosARecuperar"));
     txtRegistrosARecuperar->setMaximumWidth(56);
-    rejilla->addWidget(txtRegistrosARecuperar, fila, 1);
-    rejilla->addWidget(CrearSelectorCantidad(), fila, 2);
-    rejilla->addWidget(Etiqueta(QStringLiteral("(-1 = All Records)"), fraInformacionDB), fila, 3);
-    rejilla->setColumnStretch(3, 1);
-    rejilla->setRowStretch(fila + 1, 1);
+    auto* cantidad = new QHBoxLayout;
+    cantidad->setSpacing(2);
+    cantidad->addWidget(txtRegistrosARecuperar);
+    cantidad->addWidget(CrearSelectorCantidad());
+    cantidad->addSpacing(6);
+    cantidad->addWidget(Etiqueta(QStringLiteral("(-1 = All Records)"), fraInformacionDB));
+    cantidad->addStretch(1);
+    rejilla->addLayout(cantidad, 3, 1, 1, 4);
 
     auto* fraCampos = new QGroupBox(QStringLiteral("Schema"), fraDataBase);
     fraCampos->setObjectName(QStringLiteral("fraCampos"));
@@ -160,15 +186,14 @@ QWidget* frmPandrel::CrearPanelBase() {
     columnaCampos->addWidget(grdCampos);
     fraCampos->setFixedWidth(grdCampos->TwipsAPixeles(2000 + 840) + 44);
 
-    auto* arriba = new QHBoxLayout;
-    arriba->addWidget(fraInformacionDB);
-    arriba->addWidget(CrearPanelInformacionRegistro());
-    arriba->addStretch(1);
+    auto* lateral = new QVBoxLayout;
+    lateral->addWidget(CrearPanelInformacionRegistro());
+    lateral->addWidget(fraCampos, 1);
     auto* abajo = new QHBoxLayout;
     abajo->addWidget(CrearPanelRegistros(), 1);
-    abajo->addWidget(fraCampos);
+    abajo->addLayout(lateral);
     auto* columna = new QVBoxLayout(fraDataBase);
-    columna->addLayout(arriba);
+    columna->addWidget(fraInformacionDB);
     columna->addLayout(abajo, 1);
     return fraDataBase;
 }
@@ -194,9 +219,9 @@ QWidget* frmPandrel::CrearPanelRecursos() {
     for (const auto& t : totales) {
         fila->addWidget(Etiqueta(t.Rotulo, fraInformacionAplicacion));
         *t.Destino = Etiqueta(QString(), fraInformacionAplicacion, t.Nombre);
-        (*t.Destino)->setMinimumWidth(70);
+        (*t.Destino)->setMinimumWidth(40);
         fila->addWidget(*t.Destino);
-        fila->addSpacing(16);
+        fila->addSpacing(12);
     }
     fila->addStretch(1);
 

@@ -45,7 +45,7 @@ QWidget* frmPandrel::CrearPanelRegistros() {
 
     tlbOpciones = new QToolBar(fraGrilla);
     tlbOpciones->setObjectName(QStringLiteral("tlbOpciones"));
-    tlbOpciones->setIconSize(QSize(20, 20));
+    tlbOpciones->setIconSize(QSize(18, 18));
     tlbOpciones->setToolButtonStyle(Qt::ToolButtonIconOnly);
     const QPair<QString, QString> botones[] = {
         {QStringLiteral("Agregar"), QStringLiteral("Add New Record")},
@@ -65,7 +65,7 @@ QWidget* frmPandrel::CrearPanelRegistros() {
     Picture1->setObjectName(QStringLiteral("Picture1"));
     cmbCategorias = new QComboBox(Picture1);
     cmbCategorias->setObjectName(QStringLiteral("cmbCategorias"));
-    cmbCategorias->setMinimumContentsLength(12);
+    cmbCategorias->setMinimumContentsLength(8);
     chkSoloModificados = new QCheckBox(QStringLiteral("&Only Modified"), Picture1);
     chkSoloModificados->setObjectName(QStringLiteral("chkSoloModificados"));
     auto* filaCategoria = new QHBoxLayout(Picture1);
@@ -84,24 +84,25 @@ QWidget* frmPandrel::CrearPanelRegistros() {
     cmbRecuperarSiguientes = new QPushButton(QStringLiteral("Retrieve next Records"), fraGrilla);
     cmbRecuperarSiguientes->setObjectName(QStringLiteral("cmbRecuperarSiguientes"));
 
-    auto* arriba = new QHBoxLayout;
-    arriba->addWidget(tlbOpciones);
-    arriba->addStretch(1);
-    arriba->addWidget(Picture1);
-    auto* abajo = new QHBoxLayout;
-    abajo->addWidget(cmbRecuperarSiguientes);
-    abajo->addStretch(1);
+    auto* filtros = new QHBoxLayout;
+    filtros->addWidget(Picture1);
+    filtros->addStretch(1);
+    auto* siguientes = new QHBoxLayout;
+    siguientes->addWidget(cmbRecuperarSiguientes);
+    siguientes->addStretch(1);
     auto* columna = new QVBoxLayout(fraGrilla);
-    columna->addLayout(arriba);
+    columna->addWidget(tlbOpciones);
+    columna->addLayout(filtros);
     columna->addWidget(grdTabla, 1);
-    columna->addLayout(abajo);
+    columna->addLayout(siguientes);
     return fraGrilla;
 }
 
 QWidget* frmPandrel::CrearPanelInformacionRegistro() {
     auto* panel = new QWidget(fraDataBase);
-    auto* fila = new QHBoxLayout(panel);
-    fila->setContentsMargins(0, 0, 0, 0);
+    auto* columna = new QVBoxLayout(panel);
+    columna->setContentsMargins(0, 0, 0, 0);
+    columna->setSpacing(3);
 
     auto* fraInformacionRegistro = new QGroupBox(QStringLiteral("Record Information"), panel);
     fraInformacionRegistro->setObjectName(QStringLiteral("fraInformacionRegistro"));
@@ -125,14 +126,15 @@ QWidget* frmPandrel::CrearPanelInformacionRegistro() {
     for (const auto& e : etiquetas) {
         rejilla->addWidget(Etiqueta(e.Rotulo, fraInformacionRegistro), f, 0);
         *e.Destino = Etiqueta(e.Valor, fraInformacionRegistro, e.Nombre);
-        (*e.Destino)->setMinimumWidth(80);
+        (*e.Destino)->setMinimumWidth(90);
         rejilla->addWidget(*e.Destino, f++, 1);
     }
     rejilla->setRowStretch(f, 1);
 
     auto* fraAtributosRegistro = new QGroupBox(QStringLiteral("Record Attributes"), panel);
     fraAtributosRegistro->setObjectName(QStringLiteral("fraAtributosRegistro"));
-    auto* columna = new QVBoxLayout(fraAtributosRegistro);
+    auto* rejillaAtributos = new QGridLayout(fraAtributosRegistro);
+    rejillaAtributos->setVerticalSpacing(2);
     const struct {
         QString Nombre, Texto;
         QCheckBox** Destino;
@@ -142,15 +144,16 @@ QWidget* frmPandrel::CrearPanelInformacionRegistro() {
         {QStringLiteral("chkSecret"), QStringLiteral("Secret"), &chkSecret},
         {QStringLiteral("chkArchive"), QStringLiteral("Archive"), &chkArchive},
     };
+    int casilla = 0;
     for (const auto& c : casillas) {
         *c.Destino = new QCheckBox(c.Texto, fraAtributosRegistro);
         (*c.Destino)->setObjectName(c.Nombre);
-        columna->addWidget(*c.Destino);
+        rejillaAtributos->addWidget(*c.Destino, casilla / 2, casilla % 2);
+        ++casilla;
     }
-    columna->addStretch(1);
 
-    fila->addWidget(fraInformacionRegistro);
-    fila->addWidget(fraAtributosRegistro);
+    columna->addWidget(fraInformacionRegistro);
+    columna->addWidget(fraAtributosRegistro);
     return panel;
 }
 
