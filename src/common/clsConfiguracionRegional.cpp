@@ -103,7 +103,7 @@ Cifras SignificativasExactas(double xValor, int xDigitos) {
     for (; p < resultado.ptr && *p != 'e'; ++p) {
         if (*p != '.') digitos[cantidad++] = *p;
     }
-    Cifras cifras;
+    Cifras cifras{};
     std::from_chars(p + 1 + (p[1] == '+'), resultado.ptr, cifras.Exponente);
     bool subir = cantidad > xDigitos && digitos[xDigitos] >= '5';
     for (int k = xDigitos - 1; k >= 0; --k) {
@@ -192,11 +192,12 @@ bool SignificativasCortas(double xValor, int xDigitos, Cifras& xCifras) {
 }
 
 // The significant digits of a finite, non-zero value rounded to xDigitos digits.
-Cifras Significativas(double xValor, int xDigitos) {
-    Cifras cifras;
-    if (xDigitos <= 9 && SignificativasRapidas(xValor, xDigitos, cifras)) return cifras;
-    if (xDigitos == 15 && SignificativasCortas(xValor, xDigitos, cifras)) return cifras;
-    return SignificativasExactas(xValor, xDigitos);
+void Significativas(double xValor, int xDigitos, Cifras& xCifras) {
+    xCifras = Cifras{};
+    if (xDigitos <= 9 && SignificativasRapidas(xValor, xDigitos, xCifras)) return;
+    xCifras = Cifras{};
+    if (xDigitos == 15 && SignificativasCortas(xValor, xDigitos, xCifras)) return;
+    xCifras = SignificativasExactas(xValor, xDigitos);
 }
 
 // ---- Date patterns ----------------------------------------------------------------------------
@@ -663,7 +664,8 @@ void TextoGeneral(Escritor& xTexto, double xValor, int xDigitos, QChar xDecimal,
         xTexto.Letra(u'0');
         return;
     }
-    const Cifras cifras = Significativas(xValor, xDigitos);
+    Cifras cifras{};
+    Significativas(xValor, xDigitos, cifras);
     if (xValor < 0) xTexto.Texto(xMenos);
     const int e = cifras.Exponente;
     if (e >= xDigitos || e < -4) {
@@ -824,7 +826,8 @@ QString clsConfiguracionRegional::Formato(double xValor, const QString& xFormato
     QByteArray enteros;
     QByteArray decimales;
     if (xValor != 0) {
-        const Cifras cifras = Significativas(xValor, 15);
+        Cifras cifras{};
+        Significativas(xValor, 15, cifras);
         QByteArray todos(cifras.Digitos, cifras.Cantidad);
         int puntoEn = cifras.Exponente + 1; // digits before the decimal point
         if (puntoEn <= 0) {
