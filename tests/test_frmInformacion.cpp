@@ -10,10 +10,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QGridLayout>
-#include <QGroupBox>
 #include <QLabel>
-#include <QTabWidget>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -107,40 +104,6 @@ protected:
     QTemporaryDir mTemporal;
     std::vector<modDialogos::PeticionMensaje> mMensajes;
 };
-
-TEST_F(frmInformacionTest, RotulosYPestanias) {
-    modHandheld::EstablecerFuente(std::make_shared<clsFuenteCarpeta>(Handheld(Ruta("palm"))));
-    frmInformacion ventana;
-    EXPECT_EQ(ventana.windowTitle(), "Palm Information");
-    auto* pestanias = ventana.findChild<QTabWidget*>("stabInformacion");
-    ASSERT_TRUE(pestanias);
-    ASSERT_EQ(pestanias->count(), 2);
-    const struct {
-        QString Pestania;
-        const char* Marco;
-        QStringList Titulos;
-    } paginas[] = {
-        {"Memory &Card",
-         "fraMemoryCard",
-         {"Card Name:", "Manufacturer:", "Version:", "Creation Date:", "Rom Size:", "Ram Size:",
-          "Free Ram:", "Rom Db Count:", "Ram Db Count:", "Card Number:"}},
-        {"&User Information",
-         "Frame1",
-         {"User Name:", "User ID:", "Password:", "Last Sync PC:", "Last Sync Date:"}},
-    };
-    for (int i = 0; i < 2; ++i) {
-        EXPECT_EQ(pestanias->tabText(i), paginas[i].Pestania);
-        auto* marco = pestanias->widget(i)->findChild<QGroupBox*>(paginas[i].Marco);
-        ASSERT_TRUE(marco) << paginas[i].Marco;
-        EXPECT_EQ(marco->title(), "Information");
-        auto* rejilla = qobject_cast<QGridLayout*>(marco->layout());
-        ASSERT_TRUE(rejilla);
-        QStringList titulos;
-        for (int fila = 0; fila < paginas[i].Titulos.size(); ++fila)
-            titulos << qobject_cast<QLabel*>(rejilla->itemAtPosition(fila, 0)->widget())->text();
-        EXPECT_EQ(titulos, paginas[i].Titulos);
-    }
-}
 
 TEST_F(frmInformacionTest, LeeElHandheldYAvisaUnaVezSiFalla) {
     // A handheld described by its Handheld.ini.

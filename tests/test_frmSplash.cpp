@@ -37,26 +37,6 @@ qint64 Ejecutar(QDialog& xVentana, const std::function<void()>& xAccion) {
     return reloj.elapsed();
 }
 
-TEST(frmSplash, TextosYFuentes) {
-    frmSplash ventana;
-    const std::pair<const char*, QString> rotulos[] = {
-        {"lblProductName", "Pandrel"},
-        {"lblVersion", "Versión 1.0"},
-        {"Label5", "Active data administration"},
-        {"lblPlatform", "Windows 9.x/ me/ 2000/ XP"},
-        {"lblMail", "sales@pandrel.example"},
-        {"lblWebSite", "www.pandrel.example"},
-    };
-    for (const auto& [nombre, texto] : rotulos) {
-        auto* rotulo = ventana.findChild<QLabel*>(nombre);
-        ASSERT_TRUE(rotulo) << nombre;
-        EXPECT_EQ(rotulo->text(), texto);
-        EXPECT_EQ(rotulo->font().family(), "Arial") << nombre;
-    }
-    ASSERT_TRUE(ventana.findChild<QLabel*>("Image1"));
-    EXPECT_FALSE(ventana.findChild<QLabel*>("Image1")->pixmap().isNull());
-}
-
 TEST(frmSplash, ElRelojLaCierraSegunSuModo) {
     struct Caso {
         bool AcercaDe;

@@ -83,30 +83,4 @@ TEST(modTextosInformacion, TarjetaEnElOrdenDeSusTitulos) {
     }
 }
 
-TEST(modTextosInformacion, UsuarioEnElOrdenDeSusTitulos) {
-    UsuarioPalm usuario;
-    usuario.Nombre = "Ana Pérez";
-    usuario.Clave = "open sesame";
-    usuario.UltimaSincronizacionPC = -559038737;
-    usuario.IDUsuario = 2147483647;
-    const QStringList titulos = {
-        "User Name:", "User ID:", "Password:", "Last Sync PC:", "Last Sync Date:"};
-    struct Caso {
-        QDateTime Sincronizacion;
-        QString Texto;
-    };
-    const Caso casos[] = {
-        {modFecha::Crear(2004, 2, 29, 13, 45, 10), "2/29/2004 1:45:10 PM"},
-        {modFecha::Crear(2004, 2, 29), "2/29/2004"}, // midnight: the date alone
-        {QDateTime(), ""},                           // never synchronised
-    };
-    for (const Caso& caso : casos) {
-        usuario.FechaUltimaSincronizacion = caso.Sincronizacion;
-        const auto textos = modTextosInformacion::TextosUsuario(usuario, Ingles);
-        EXPECT_EQ(Titulos(textos), titulos);
-        EXPECT_EQ(Valores(textos), QStringList({"Ana Pérez", "2147483647", "open sesame",
-                                                "-559038737", caso.Texto}));
-    }
-}
-
 } // namespace
