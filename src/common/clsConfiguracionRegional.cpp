@@ -51,6 +51,12 @@ public:
             mLetras[mCantidad++] = letras[k].unicode();
     }
     void Entero(int xValor, int xAncho) {
+        // Days, months, hours, minutes and seconds: the common case, written straight.
+        if (xValor >= 0 && xValor < 100 && xAncho <= 2 && mCantidad + 2 <= Capacidad) {
+            if (xValor >= 10 || xAncho == 2) mLetras[mCantidad++] = u'0' + xValor / 10;
+            mLetras[mCantidad++] = u'0' + xValor % 10;
+            return;
+        }
         char cifras[16] = {};
         char* const fin = cifras + sizeof cifras;
         char* inicio = fin;
