@@ -104,8 +104,9 @@ void frmInformacion::LlenarUsuario() {
 }
 
 void frmInformacion::Mostrar(const QList<QPair<QString, QString>>& xTextos) {
-    for (const auto& [titulo, texto] : xTextos)
-        mValores.value(titulo)->setText(texto);
+    for (const auto& [titulo, texto] : xTextos) {
+        if (QLabel* valor = mValores.value(titulo)) valor->setText(texto);
+    }
 }
 
 // The handheld's objects go with the window.
