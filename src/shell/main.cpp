@@ -4,22 +4,39 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <algorithm>
+#include <cstring>
 
-// pandrel [HANDHELD]: explores the handheld in folder HANDHELD, or the working copy of the
-// sample handheld when none is named.
-int main(int argc, char** argv) {
-    QApplication aplicacion(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("Pandrel"));
-
-    QCommandLineParser opciones;
-    opciones.setApplicationDescription(
+namespace {
+void Preparar(QCommandLineParser& xOpciones) {
+    xOpciones.setApplicationDescription(
         QStringLiteral("Explore and edit the databases of a Palm OS handheld."));
-    opciones.addHelpOption();
-    opciones.addPositionalArgument(
+    xOpciones.addHelpOption();
+    xOpciones.addPositionalArgument(
         QStringLiteral("HANDHELD"),
         QStringLiteral("Folder of the handheld's .pdb and .prc files (default: a working copy "
                        "of the sample handheld)."),
         QStringLiteral("[HANDHELD]"));
+}
+} // namespace
+
+// pandrel [HANDHELD]: explores the handheld in folder HANDHELD, or the working copy of the
+// sample handheld when none is named.
+int main(int argc, char** argv) {
+    // The help needs no screen.
+    if (std::any_of(argv + 1, argv + argc, [](const char* xArgumento) {
+            return std::strcmp(xArgumento, "-h") == 0 || std::strcmp(xArgumento, "--help") == 0;
+        })) {
+        QCoreApplication ayuda(argc, argv);
+        QCommandLineParser opciones;
+        Preparar(opciones);
+        opciones.process(ayuda);
+    }
+
+    QApplication aplicacion(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Pandrel"));
+    QCommandLineParser opciones;
+    Preparar(opciones);
     opciones.process(aplicacion);
     if (opciones.positionalArguments().size() > 1) opciones.showHelp(2);
 
