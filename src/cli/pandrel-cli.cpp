@@ -166,7 +166,6 @@ void Registros(const Contexto& xContexto) {
     for (;;) {
         const qint32 id = xContexto.Base.ReadRecord(alPrincipio, registro, separador);
         if (id == -1) return;
-        alPrincipio = false;
         xContexto.Salida.Linea(QString::number(id) + QLatin1Char('\t') + registro);
     }
 }

@@ -455,7 +455,11 @@ qint32 clsPalmPDB::FieldAlignment(qint32 xNroCampo) {
 
 qint32 clsPalmPDB::ReadRecord(bool& xMoverAlPrincipio, QString& xRegistro,
                               const QString& xSeparator, qint32 xCategoryID, bool xModified) {
-    return LeerRegistro(xMoverAlPrincipio, xRegistro, xSeparator, xCategoryID, xModified, 0);
+    const qint32 id =
+        LeerRegistro(xMoverAlPrincipio, xRegistro, xSeparator, xCategoryID, xModified, 0);
+    // Once at the start, the caller's next reads go on from there.
+    xMoverAlPrincipio = false;
+    return id;
 }
 
 bool clsPalmPDB::ReadRecordByID(qint32 xRecordID, QString& xRegistro, const QString& xSeparator) {

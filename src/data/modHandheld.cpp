@@ -13,7 +13,9 @@ std::shared_ptr<clsFuentePalm>& Fuente() {
 
 namespace modHandheld {
 
-void EstablecerFuente(std::shared_ptr<clsFuentePalm> xFuente) { Fuente() = std::move(xFuente); }
+void EstablecerFuente(std::shared_ptr<clsFuentePalm> xFuente) {
+    Fuente() = std::move(xFuente);
+}
 
 std::shared_ptr<clsFuentePalm> FuenteActual() {
     if (!Fuente())

@@ -296,8 +296,6 @@ void frmPandrel::LeerRegistros(bool& xReiniciar, qint16 xCantidad) {
         for (qint32 k = 0; id != -1 && (xCantidad == -1 || k < xCantidad); ++k) {
             QString registro;
             id = mBase->ReadRecord(xReiniciar, registro, kSeparador, -1, soloModificados);
-            // Only the first read of a batch goes back to the first record.
-            xReiniciar = false;
             if (id == -1) continue;
             textos << registro;
             ids << id;
