@@ -75,6 +75,7 @@ frmSplash::frmSplash(QWidget* parent) : QDialog(parent) {
     setFocusPolicy(Qt::StrongFocus);
     tmrReloj = new QTimer(this);
     tmrReloj->setObjectName(QStringLiteral("tmrReloj"));
+    tmrReloj->setTimerType(Qt::PreciseTimer);
     tmrReloj->setInterval(IntervaloInicio);
     connect(tmrReloj, &QTimer::timeout, this, &frmSplash::tmrReloj_Timer);
     CrearControles();
