@@ -1,6 +1,6 @@
+#include "constructor/clsConstructorBase.h"
 #include "data/clsFuenteCarpeta.h"
 #include "explorer/clsFuenteConProgreso.h"
-#include "support/modHandheldPrueba.h"
 
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -13,8 +13,8 @@ TEST(clsFuenteConProgreso, EachLookUpAfterAListingCountsOneStepOfIt) {
     QTemporaryDir carpeta;
     ASSERT_TRUE(carpeta.isValid());
     for (const char* nombre : {"A", "B", "C"})
-        modHandheldPrueba::Guardar(carpeta.path(), QString("%1.pdb").arg(nombre),
-                                   modHandheldPrueba::BaseRegistros(nombre, "DATA", "test"));
+        clsConstructorBase(nombre, "DATA", "test")
+            .Guardar(carpeta.filePath(QString("%1.pdb").arg(nombre)));
     Pasos pasos;
     clsFuenteConProgreso fuente(std::make_shared<clsFuenteCarpeta>(carpeta.path()),
                                 [&](int xHechas, int xTotal) {

@@ -4,7 +4,7 @@
 #include "device/frmInformacion.h"
 #include "shell/modDialogos.h"
 
-#include "support/modHandheldPrueba.h"
+#include "constructor/clsConstructorBase.h"
 
 #include <QApplication>
 #include <QDir>
@@ -50,10 +50,9 @@ void Escribir(const QString& xRuta, const QByteArray& xContenido) {
 
 // A handheld folder with two small databases.
 QString Handheld(const QString& xCarpeta) {
-    modHandheldPrueba::Guardar(xCarpeta, "MemoDB.pdb",
-                               modHandheldPrueba::BaseRegistros("MemoDB", "DATA", "memo"));
-    modHandheldPrueba::Guardar(xCarpeta, "ToDoDB.pdb",
-                               modHandheldPrueba::BaseRegistros("ToDoDB", "DATA", "todo"));
+    QDir().mkpath(xCarpeta);
+    clsConstructorBase("MemoDB", "DATA", "memo").Guardar(xCarpeta + "/MemoDB.pdb");
+    clsConstructorBase("ToDoDB", "DATA", "todo").Guardar(xCarpeta + "/ToDoDB.pdb");
     return xCarpeta;
 }
 
@@ -125,7 +124,7 @@ TEST_F(frmInformacionTest, LeeElHandheldYAvisaUnaVezSiFalla) {
     auto fuenteDesaparecida = std::make_shared<clsFuenteCarpeta>(desaparecido);
     ASSERT_TRUE(QDir(desaparecido).removeRecursively());
 
-    const QStringList derivadosTarjeta = {"Backup",       "",  "1.00", "5/17/2003", "0 KB",
+    const QStringList derivadosTarjeta = {"Backup",       "",  "1.00", "3/14/2005", "0 KB",
                                           TextoKB(bytes), "?", "0",    "2",         "0"};
     struct Caso {
         const char* Nombre;

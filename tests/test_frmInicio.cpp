@@ -1,11 +1,11 @@
 #include "common/clsConfiguracionRegional.h"
+#include "constructor/clsConstructorBase.h"
 #include "data/MensajesError.h"
 #include "data/clsFuenteCarpeta.h"
 #include "data/modHandheld.h"
 #include "explorer/frmPandrel.h"
 #include "shell/frmInicio.h"
 #include "shell/modDialogos.h"
-#include "support/modHandheldPrueba.h"
 
 #include <QAction>
 #include <QApplication>
@@ -20,8 +20,6 @@
 #include <QToolBar>
 #include <gtest/gtest.h>
 #include <memory>
-
-using namespace modHandheldPrueba;
 
 QT_BEGIN_NAMESPACE
 inline void PrintTo(const QString& xTexto, std::ostream* xSalida) {
@@ -59,9 +57,9 @@ protected:
             QLocale(QLocale::English, QLocale::UnitedStates));
         ASSERT_TRUE(mDirectorio.isValid());
         mCarpeta = mDirectorio.path();
-        clsArchivoPDB clientes = BaseRegistros("Clients", "DATA", "AFa1");
-        clientes.AppInfo = AppInfoAppForge("Clients", {{"Name", String}});
-        Guardar(mCarpeta, "Clients.pdb", clientes);
+        clsConstructorBase clientes("Clients", "DATA", "AFa1");
+        clientes.EsquemaAppForge("Clients", {{"Name", clsConstructorBase::String}});
+        clientes.Guardar(mCarpeta + "/Clients.pdb");
         modHandheld::EstablecerFuente(
             std::make_shared<clsFuenteObservada>(mCarpeta, [this] { Observar(); }));
         modDialogos::ResponderMensajes([this](const modDialogos::PeticionMensaje& xPeticion) {

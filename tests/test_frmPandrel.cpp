@@ -1,5 +1,6 @@
 #include "common/ErrorVB.h"
 #include "common/clsConfiguracionRegional.h"
+#include "constructor/clsConstructorBase.h"
 #include "data/MensajesError.h"
 #include "data/clsFuenteCarpeta.h"
 #include "data/modHandheld.h"
@@ -7,12 +8,12 @@
 #include "explorer/clsVistaGrilla.h"
 #include "explorer/frmPandrel.h"
 #include "shell/modDialogos.h"
-#include "support/modHandheldPrueba.h"
 
 #include <QAbstractItemModelTester>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDir>
 #include <QFile>
 #include <QGroupBox>
 #include <QLabel>
@@ -26,8 +27,6 @@
 #include <gtest/gtest.h>
 #include <memory>
 
-using namespace modHandheldPrueba;
-
 QT_BEGIN_NAMESPACE
 inline void PrintTo(const QString& xTexto, std::ostream* xSalida) {
     *xSalida << '"' << xTexto.toStdString() << '"';
@@ -36,17 +35,28 @@ QT_END_NAMESPACE
 
 namespace {
 
-const QVector<Campo> kCamposClientes = {
-    {"Name", String}, {"Age", Int}, {"Active", Boolean}, {"Born", Date}};
+using Campo = clsConstructorBase::Campo;
 
 QDateTime Fecha(int a, int m, int d, int h, int mi, int s) {
     return QDateTime(QDate(a, m, d), QTime(h, mi, s), QTimeZone::utc());
 }
 
-// Pads a database with a sort-info block so its file has exactly xTamano bytes.
-void AjustarTamano(clsArchivoPDB& xBase, int xTamano) {
-    xBase.SortInfo.clear();
-    xBase.SortInfo = QByteArray(xTamano - xBase.Escribir().size(), '\0');
+// A database with three distinct header dates, so a label showing the wrong one is caught.
+clsConstructorBase Nueva(const QString& xNombre, const QString& xTipo, const QString& xCreador) {
+    clsConstructorBase base(xNombre, xTipo, xCreador);
+    base.Fechas(Fecha(2003, 5, 17, 14, 3, 9), Fecha(2004, 12, 31, 23, 59, 58),
+                Fecha(2005, 1, 2, 8, 0, 0));
+    return base;
+}
+
+// Writes the database into the folder; with xTamano, padded by a sort-info block to that size.
+void Guardar(const QString& xCarpeta, const QString& xArchivo, clsArchivoPDB xBase,
+             int xTamano = 0) {
+    if (xTamano > 0) xBase.SortInfo = QByteArray(xTamano - xBase.Escribir().size(), '\0');
+    QDir().mkpath(xCarpeta);
+    QFile archivo(QDir(xCarpeta).filePath(xArchivo));
+    ASSERT_TRUE(archivo.open(QIODevice::WriteOnly));
+    archivo.write(xBase.Escribir());
 }
 
 // The test handheld:
@@ -55,33 +65,32 @@ void AjustarTamano(clsArchivoPDB& xBase, int xTamano) {
 //   memo: MemoDB (a record database without the AppForge marker)
 //   othr: Prefs (type pref)
 void CrearHandheld(const QString& xCarpeta) {
-    clsArchivoPDB clientes = BaseRegistros("Clients", "DATA", "AFa1");
-    clientes.AppInfo =
-        AppInfoAppForge("Clients", kCamposClientes, {"Unfiled", "Business", "Personal"});
-    clientes.Registros = {
-        {0x40 | 1, 0x1001,
-         Registro(kCamposClientes, {"Ann", 34, true, Fecha(1970, 1, 2, 3, 4, 5)})},
-        {2, 0x1002, Registro(kCamposClientes, {"Bob", -2, false, Fecha(1999, 12, 31, 0, 0, 0)})},
-        {0x10, 0x1003, Registro(kCamposClientes, {"Cy", 258, true, Fecha(2001, 6, 7, 8, 9, 10)})},
-    };
-    AjustarTamano(clientes, 3072);
-    Guardar(xCarpeta, "Clients.pdb", clientes);
+    clsConstructorBase clientes = Nueva("Clients", "DATA", "AFa1");
+    clientes.Categorias({"Unfiled", "Business", "Personal"});
+    clientes.EsquemaAppForge("Clients", {{"Name", clsConstructorBase::String},
+                                         {"Age", clsConstructorBase::Int},
+                                         {"Active", clsConstructorBase::Boolean},
+                                         {"Born", clsConstructorBase::Date}});
+    clientes.AgregarRegistro({"Ann", 34, true, Fecha(1970, 1, 2, 3, 4, 5)}, 0x40, 1);
+    clientes.AgregarRegistro({"Bob", -2, false, Fecha(1999, 12, 31, 0, 0, 0)}, 0, 2);
+    clientes.AgregarRegistro({"Cy", 258, true, Fecha(2001, 6, 7, 8, 9, 10)}, 0x10, 0);
+    Guardar(xCarpeta, "Clients.pdb", clientes.Archivo(), 3072);
 
-    clsArchivoPDB aplicacion = Aplicacion("ClientsApp", "AFa1");
-    aplicacion.Recursos[0].Datos.resize(1536 - (aplicacion.Escribir().size() - 100));
-    Guardar(xCarpeta, "ClientsApp.prc", aplicacion);
+    clsConstructorBase aplicacion = Nueva("ClientsApp", "appl", "AFa1");
+    aplicacion.AgregarRecurso("code", 1, QByteArray(100, 'N'));
+    Guardar(xCarpeta, "ClientsApp.prc", aplicacion.Archivo(), 1536);
 
-    clsArchivoPDB pedidos = BaseRegistros("Orders", "DATA", "AFa1");
-    pedidos.AppInfo = AppInfoAppForge("Orders", {{"Item", String}, {"Qty", Long}});
-    AjustarTamano(pedidos, 2048);
-    Guardar(xCarpeta, "Orders.pdb", pedidos);
+    clsConstructorBase pedidos = Nueva("Orders", "DATA", "AFa1");
+    pedidos.EsquemaAppForge(
+        "Orders", {{"Item", clsConstructorBase::String}, {"Qty", clsConstructorBase::Long}});
+    Guardar(xCarpeta, "Orders.pdb", pedidos.Archivo(), 2048);
 
-    clsArchivoPDB memo = BaseRegistros("MemoDB", "DATA", "memo");
-    memo.AppInfo = BloqueCategorias({"Unfiled"});
-    memo.Registros = {{0, 0x2001, QByteArray("hello\0", 6)}};
-    Guardar(xCarpeta, "MemoDB.pdb", memo);
+    clsConstructorBase memo = Nueva("MemoDB", "DATA", "memo");
+    memo.Categorias({"Unfiled"});
+    memo.AgregarRegistroCrudo(QByteArray("hello\0", 6));
+    Guardar(xCarpeta, "MemoDB.pdb", memo.Archivo());
 
-    Guardar(xCarpeta, "Prefs.pdb", BaseRegistros("Prefs", "pref", "othr"));
+    Guardar(xCarpeta, "Prefs.pdb", Nueva("Prefs", "pref", "othr").Archivo());
 
     QFile ini(xCarpeta + "/Handheld.ini");
     ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
@@ -322,7 +331,7 @@ TEST_F(frmPandrelTest, ChoosingAnAppForgeDatabaseShowsItsHeaderSchemaAndRecords)
         {"lblTamanio", "3. KB"},
         {"lblCantidadRegistros", "Record 1/ 3"},
         {"lblTotalRecuperado", "3"},
-        {"lblRecordID", "4097"},
+        {"lblRecordID", "1048577"},
         {"lblCategoria", "1"},
         {"lblIndice", "0"},
         {"lblLongitudRegistro", "11"},
@@ -350,7 +359,7 @@ TEST_F(frmPandrelTest, ChoosingAnAppForgeDatabaseShowsItsHeaderSchemaAndRecords)
     EXPECT_EQ(Fila(tabla, 1).mid(0, 3), (QStringList{"Ann", "34", "True"}));
     EXPECT_EQ(Fila(tabla, 3).mid(0, 3), (QStringList{"Cy", "258", "True"}));
     EXPECT_EQ((QList<int>{tabla.RowData(1), tabla.RowData(2), tabla.RowData(3)}),
-              (QList<int>{0x1001, 0x1002, 0x1003}));
+              (QList<int>{0x100001, 0x100002, 0x100003}));
     EXPECT_EQ(tabla.FixedRows(), 1);
     EXPECT_EQ(tabla.FixedCols(), 0);
     EXPECT_EQ((QList<int>{tabla.ColWidth(0), tabla.ColWidth(1), tabla.ColWidth(4)}),
@@ -372,7 +381,7 @@ TEST_F(frmPandrelTest, ChoosingAnAppForgeDatabaseShowsItsHeaderSchemaAndRecords)
     auto* vista = Hijo<clsVistaGrilla>("grdTabla");
     vista->SetRow(3);
     EXPECT_EQ(Texto("lblCantidadRegistros"), "Record 3/ 3");
-    EXPECT_EQ(Texto("lblRecordID"), "4099");
+    EXPECT_EQ(Texto("lblRecordID"), "1048579");
     EXPECT_TRUE(Hijo<QCheckBox>("chkSecret")->isChecked());
     EXPECT_FALSE(Hijo<QCheckBox>("chkDirty")->isChecked());
 }
@@ -478,8 +487,7 @@ TEST_F(frmPandrelTest, ARecordDatabaseWithoutTheMarkerGetsTheNotice) {
 }
 
 TEST_F(frmPandrelTest, TheRootAloneWhenNoCreatorMatches) {
-    clsArchivoPDB memo = BaseRegistros("MemoDB", "DATA", "memo");
-    Guardar(mCarpeta, "MemoDB.pdb", memo);
+    Guardar(mCarpeta, "MemoDB.pdb", Nueva("MemoDB", "DATA", "memo").Archivo());
     Abrir();
     ASSERT_EQ(mArbol->topLevelItemCount(), 1);
     EXPECT_EQ(Raiz()->childCount(), 0);
