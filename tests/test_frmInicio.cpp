@@ -12,12 +12,9 @@
 #include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
-#include <QMenu>
-#include <QMenuBar>
 #include <QPointer>
 #include <QTemporaryDir>
 #include <QTimer>
-#include <QToolBar>
 #include <gtest/gtest.h>
 #include <memory>
 
@@ -106,47 +103,6 @@ protected:
     QStringList Mensajes;
     QStringList Vistos;
 };
-
-TEST_F(frmInicioTest, TheFrameCarriesItsCaptionToolbarAndMenu) {
-    EXPECT_EQ(mInicio->windowTitle(), "Pandrel");
-    const QPair<QString, QString> botones[] = {
-        {"Archivos", "File Debugger"}, {"Informacion", "System Information"}, {"Volver", "Exit"}};
-    const QList<QAction*> acciones = mInicio->findChild<QToolBar*>("tlbOpciones")->actions();
-    ASSERT_EQ(acciones.size(), 3);
-    for (int i = 0; i < 3; ++i) {
-        EXPECT_EQ(acciones[i]->objectName(), botones[i].first);
-        EXPECT_EQ(acciones[i]->text(), botones[i].second);
-        EXPECT_EQ(mInicio->Boton(botones[i].first), acciones[i]);
-    }
-    EXPECT_EQ(mInicio->Boton("Agregar"), nullptr);
-
-    struct Item {
-        const char* Nombre;
-        QString Texto;
-        const char* Padre; // "" for the menu bar
-    };
-    const Item items[] = {
-        {"mnuFileDebugger", "&File Debugger", ""},
-        {"mnuSystemInfo", "System &Information", ""},
-        {"mnuWindow", "&Window", ""},
-        {"mnuWindowTileHorizontal", "Tile &Horizontal", "mnuWindow"},
-        {"mnuWindowTileVertical", "Tile &Vertical", "mnuWindow"},
-        {"mnuWindowCascade", "&Cascade", "mnuWindow"},
-        {"mnuHelp", "&Help", ""},
-        {"mnuHelpAbout", "&About", "mnuHelp"},
-        {"mnuHelpSeparador", "", "mnuHelp"},
-        {"mnuHelpExit", "&Exit", "mnuHelp"},
-    };
-    for (const Item& item : items) {
-        QAction* accion = Menu(item.Nombre);
-        ASSERT_NE(accion, nullptr);
-        EXPECT_EQ(accion->text(), item.Texto) << item.Nombre;
-        const QList<QAction*> hermanos =
-            *item.Padre ? Menu(item.Padre)->menu()->actions() : mInicio->menuBar()->actions();
-        EXPECT_TRUE(hermanos.contains(accion)) << item.Nombre;
-    }
-    EXPECT_TRUE(Menu("mnuHelpSeparador")->isSeparator());
-}
 
 TEST_F(frmInicioTest, EachFileDebuggerCommandOpensAnotherExplorer) {
     mInicio->tlbOpciones_ButtonClick(mInicio->Boton("Archivos"));
