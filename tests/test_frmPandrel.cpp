@@ -346,10 +346,6 @@ TEST_F(frmPandrelTest, ChoosingAnAppForgeDatabaseShowsItsHeaderSchemaAndRecords)
     EXPECT_EQ(Fila(campos, 0), (QStringList{"Field", "Type", ""}));
     EXPECT_EQ(Fila(campos, 1), (QStringList{"Name", "String", ""}));
     EXPECT_EQ(Fila(campos, 4), (QStringList{"Born", "Date", ""}));
-    EXPECT_EQ(campos.FixedRows(), 1);
-    EXPECT_EQ(campos.FixedCols(), 0);
-    EXPECT_EQ((QList<int>{campos.ColWidth(0), campos.ColWidth(1), campos.ColWidth(2)}),
-              (QList<int>{2000, 840, 0}));
     EXPECT_FALSE(Hijo<clsVistaGrilla>("grdCampos")->isHidden());
 
     const clsGrillaFlexible& tabla = Grilla("grdTabla");
@@ -360,10 +356,6 @@ TEST_F(frmPandrelTest, ChoosingAnAppForgeDatabaseShowsItsHeaderSchemaAndRecords)
     EXPECT_EQ(Fila(tabla, 3).mid(0, 3), (QStringList{"Cy", "258", "True"}));
     EXPECT_EQ((QList<int>{tabla.RowData(1), tabla.RowData(2), tabla.RowData(3)}),
               (QList<int>{0x100001, 0x100002, 0x100003}));
-    EXPECT_EQ(tabla.FixedRows(), 1);
-    EXPECT_EQ(tabla.FixedCols(), 0);
-    EXPECT_EQ((QList<int>{tabla.ColWidth(0), tabla.ColWidth(1), tabla.ColWidth(4)}),
-              (QList<int>{2000, 1000, 0}));
     EXPECT_EQ(tabla.ColAlignment(0), clsGrillaFlexible::IzquierdaCentro);
     EXPECT_EQ(tabla.ColAlignment(1), clsGrillaFlexible::DerechaArriba);
     EXPECT_EQ(Hijo<clsVistaGrilla>("grdTabla")->Row(), 1);
@@ -456,11 +448,6 @@ TEST_F(frmPandrelTest, ChoosingAnApplicationListsTheDatabasesOfItsCreator) {
               QStringList({"ClientsApp", "appl", "0", "1.5", "1"}) + fechas + QStringList{""});
     EXPECT_EQ(Fila(recursos, 3), (QStringList{"Orders (file in use) ", "Data", "Unknow", "Unknow",
                                               "Unknow", "Unknow", "Unknow", "Unknow", ""}));
-    EXPECT_EQ(recursos.FixedRows(), 1);
-    EXPECT_EQ(recursos.FixedCols(), 0);
-    const QList<int> anchos = {1800, 600, 1100, 800, 800, 2000, 2000, 2000, 0};
-    for (int c = 0; c < recursos.Cols(); ++c)
-        EXPECT_EQ(recursos.ColWidth(c), anchos[c]) << c;
     EXPECT_EQ(recursos.ColAlignment(1), clsGrillaFlexible::IzquierdaCentro);
     EXPECT_EQ(recursos.ColAlignment(2), clsGrillaFlexible::DerechaCentro);
 
