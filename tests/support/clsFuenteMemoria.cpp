@@ -234,27 +234,6 @@ private:
     size_t mCursor = 0;
 };
 
-class SistemaMemoria : public clsSistemaPalm {
-public:
-    explicit SistemaMemoria(const clsFuenteMemoria& xFuente) : mFuente(xFuente) {}
-    TarjetaPalm TarjetaMemoria() override {
-        Verificar();
-        return mFuente.Tarjeta;
-    }
-    UsuarioPalm InformacionUsuario() override {
-        Verificar();
-        return mFuente.Usuario;
-    }
-
-private:
-    void Verificar() const {
-        if (mFuente.Inaccesible)
-            throw ErrorFuente(ErroresFuente::HandheldInaccesible, "Sistema",
-                              "The handheld cannot be reached.");
-    }
-    const clsFuenteMemoria& mFuente;
-};
-
 } // namespace
 
 clsFuenteMemoria::clsFuenteMemoria()
@@ -277,8 +256,10 @@ std::unique_ptr<clsGestorBases> clsFuenteMemoria::CrearGestor() {
     return std::make_unique<GestorMemoria>(mBases, mLlamadas);
 }
 
+// The memory handheld holds databases only: it has no card or user to describe.
 std::unique_ptr<clsSistemaPalm> clsFuenteMemoria::CrearSistema() {
-    return std::make_unique<SistemaMemoria>(*this);
+    throw ErrorFuente(ErroresFuente::HandheldInaccesible, "CrearSistema",
+                      "The handheld cannot be reached.");
 }
 
 QString clsFuenteMemoria::CodigoATexto(qint32 xCodigo, qint32) const {

@@ -46,9 +46,6 @@ public:
     // Calls the managers made by this source answered (catalogue, finds, opens).
     int LlamadasGestor() const { return *mLlamadas; }
     void CodigoPagina(const QString& xCodigoPagina) { mCodigoPagina = xCodigoPagina; }
-    TarjetaPalm Tarjeta;
-    UsuarioPalm Usuario;
-    bool Inaccesible = false; // the system object raises ErroresFuente::HandheldInaccesible
 
     std::unique_ptr<clsGestorBases> CrearGestor() override;
     std::unique_ptr<clsSistemaPalm> CrearSistema() override;
