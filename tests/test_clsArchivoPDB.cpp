@@ -228,80 +228,39 @@ TEST(clsArchivoPDB, UnArchivoMalFormadoSeRechazaConSuMotivo) {
         std::function<QByteArray()> Bytes;
         const char* Motivo;
     };
+    // The valid file with one 16- or 32-bit field at xEn replaced.
+    const auto con16 = [&](int xEn, quint16 xValor) {
+        return [=] {
+            QByteArray b = valido;
+            PonerU16(b, xEn, xValor);
+            return b;
+        };
+    };
+    const auto con32 = [&](int xEn, quint32 xValor) {
+        return [=] {
+            QByteArray b = valido;
+            PonerU32(b, xEn, xValor);
+            return b;
+        };
+    };
+    QByteArray sinTerminador = valido;
+    sinTerminador.replace(0, 32, QByteArray(32, 'n'));
+    const quint32 tamano = valido.size();
     const std::vector<Caso> casos = {
         {"empty file", [] { return QByteArray(); }, "shorter than the 78-byte header"},
         {"truncated header", [&] { return valido.left(77); }, "shorter than the 78-byte header"},
-        {"name without terminator",
-         [&] {
-             QByteArray b = valido;
-             b.replace(0, 32, QByteArray(32, 'n'));
-             return b;
-         },
-         "not zero-terminated"},
-        {"entry list past the end",
-         [&] {
-             QByteArray b = valido;
-             PonerU16(b, 76, 5000);
-             return b;
-         },
-         "past the end of the file"},
+        {"name without terminator", [&] { return sinTerminador; }, "not zero-terminated"},
+        {"entry list past the end", con16(76, 5000), "past the end of the file"},
         {"entry list cut short", [&] { return valido.left(78 + 8 + 3); }, "past the end"},
-        {"record past the end",
-         [&] {
-             QByteArray b = valido;
-             PonerU32(b, DesdeRegistro(2), b.size() + 1);
-             return b;
-         },
-         "record 2 starts at offset"},
-        {"records out of order",
-         [&] {
-             QByteArray b = valido;
-             PonerU32(b, DesdeRegistro(1), appInfo + 278);
-             return b;
-         },
-         "before record 0"},
-        {"record inside the entry list",
-         [&] {
-             QByteArray b = valido;
-             PonerU32(b, DesdeRegistro(0), 80);
-             return b;
-         },
+        {"record past the end", con32(DesdeRegistro(2), tamano + 1), "record 2 starts at offset"},
+        {"records out of order", con32(DesdeRegistro(1), appInfo + 278), "before record 0"},
+        {"record inside the entry list", con32(DesdeRegistro(0), 80),
          "inside the header or the entry list"},
-        {"AppInfo inside the header",
-         [&] {
-             QByteArray b = valido;
-             PonerU32(b, 52, 40);
-             return b;
-         },
-         "the AppInfo block starts at offset 40"},
-        {"AppInfo past the end",
-         [&] {
-             QByteArray b = valido;
-             PonerU32(b, 52, 0x7FFFFFFF);
-             return b;
-         },
-         "past the end of the file"},
-        {"SortInfo before AppInfo",
-         [&] {
-             QByteArray b = valido;
-             PonerU32(b, 56, appInfo - 1);
-             return b;
-         },
-         "before the AppInfo block"},
-        {"AppInfo after the first record",
-         [&] {
-             QByteArray b = valido;
-             PonerU32(b, 52, appInfo + 281);
-             return b;
-         },
-         "before the AppInfo block"},
-        {"SortInfo after the records",
-         [&] {
-             QByteArray b = valido;
-             PonerU32(b, 56, b.size() - 1);
-             return b;
-         },
-         "before the SortInfo block"},
+        {"AppInfo inside the header", con32(52, 40), "the AppInfo block starts at offset 40"},
+        {"AppInfo past the end", con32(52, 0x7FFFFFFF), "past the end of the file"},
+        {"SortInfo before AppInfo", con32(56, appInfo - 1), "before the AppInfo block"},
+        {"AppInfo after the first record", con32(52, appInfo + 281), "before the AppInfo block"},
+        {"SortInfo after the records", con32(56, tamano - 1), "before the SortInfo block"},
     };
     for (const Caso& caso : casos) {
         try {
