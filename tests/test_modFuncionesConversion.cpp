@@ -190,6 +190,7 @@ TEST(EscribirTexto, ElTerminadorYElByteDeReserva) {
 TEST(Conversiones, FueraDelBufferYDesbordes) {
     const QByteArray corto = QByteArray::fromHex("414243");
     const qint32 maximo = std::numeric_limits<qint32>::max();
+    QByteArray copia = corto;
     const struct {
         const char* nombre;
         std::function<void(qint32&)> accion;
@@ -208,35 +209,20 @@ TEST(Conversiones, FueraDelBufferYDesbordes) {
         {"intDesborda", [&](qint32& p) { LeerInt(corto, p); }, maximo, ErrorVB::Desbordamiento},
         {"longDesborda", [&](qint32& p) { LeerLong(corto, p); }, maximo - 1,
          ErrorVB::Desbordamiento},
-        {"escribirIntAfuera",
-         [&](qint32& p) {
-             QByteArray b = corto;
-             EscribirInt(b, p, 1);
-         },
-         2, ErrorVB::SubindiceFueraDeRango},
-        {"escribirLongAfuera",
-         [&](qint32& p) {
-             QByteArray b = corto;
-             EscribirLong(b, p, 1);
-         },
-         0, ErrorVB::SubindiceFueraDeRango},
-        {"escribirTextoAfuera",
-         [&](qint32& p) {
-             QByteArray b = corto;
-             EscribirTexto(b, p, "ABCD");
-         },
-         1, ErrorVB::SubindiceFueraDeRango},
-        {"escribirTextoNegativo",
-         [&](qint32& p) {
-             QByteArray b = corto;
-             EscribirTexto(b, p, "");
-         },
-         -1, ErrorVB::SubindiceFueraDeRango},
+        {"escribirIntAfuera", [&](qint32& p) { EscribirInt(copia, p, 1); }, 2,
+         ErrorVB::SubindiceFueraDeRango},
+        {"escribirLongAfuera", [&](qint32& p) { EscribirLong(copia, p, 1); }, 0,
+         ErrorVB::SubindiceFueraDeRango},
+        {"escribirTextoAfuera", [&](qint32& p) { EscribirTexto(copia, p, "ABCD"); }, 1,
+         ErrorVB::SubindiceFueraDeRango},
+        {"escribirTextoNegativo", [&](qint32& p) { EscribirTexto(copia, p, ""); }, -1,
+         ErrorVB::SubindiceFueraDeRango},
     };
     for (const auto& caso : casos) {
         qint32 pos = caso.pos;
         EXPECT_EQ(NumeroDeError([&] { caso.accion(pos); }), caso.numero) << caso.nombre;
         EXPECT_EQ(pos, caso.pos) << caso.nombre << ": a failed read leaves the position";
+        EXPECT_EQ(copia, corto) << caso.nombre << ": a failed write leaves the buffer";
     }
 }
 
