@@ -9,9 +9,6 @@
 #include <functional>
 #include <gtest/gtest.h>
 
-// The suite is written against the source roles and a factory that lays databases out in a
-// handheld; any source of databases passes it by supplying its own factory.
-
 namespace {
 
 constexpr quint32 Codigo(const char (&x)[5]) {
@@ -146,7 +143,7 @@ private:
     QString mCarpeta;
 };
 
-template <typename T> class FuenteDeBases : public ::testing::Test {
+class FuenteDeBases : public ::testing::Test {
 protected:
     // The records of a database as its file holds them now, read apart from the source.
     clsArchivoPDB EnDisco(const QString& xArchivo) {
@@ -165,29 +162,26 @@ protected:
         return ids;
     }
 
-    T mFabrica;
+    FabricaCarpeta mFabrica;
 };
-
-using Fabricas = ::testing::Types<FabricaCarpeta>;
-TYPED_TEST_SUITE(FuenteDeBases, Fabricas);
 
 } // namespace
 
-TYPED_TEST(FuenteDeBases, ElCatalogoConoceCadaBasePorElNombreDeSuCabecera) {
-    this->mFabrica.Poner("b.pdb", BaseDeRegistros("Zeta"));
-    this->mFabrica.Poner("a.pdb", BaseDeRegistros("Alfa"));
-    this->mFabrica.Poner("c.PRC", BaseDeRecursos("Programa"));
-    this->mFabrica.Poner("notas.txt", BaseDeRegistros("Ignorada"));
-    auto fuente = this->mFabrica.Crear();
-    EXPECT_EQ(this->Listar(*fuente), QStringList({"Alfa", "Zeta", "Programa"}));
-    EXPECT_TRUE(TypeParam::Avisos(*fuente).isEmpty());
+TEST_F(FuenteDeBases, ElCatalogoConoceCadaBasePorElNombreDeSuCabecera) {
+    mFabrica.Poner("b.pdb", BaseDeRegistros("Zeta"));
+    mFabrica.Poner("a.pdb", BaseDeRegistros("Alfa"));
+    mFabrica.Poner("c.PRC", BaseDeRecursos("Programa"));
+    mFabrica.Poner("notas.txt", BaseDeRegistros("Ignorada"));
+    auto fuente = mFabrica.Crear();
+    EXPECT_EQ(Listar(*fuente), QStringList({"Alfa", "Zeta", "Programa"}));
+    EXPECT_TRUE(FabricaCarpeta::Avisos(*fuente).isEmpty());
 }
 
-TYPED_TEST(FuenteDeBases, ElObjetoDeInformacionDaLaCabecera) {
+TEST_F(FuenteDeBases, ElObjetoDeInformacionDaLaCabecera) {
     const QByteArray bytes = BaseVariada().Escribir();
-    this->mFabrica.Poner("v.pdb", bytes);
-    this->mFabrica.Poner("p.prc", BaseDeRecursos("Programa"));
-    auto fuente = this->mFabrica.Crear();
+    mFabrica.Poner("v.pdb", bytes);
+    mFabrica.Poner("p.prc", BaseDeRecursos("Programa"));
+    auto fuente = mFabrica.Crear();
     auto gestor = fuente->CrearGestor();
     const auto info = gestor->BuscarBase("Variada");
     EXPECT_EQ(info->Nombre(), "Variada");
@@ -208,14 +202,14 @@ TYPED_TEST(FuenteDeBases, ElObjetoDeInformacionDaLaCabecera) {
     EXPECT_EQ(programa->CantidadRegistros(), 2);
 }
 
-TYPED_TEST(FuenteDeBases, EnumerarFiltraPorCreadorYTipo) {
-    this->mFabrica.Poner("1.pdb", BaseDeRegistros("Uno", "memo"));
-    this->mFabrica.Poner("2.pdb", BaseDeRegistros("Dos", "todo"));
-    this->mFabrica.Poner("3.pdb", BaseDeRegistros("Tres", "memo"));
+TEST_F(FuenteDeBases, EnumerarFiltraPorCreadorYTipo) {
+    mFabrica.Poner("1.pdb", BaseDeRegistros("Uno", "memo"));
+    mFabrica.Poner("2.pdb", BaseDeRegistros("Dos", "todo"));
+    mFabrica.Poner("3.pdb", BaseDeRegistros("Tres", "memo"));
     clsArchivoPDB programa = BaseDeRecursos("Cuatro");
     programa.Creador = Codigo("memo");
-    this->mFabrica.Poner("4.prc", programa);
-    auto fuente = this->mFabrica.Crear();
+    mFabrica.Poner("4.prc", programa);
+    auto fuente = mFabrica.Crear();
     struct Caso {
         QString Creador, Tipo;
         QStringList Nombres;
@@ -240,35 +234,35 @@ TYPED_TEST(FuenteDeBases, EnumerarFiltraPorCreadorYTipo) {
     }
 }
 
-TYPED_TEST(FuenteDeBases, UnNombreRepetidoLoGanaElPrimerArchivoYSeAvisa) {
+TEST_F(FuenteDeBases, UnNombreRepetidoLoGanaElPrimerArchivoYSeAvisa) {
     clsArchivoPDB primera = BaseDeRegistros("Memo");
     primera.Registros = {{0, 1, "primera"}};
     clsArchivoPDB segunda = BaseDeRegistros("Memo");
     segunda.Registros = {{0, 1, "segunda"}, {0, 2, "x"}};
-    this->mFabrica.Poner("MemoB.pdb", segunda);
-    this->mFabrica.Poner("MemoA.pdb", primera);
-    auto fuente = this->mFabrica.Crear();
-    EXPECT_EQ(this->Listar(*fuente), QStringList({"Memo"}));
+    mFabrica.Poner("MemoB.pdb", segunda);
+    mFabrica.Poner("MemoA.pdb", primera);
+    auto fuente = mFabrica.Crear();
+    EXPECT_EQ(Listar(*fuente), QStringList({"Memo"}));
     auto adaptador = fuente->CrearGestor()->AbrirBaseRegistros("Memo", "", 208);
     EXPECT_EQ(adaptador->LeerPorID(1).Bytes, QByteArray("primera"));
-    const QStringList avisos = TypeParam::Avisos(*fuente);
+    const QStringList avisos = FabricaCarpeta::Avisos(*fuente);
     ASSERT_EQ(avisos.size(), 1);
     EXPECT_TRUE(avisos[0].contains("MemoB.pdb")) << avisos[0].toStdString();
     EXPECT_TRUE(avisos[0].contains("\"Memo\"")) << avisos[0].toStdString();
 }
 
-TYPED_TEST(FuenteDeBases, LosArchivosMalFormadosQuedanFueraYSeAvisan) {
+TEST_F(FuenteDeBases, LosArchivosMalFormadosQuedanFueraYSeAvisan) {
     QByteArray cortada = BaseVariada().Escribir();
     cortada.replace(0, 8, QByteArray("Cortada\0", 8));
     cortada.chop(20); // the last records now start past the end
-    this->mFabrica.Poner("basura.pdb", QByteArray(300, '\xA5'));
-    this->mFabrica.Poner("corta.pdb", QByteArray("MemoDB\0\0\0", 9));
-    this->mFabrica.Poner("cortada.pdb", cortada);
-    this->mFabrica.Poner("vacia.prc", QByteArray());
-    this->mFabrica.Poner("valida.pdb", BaseVariada());
-    auto fuente = this->mFabrica.Crear();
-    EXPECT_EQ(this->Listar(*fuente), QStringList({"Variada"}));
-    const QStringList avisos = TypeParam::Avisos(*fuente);
+    mFabrica.Poner("basura.pdb", QByteArray(300, '\xA5'));
+    mFabrica.Poner("corta.pdb", QByteArray("MemoDB\0\0\0", 9));
+    mFabrica.Poner("cortada.pdb", cortada);
+    mFabrica.Poner("vacia.prc", QByteArray());
+    mFabrica.Poner("valida.pdb", BaseVariada());
+    auto fuente = mFabrica.Crear();
+    EXPECT_EQ(Listar(*fuente), QStringList({"Variada"}));
+    const QStringList avisos = FabricaCarpeta::Avisos(*fuente);
     ASSERT_EQ(avisos.size(), 4) << avisos.join('\n').toStdString();
     for (const char* archivo : {"basura.pdb", "corta.pdb", "cortada.pdb", "vacia.prc"})
         EXPECT_TRUE(avisos.filter(archivo).size() == 1) << archivo;
@@ -285,8 +279,8 @@ TYPED_TEST(FuenteDeBases, LosArchivosMalFormadosQuedanFueraYSeAvisan) {
                  [&] { gestor->AbrirBaseRecursos("Nadie", "", 208); });
 }
 
-TYPED_TEST(FuenteDeBases, UnHandheldInaccesibleLoDiceEnCadaPuerta) {
-    auto fuente = this->mFabrica.CrearInaccesible();
+TEST_F(FuenteDeBases, UnHandheldInaccesibleLoDiceEnCadaPuerta) {
+    auto fuente = mFabrica.CrearInaccesible();
     const std::vector<std::function<void()>> puertas = {
         [&] { fuente->CrearGestor()->ListarBases(-1); },
         [&] { fuente->CrearGestor()->EnumerarBases("", "", true); },
@@ -299,29 +293,29 @@ TYPED_TEST(FuenteDeBases, UnHandheldInaccesibleLoDiceEnCadaPuerta) {
         EsperarError(ErroresFuente::HandheldInaccesible, puerta);
 }
 
-TYPED_TEST(FuenteDeBases, AbrirUnaBaseQueYaNoSePuedeLeerDaBaseEnUso) {
-    this->mFabrica.Poner("v.pdb", BaseVariada());
-    this->mFabrica.Poner("p.prc", BaseDeRecursos("Programa"));
-    auto fuente = this->mFabrica.Crear();
+TEST_F(FuenteDeBases, AbrirUnaBaseQueYaNoSePuedeLeerDaBaseEnUso) {
+    mFabrica.Poner("v.pdb", BaseVariada());
+    mFabrica.Poner("p.prc", BaseDeRecursos("Programa"));
+    auto fuente = mFabrica.Crear();
     auto gestor = fuente->CrearGestor();
-    ASSERT_EQ(this->Listar(*fuente).size(), 2);
+    ASSERT_EQ(Listar(*fuente).size(), 2);
     EsperarError(
         ErroresFuente::BaseEnUso, [&] { gestor->AbrirBaseRegistros("Programa", "", 208); },
         "resource database");
     EsperarError(ErroresFuente::BaseEnUso, [&] { gestor->AbrirBaseRecursos("Variada", "", 208); });
-    this->mFabrica.Poner("p.prc", QByteArray("Programa\0garbage", 16));
+    mFabrica.Poner("p.prc", QByteArray("Programa\0garbage", 16));
     EsperarError(
         ErroresFuente::BaseEnUso, [&] { gestor->AbrirBaseRecursos("Programa", "", 208); },
         "Programa");
-    this->mFabrica.Quitar("v.pdb");
+    mFabrica.Quitar("v.pdb");
     EsperarError(
         ErroresFuente::BaseEnUso, [&] { gestor->AbrirBaseRegistros("Variada", "", 208); },
         "Variada");
 }
 
-TYPED_TEST(FuenteDeBases, LasLecturasSecuencialesFiltranYTerminan) {
-    this->mFabrica.Poner("v.pdb", BaseVariada());
-    auto fuente = this->mFabrica.Crear();
+TEST_F(FuenteDeBases, LasLecturasSecuencialesFiltranYTerminan) {
+    mFabrica.Poner("v.pdb", BaseVariada());
+    auto fuente = mFabrica.Crear();
     auto adaptador = fuente->CrearGestor()->AbrirBaseRegistros("Variada", "", 208);
     auto& a = *adaptador;
     struct Caso {
@@ -345,12 +339,12 @@ TYPED_TEST(FuenteDeBases, LasLecturasSecuencialesFiltranYTerminan) {
          {}},
     };
     for (const Caso& caso : casos)
-        EXPECT_EQ(this->LeerIDs(a, caso.Leer), caso.IDs) << caso.Nombre;
+        EXPECT_EQ(LeerIDs(a, caso.Leer), caso.IDs) << caso.Nombre;
 }
 
-TYPED_TEST(FuenteDeBases, ElFinLlegaConLaLecturaDelUltimoRegistro) {
-    this->mFabrica.Poner("v.pdb", BaseVariada());
-    auto fuente = this->mFabrica.Crear();
+TEST_F(FuenteDeBases, ElFinLlegaConLaLecturaDelUltimoRegistro) {
+    mFabrica.Poner("v.pdb", BaseVariada());
+    auto fuente = mFabrica.Crear();
     auto adaptador = fuente->CrearGestor()->AbrirBaseRegistros("Variada", "", 208);
     adaptador->IrAlPrincipio(0);
     RegistroPalm registro;
@@ -371,9 +365,9 @@ TYPED_TEST(FuenteDeBases, ElFinLlegaConLaLecturaDelUltimoRegistro) {
     EXPECT_FALSE(adaptador->FinDeRegistros());
 }
 
-TYPED_TEST(FuenteDeBases, LeerPorIDDaElRegistroSinMoverLaLectura) {
-    this->mFabrica.Poner("v.pdb", BaseVariada());
-    auto fuente = this->mFabrica.Crear();
+TEST_F(FuenteDeBases, LeerPorIDDaElRegistroSinMoverLaLectura) {
+    mFabrica.Poner("v.pdb", BaseVariada());
+    auto fuente = mFabrica.Crear();
     auto adaptador = fuente->CrearGestor()->AbrirBaseRegistros("Variada", "", 208);
     adaptador->IrAlPrincipio(0);
     RegistroPalm registro;
@@ -390,10 +384,10 @@ TYPED_TEST(FuenteDeBases, LeerPorIDDaElRegistroSinMoverLaLectura) {
         ErroresFuente::RegistroNoEncontrado, [&] { adaptador->LeerPorID(8); }, "8");
 }
 
-TYPED_TEST(FuenteDeBases, BloquesYCategoriasSeLeenConLaPaginaDeCodigos) {
+TEST_F(FuenteDeBases, BloquesYCategoriasSeLeenConLaPaginaDeCodigos) {
     clsArchivoPDB base = BaseVariada();
     base.Nombre = "Caf\xe9s";
-    this->mFabrica.Poner("v.pdb", base);
+    mFabrica.Poner("v.pdb", base);
     struct Caso {
         QByteArray Ajustes;
         QString Pagina, Base, Categoria3;
@@ -404,10 +398,10 @@ TYPED_TEST(FuenteDeBases, BloquesYCategoriasSeLeenConLaPaginaDeCodigos) {
          QStringLiteral("Caf\u03b9")},
     };
     for (const Caso& caso : casos) {
-        this->mFabrica.PonerAjustes(caso.Ajustes);
-        auto fuente = this->mFabrica.Crear();
+        mFabrica.PonerAjustes(caso.Ajustes);
+        auto fuente = mFabrica.Crear();
         EXPECT_EQ(fuente->CodigoPagina(), caso.Pagina);
-        EXPECT_EQ(this->Listar(*fuente), QStringList({caso.Base}));
+        EXPECT_EQ(Listar(*fuente), QStringList({caso.Base}));
         auto adaptador = fuente->CrearGestor()->AbrirBaseRegistros(caso.Base, "", 208);
         EXPECT_EQ(adaptador->LeerAppInfo(), base.AppInfo);
         EXPECT_EQ(adaptador->LeerInfoOrden(), QByteArray("SORT"));
@@ -421,27 +415,27 @@ TYPED_TEST(FuenteDeBases, BloquesYCategoriasSeLeenConLaPaginaDeCodigos) {
     }
 }
 
-TYPED_TEST(FuenteDeBases, UnaPaginaDeCodigosDesconocidaSeAvisa) {
-    this->mFabrica.PonerAjustes("[Handheld]\nEncoding=klingon-1\n");
-    auto fuente = this->mFabrica.Crear();
+TEST_F(FuenteDeBases, UnaPaginaDeCodigosDesconocidaSeAvisa) {
+    mFabrica.PonerAjustes("[Handheld]\nEncoding=klingon-1\n");
+    auto fuente = mFabrica.Crear();
     EXPECT_EQ(fuente->CodigoPagina(), "windows-1252");
-    EXPECT_EQ(TypeParam::Avisos(*fuente).filter("klingon-1").size(), 1);
+    EXPECT_EQ(FabricaCarpeta::Avisos(*fuente).filter("klingon-1").size(), 1);
 }
 
-TYPED_TEST(FuenteDeBases, SinBloqueDeCategoriasNoHayCategorias) {
+TEST_F(FuenteDeBases, SinBloqueDeCategoriasNoHayCategorias) {
     clsArchivoPDB base = BaseVariada();
     base.AppInfo = "corto";
-    this->mFabrica.Poner("v.pdb", base);
-    auto fuente = this->mFabrica.Crear();
+    mFabrica.Poner("v.pdb", base);
+    auto fuente = mFabrica.Crear();
     auto adaptador = fuente->CrearGestor()->AbrirBaseRegistros("Variada", "", 208);
     EXPECT_EQ(adaptador->Categorias().CantidadCategorias(), 0);
     EXPECT_EQ(adaptador->Categorias().NombreCategoria(0), "");
 }
 
-TYPED_TEST(FuenteDeBases, EscribirUnRegistroDejaTodoLoDemasComoEstaba) {
+TEST_F(FuenteDeBases, EscribirUnRegistroDejaTodoLoDemasComoEstaba) {
     const clsArchivoPDB antes = BaseVariada();
-    this->mFabrica.Poner("v.pdb", antes);
-    auto fuente = this->mFabrica.Crear();
+    mFabrica.Poner("v.pdb", antes);
+    auto fuente = mFabrica.Crear();
     auto gestor = fuente->CrearGestor();
     const auto info = gestor->BuscarBase("Variada");
     auto adaptador = gestor->AbrirBaseRegistros("Variada", "", 208);
@@ -449,7 +443,7 @@ TYPED_TEST(FuenteDeBases, EscribirUnRegistroDejaTodoLoDemasComoEstaba) {
     EXPECT_EQ(adaptador->EscribirRegistro(9, 4, 0x50, "DOS nuevo"), 9);
     const QDateTime hasta = QDateTime::currentDateTime().addSecs(1);
 
-    const clsArchivoPDB despues = this->EnDisco("v.pdb");
+    const clsArchivoPDB despues = EnDisco("v.pdb");
     ASSERT_EQ(despues.Registros.size(), 5);
     for (int i : {0, 2, 3, 4}) {
         EXPECT_EQ(despues.Registros[i].Datos, antes.Registros[i].Datos) << i;
@@ -475,18 +469,18 @@ TYPED_TEST(FuenteDeBases, EscribirUnRegistroDejaTodoLoDemasComoEstaba) {
     EXPECT_EQ(leido.Bytes, QByteArray("DOS nuevo"));
     EXPECT_EQ(leido.Categoria, 4);
     EXPECT_EQ(leido.Atributos, 0x50);
-    EXPECT_EQ(this->mFabrica.Sobrantes(), QStringList({"v.pdb"})); // no lock or temporary left
+    EXPECT_EQ(mFabrica.Sobrantes(), QStringList({"v.pdb"})); // no lock or temporary left
 }
 
-TYPED_TEST(FuenteDeBases, UnRegistroNuevoRecibeElIDSiguienteAlMayor) {
-    this->mFabrica.Poner("v.pdb", BaseVariada());
-    auto fuente = this->mFabrica.Crear();
+TEST_F(FuenteDeBases, UnRegistroNuevoRecibeElIDSiguienteAlMayor) {
+    mFabrica.Poner("v.pdb", BaseVariada());
+    auto fuente = mFabrica.Crear();
     auto gestor = fuente->CrearGestor();
     const auto info = gestor->BuscarBase("Variada");
     auto adaptador = gestor->AbrirBaseRegistros("Variada", "", 208);
     EXPECT_EQ(adaptador->EscribirRegistro(0, 3, 0, QByteArray(4, '\0')), 12);
     EXPECT_EQ(adaptador->EscribirRegistro(0, 1, 0x40, "otro"), 13);
-    const clsArchivoPDB despues = this->EnDisco("v.pdb");
+    const clsArchivoPDB despues = EnDisco("v.pdb");
     ASSERT_EQ(despues.Registros.size(), 7);
     EXPECT_EQ(despues.Registros[5].ID, 12u);
     EXPECT_EQ(despues.Registros[5].Atributos, 0x03);
@@ -498,25 +492,25 @@ TYPED_TEST(FuenteDeBases, UnRegistroNuevoRecibeElIDSiguienteAlMayor) {
                  [&] { adaptador->EscribirRegistro(99, 0, 0, "x"); });
 }
 
-TYPED_TEST(FuenteDeBases, BorrarQuitaElRegistroOTodos) {
+TEST_F(FuenteDeBases, BorrarQuitaElRegistroOTodos) {
     const clsArchivoPDB antes = BaseVariada();
-    this->mFabrica.Poner("v.pdb", antes);
-    auto fuente = this->mFabrica.Crear();
+    mFabrica.Poner("v.pdb", antes);
+    auto fuente = mFabrica.Crear();
     auto adaptador = fuente->CrearGestor()->AbrirBaseRegistros("Variada", "", 208);
     adaptador->BorrarRegistro(7);
-    clsArchivoPDB despues = this->EnDisco("v.pdb");
+    clsArchivoPDB despues = EnDisco("v.pdb");
     QVector<quint32> ids;
     for (const auto& registro : despues.Registros)
         ids.append(registro.ID);
     EXPECT_EQ(ids, QVector<quint32>({5, 9, 3, 11}));
     EXPECT_EQ(despues.Registros[3].Datos, QByteArray("cinco"));
 
-    const QByteArray sinCambio = this->mFabrica.Contenido("v.pdb");
+    const QByteArray sinCambio = mFabrica.Contenido("v.pdb");
     EsperarError(ErroresFuente::RegistroNoEncontrado, [&] { adaptador->BorrarRegistro(7); });
-    EXPECT_EQ(this->mFabrica.Contenido("v.pdb"), sinCambio);
+    EXPECT_EQ(mFabrica.Contenido("v.pdb"), sinCambio);
 
     adaptador->BorrarTodos(0, 255);
-    despues = this->EnDisco("v.pdb");
+    despues = EnDisco("v.pdb");
     EXPECT_TRUE(despues.Registros.isEmpty());
     EXPECT_EQ(despues.AppInfo, antes.AppInfo);
     EXPECT_EQ(despues.NumeroModificacion, antes.NumeroModificacion + 2);
@@ -524,9 +518,9 @@ TYPED_TEST(FuenteDeBases, BorrarQuitaElRegistroOTodos) {
     EXPECT_TRUE(adaptador->FinDeRegistros());
 }
 
-TYPED_TEST(FuenteDeBases, BorrarDuranteLaLecturaSigueConElRegistroSiguiente) {
-    this->mFabrica.Poner("v.pdb", BaseVariada());
-    auto fuente = this->mFabrica.Crear();
+TEST_F(FuenteDeBases, BorrarDuranteLaLecturaSigueConElRegistroSiguiente) {
+    mFabrica.Poner("v.pdb", BaseVariada());
+    auto fuente = mFabrica.Crear();
     auto adaptador = fuente->CrearGestor()->AbrirBaseRegistros("Variada", "", 208);
     adaptador->IrAlPrincipio(0);
     RegistroPalm registro;
@@ -537,30 +531,30 @@ TYPED_TEST(FuenteDeBases, BorrarDuranteLaLecturaSigueConElRegistroSiguiente) {
     EXPECT_EQ(registro.ID, 7);
 }
 
-TYPED_TEST(FuenteDeBases, UnCambioDeOtroEscritorSobreviveALaEscrituraSiguiente) {
-    this->mFabrica.Poner("v.pdb", BaseVariada());
-    auto fuente = this->mFabrica.Crear();
+TEST_F(FuenteDeBases, UnCambioDeOtroEscritorSobreviveALaEscrituraSiguiente) {
+    mFabrica.Poner("v.pdb", BaseVariada());
+    auto fuente = mFabrica.Crear();
     auto nuestro = fuente->CrearGestor()->AbrirBaseRegistros("Variada", "", 208);
 
     struct Caso {
         const char* Nombre;
         std::function<void()> OtroEscritor;
     };
-    auto otraFuente = this->mFabrica.Crear();
+    auto otraFuente = mFabrica.Crear();
     auto otro = otraFuente->CrearGestor()->AbrirBaseRegistros("Variada", "", 208);
     const std::vector<Caso> casos = {
         {"another source", [&] { otro->EscribirRegistro(5, 1, 0x40, "de otra ventana"); }},
         {"another program",
          [&] {
-             clsArchivoPDB base = this->EnDisco("v.pdb");
+             clsArchivoPDB base = EnDisco("v.pdb");
              base.Registros[0].Datos = "de otro programa";
-             this->mFabrica.CambiarPorFuera("v.pdb", base);
+             mFabrica.CambiarPorFuera("v.pdb", base);
          }},
     };
     for (const Caso& caso : casos) {
         caso.OtroEscritor();
         nuestro->EscribirRegistro(11, 1, 0, caso.Nombre);
-        const clsArchivoPDB despues = this->EnDisco("v.pdb");
+        const clsArchivoPDB despues = EnDisco("v.pdb");
         EXPECT_EQ(despues.Registros[4].Datos, QByteArray(caso.Nombre));
         EXPECT_EQ(despues.Registros[0].Datos, caso.Nombre == casos[0].Nombre
                                                   ? QByteArray("de otra ventana")
@@ -569,17 +563,17 @@ TYPED_TEST(FuenteDeBases, UnCambioDeOtroEscritorSobreviveALaEscrituraSiguiente) 
     }
 }
 
-TYPED_TEST(FuenteDeBases, UnaEscrituraQueFallaNoCambiaNada) {
+TEST_F(FuenteDeBases, UnaEscrituraQueFallaNoCambiaNada) {
     struct Caso {
         const char* Nombre;
-        std::function<void(TypeParam&)> Impedir;
+        std::function<void(FabricaCarpeta&)> Impedir;
     };
     const std::vector<Caso> casos = {
-        {"read-only file", [](TypeParam& x) { x.HacerSoloLectura("v.pdb"); }},
-        {"read-only folder", [](TypeParam& x) { x.HacerCarpetaSoloLectura(); }},
+        {"read-only file", [](FabricaCarpeta& x) { x.HacerSoloLectura("v.pdb"); }},
+        {"read-only folder", [](FabricaCarpeta& x) { x.HacerCarpetaSoloLectura(); }},
     };
     for (const Caso& caso : casos) {
-        TypeParam fabrica;
+        FabricaCarpeta fabrica;
         fabrica.Poner("v.pdb", BaseVariada());
         const QByteArray antes = fabrica.Contenido("v.pdb");
         auto fuente = fabrica.Crear();
@@ -599,14 +593,14 @@ TYPED_TEST(FuenteDeBases, UnaEscrituraQueFallaNoCambiaNada) {
     }
 }
 
-TYPED_TEST(FuenteDeBases, LaTarjetaYElUsuarioVienenDeLosAjustes) {
-    this->mFabrica.Poner("v.pdb", BaseVariada());
-    this->mFabrica.PonerAjustes("[Card]\nNumber=1\nVersion=3.5\nCreationDate=2003-04-05 06:07:08\n"
-                                "RomSize=4194304\nRamSize=16777216\nFreeRam=1536\nName=Visor\n"
-                                "Manufacturer=Acme\nRomDbCount=40\nRamDbCount=12\n"
-                                "[User]\nName=Ana Diaz\nPassword=secreto\n"
-                                "LastSyncDate=2004-01-02T03:04:05\nLastSyncPC=77\nUserID=1234\n");
-    auto fuente = this->mFabrica.Crear();
+TEST_F(FuenteDeBases, LaTarjetaYElUsuarioVienenDeLosAjustes) {
+    mFabrica.Poner("v.pdb", BaseVariada());
+    mFabrica.PonerAjustes("[Card]\nNumber=1\nVersion=3.5\nCreationDate=2003-04-05 06:07:08\n"
+                          "RomSize=4194304\nRamSize=16777216\nFreeRam=1536\nName=Visor\n"
+                          "Manufacturer=Acme\nRomDbCount=40\nRamDbCount=12\n"
+                          "[User]\nName=Ana Diaz\nPassword=secreto\n"
+                          "LastSyncDate=2004-01-02T03:04:05\nLastSyncPC=77\nUserID=1234\n");
+    auto fuente = mFabrica.Crear();
     const TarjetaPalm tarjeta = fuente->CrearSistema()->TarjetaMemoria();
     EXPECT_EQ(tarjeta.Numero, 1);
     EXPECT_DOUBLE_EQ(tarjeta.Version, 3.5);
@@ -626,24 +620,24 @@ TYPED_TEST(FuenteDeBases, LaTarjetaYElUsuarioVienenDeLosAjustes) {
     EXPECT_EQ(usuario.IDUsuario, 1234);
 }
 
-TYPED_TEST(FuenteDeBases, SinAjustesLosValoresSeDerivanDelHandheld) {
-    this->mFabrica.ComoRespaldoDe("Juan Perez");
+TEST_F(FuenteDeBases, SinAjustesLosValoresSeDerivanDelHandheld) {
+    mFabrica.ComoRespaldoDe("Juan Perez");
     clsArchivoPDB vieja = BaseDeRegistros("Vieja");
     vieja.FechaCreacion = 0; // 1904-01-01
     const QByteArray bytesVieja = vieja.Escribir();
     const QByteArray bytesVariada = BaseVariada().Escribir();
-    this->mFabrica.Poner("a.pdb", bytesVieja);
-    this->mFabrica.Poner("b.pdb", bytesVariada);
-    this->mFabrica.Poner("c.pdb", QByteArray(10, 'x')); // not a database
-    auto fuente = this->mFabrica.Crear();
+    mFabrica.Poner("a.pdb", bytesVieja);
+    mFabrica.Poner("b.pdb", bytesVariada);
+    mFabrica.Poner("c.pdb", QByteArray(10, 'x')); // not a database
+    auto fuente = mFabrica.Crear();
     const TarjetaPalm tarjeta = fuente->CrearSistema()->TarjetaMemoria();
     EXPECT_EQ(tarjeta.Numero, 0);
     EXPECT_DOUBLE_EQ(tarjeta.Version, 1);
     EXPECT_EQ(tarjeta.FechaCreacion, Fecha(1904, 1, 1));
     EXPECT_EQ(tarjeta.TamanoRom, 0);
     EXPECT_EQ(tarjeta.TamanoRam, bytesVieja.size() + bytesVariada.size());
-    EXPECT_NEAR(double(tarjeta.RamLibre), double(this->mFabrica.EspacioLibre()), 64e6);
-    EXPECT_EQ(tarjeta.Nombre, this->mFabrica.NombreHandheld());
+    EXPECT_NEAR(double(tarjeta.RamLibre), double(mFabrica.EspacioLibre()), 64e6);
+    EXPECT_EQ(tarjeta.Nombre, mFabrica.NombreHandheld());
     EXPECT_EQ(tarjeta.Fabricante, "");
     EXPECT_EQ(tarjeta.CantidadBasesRom, 0);
     EXPECT_EQ(tarjeta.CantidadBasesRam, 2);
@@ -655,12 +649,12 @@ TYPED_TEST(FuenteDeBases, SinAjustesLosValoresSeDerivanDelHandheld) {
     EXPECT_EQ(usuario.IDUsuario, 0);
 }
 
-TYPED_TEST(FuenteDeBases, UnAjusteQueNoEsDeSuClaseSeRechaza) {
+TEST_F(FuenteDeBases, UnAjusteQueNoEsDeSuClaseSeRechaza) {
     const char* ajustes[] = {"[Card]\nNumber=uno\n", "[Card]\nCreationDate=ayer\n",
                              "[User]\nLastSyncDate=2004-13-45 00:00:00\n", "[Card]\nVersion=x1\n"};
     for (const char* texto : ajustes) {
-        this->mFabrica.PonerAjustes(texto);
-        auto fuente = this->mFabrica.Crear();
+        mFabrica.PonerAjustes(texto);
+        auto fuente = mFabrica.Crear();
         EsperarError(
             ErroresFuente::HandheldInaccesible,
             [&] {
@@ -671,9 +665,9 @@ TYPED_TEST(FuenteDeBases, UnAjusteQueNoEsDeSuClaseSeRechaza) {
     }
 }
 
-TYPED_TEST(FuenteDeBases, ElAdaptadorDeRecursosDaCadaRecurso) {
-    this->mFabrica.Poner("p.prc", BaseDeRecursos("Programa"));
-    auto fuente = this->mFabrica.Crear();
+TEST_F(FuenteDeBases, ElAdaptadorDeRecursosDaCadaRecurso) {
+    mFabrica.Poner("p.prc", BaseDeRecursos("Programa"));
+    auto fuente = mFabrica.Crear();
     auto adaptador = fuente->CrearGestor()->AbrirBaseRecursos("Programa", "", 208);
     ASSERT_EQ(adaptador->CantidadRecursos(), 2);
     const RecursoPalm recurso = adaptador->LeerRecurso(1);
@@ -685,15 +679,15 @@ TYPED_TEST(FuenteDeBases, ElAdaptadorDeRecursosDaCadaRecurso) {
     EsperarError(ErroresFuente::RegistroNoEncontrado, [&] { adaptador->LeerRecurso(-1); });
 }
 
-TYPED_TEST(FuenteDeBases, LosArchivosDeUnHandheldReal) {
+TEST_F(FuenteDeBases, LosArchivosDeUnHandheldReal) {
     const QDir dispositivo(QStringLiteral(PANDREL_FIXTURES));
     if (!dispositivo.exists()) GTEST_SKIP() << "no device files";
     for (const QString& nombre : dispositivo.entryList({"*.pdb", "*.prc"}, QDir::Files)) {
         QFile archivo(dispositivo.filePath(nombre));
         ASSERT_TRUE(archivo.open(QIODevice::ReadOnly));
-        this->mFabrica.Poner(nombre, archivo.readAll());
+        mFabrica.Poner(nombre, archivo.readAll());
     }
-    auto fuente = this->mFabrica.Crear();
+    auto fuente = mFabrica.Crear();
     auto gestor = fuente->CrearGestor();
     struct Caso {
         QString Nombre, Tipo, Creador;
@@ -705,8 +699,8 @@ TYPED_TEST(FuenteDeBases, LosArchivosDeUnHandheldReal) {
         {"MemoDB", "DATA", "memo", 5, false},    {"OnBoard", "appl", "OnBA", 26, true},
         {"ToDoDB", "DATA", "todo", 3, false},
     };
-    EXPECT_EQ(this->Listar(*fuente).size(), std::size(casos));
-    EXPECT_TRUE(TypeParam::Avisos(*fuente).isEmpty());
+    EXPECT_EQ(Listar(*fuente).size(), std::size(casos));
+    EXPECT_TRUE(FabricaCarpeta::Avisos(*fuente).isEmpty());
     for (const Caso& caso : casos) {
         const auto info = gestor->BuscarBase(caso.Nombre);
         EXPECT_EQ(fuente->CodigoATexto(info->Tipo(), -1), caso.Tipo);
@@ -723,9 +717,9 @@ TYPED_TEST(FuenteDeBases, LosArchivosDeUnHandheldReal) {
     EXPECT_EQ(categorias.NombreCategoria(1), "Business");
     EXPECT_TRUE(memo->LeerPorID(2).Bytes.startsWith("Handheld Basics"));
 
-    const clsArchivoPDB antes = this->EnDisco("MemoDB.pdb");
+    const clsArchivoPDB antes = EnDisco("MemoDB.pdb");
     memo->EscribirRegistro(4, 0, 0x40, "Download nothing\n");
-    const clsArchivoPDB despues = this->EnDisco("MemoDB.pdb");
+    const clsArchivoPDB despues = EnDisco("MemoDB.pdb");
     ASSERT_EQ(despues.Registros.size(), antes.Registros.size());
     for (int i = 0; i < antes.Registros.size(); ++i) {
         if (antes.Registros[i].ID == 4) continue;
