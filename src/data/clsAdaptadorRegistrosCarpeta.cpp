@@ -13,11 +13,11 @@ clsAdaptadorRegistrosCarpeta::clsAdaptadorRegistrosCarpeta(
     : mBase(std::move(xBase)), mCodigoPagina(std::move(xCodigoPagina)) {}
 
 QByteArray clsAdaptadorRegistrosCarpeta::LeerAppInfo() {
-    return mBase->Datos(mBase->Disposicion().AppInfo);
+    return mBase->AppInfo();
 }
 
 QByteArray clsAdaptadorRegistrosCarpeta::LeerInfoOrden() {
-    return mBase->Datos(mBase->Disposicion().SortInfo);
+    return mBase->SortInfo();
 }
 
 qint32 clsAdaptadorRegistrosCarpeta::CantidadRegistros() const {

@@ -1,6 +1,7 @@
 #include "data/clsArchivoPDB.h"
 
 #include "data/clsLectorBytes.h"
+#include "data/modMemoria.h"
 
 #include <QtEndian>
 
@@ -320,6 +321,7 @@ QByteArray clsArchivoPDB::Componer(const CabeceraPDB& xCabecera, QByteArrayView 
 
     QByteArray salida;
     salida.reserve(tamano);
+    modMemoria::Preparar(salida.data(), salida.capacity());
     AgregarCabecera(salida, xCabecera, xDisposicion.AppInfo.Desde, xDisposicion.SortInfo.Desde,
                     xCantidad);
     quint32 desde = static_cast<quint32>(inicioDatos);

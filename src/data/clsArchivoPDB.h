@@ -47,6 +47,14 @@ struct CabeceraPDB {
     static constexpr quint16 AtributoRecursos = 0x0001;
 
     bool EsRecursos() const { return (Atributos & AtributoRecursos) != 0; }
+    bool operator==(const CabeceraPDB& x) const {
+        return Nombre == x.Nombre && RellenoNombre == x.RellenoNombre && Atributos == x.Atributos &&
+               Version == x.Version && FechaCreacion == x.FechaCreacion &&
+               FechaModificacion == x.FechaModificacion && FechaBackup == x.FechaBackup &&
+               NumeroModificacion == x.NumeroModificacion && Tipo == x.Tipo &&
+               Creador == x.Creador && SemillaID == x.SemillaID;
+    }
+    bool operator!=(const CabeceraPDB& x) const { return !(*this == x); }
 };
 
 // Where a block of data lies in the file's bytes.

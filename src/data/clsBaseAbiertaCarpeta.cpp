@@ -26,18 +26,20 @@ bool SoloLectura(const QFileInfo& xInfo) {
 
 // True when the file holds exactly xBytes. It is compared piece by piece, so that checking a
 // large database for another writer's change does not need a second copy of it.
-bool MismoContenido(QFile& xArchivo, const QByteArray& xBytes) {
-    if (xArchivo.size() != xBytes.size()) return false;
-    char pedazo[64 * 1024];
-    qint64 posicion = 0;
-    while (posicion < xBytes.size()) {
-        const qint64 leidos = xArchivo.read(pedazo, sizeof pedazo);
-        if (leidos <= 0 || posicion + leidos > xBytes.size() ||
-            std::memcmp(pedazo, xBytes.constData() + posicion, size_t(leidos)) != 0)
+bool MismoContenido(clsLecturaArchivo& xArchivo, const QByteArray& xBytes) {
+    if (xArchivo.Estado().Tamano != xBytes.size()) return false;
+    constexpr qint64 Pedazo = 1024 * 1024;
+    QByteArray pedazo;
+    pedazo.reserve(Pedazo);
+    for (qint64 posicion = 0; posicion < xBytes.size(); posicion += pedazo.size()) {
+        pedazo.clear();
+        if (!xArchivo.Leer(posicion, Pedazo, pedazo) || pedazo.isEmpty() ||
+            pedazo.size() > xBytes.size() - posicion ||
+            std::memcmp(pedazo.constData(), xBytes.constData() + posicion, size_t(pedazo.size())))
             return false;
-        posicion += leidos;
     }
-    return xArchivo.read(pedazo, 1) == 0;
+    pedazo.clear();
+    return xArchivo.Leer(xBytes.size(), 1, pedazo) && pedazo.isEmpty();
 }
 
 qint32 Indice(const QVector<IndiceRegistroPDB>& xRegistros, quint32 xID) {
@@ -67,24 +69,36 @@ quint32 NuevoID(const QVector<IndiceRegistroPDB>& xRegistros) {
 
 } // namespace
 
-clsBaseAbiertaCarpeta::clsBaseAbiertaCarpeta(const QString& xArchivo, const QString& xNombre,
-                                             const QString& xOperacion)
-    : mArchivo(xArchivo), mNombre(xNombre) {
-    const auto noSePuede = [&](const QString& xMotivo) {
-        return ErrorVB(
-            ErroresFuente::BaseEnUso, xOperacion,
-            QStringLiteral("The database \"%1\" cannot be opened: %2.").arg(mNombre, xMotivo));
-    };
-    QFile archivo(mArchivo);
-    if (!archivo.open(QIODevice::ReadOnly))
-        throw noSePuede(QStringLiteral("its file %1 cannot be read (%2)")
-                            .arg(QFileInfo(mArchivo).fileName(), archivo.errorString()));
-    mBytes = archivo.readAll();
+clsBaseAbiertaCarpeta::clsBaseAbiertaCarpeta(std::shared_ptr<clsCatalogoCarpeta> xCatalogo,
+                                             const FichaBaseCarpeta& xFicha, const QString& xNombre,
+                                             ContenidoArchivo xContenido, const QString& xOperacion)
+    : mCatalogo(std::move(xCatalogo)), mArchivo(xFicha.Archivo), mNombre(xNombre),
+      mEstado(xContenido.Estado), mMomento(xContenido.Momento) {
+    DisposicionPDB disposicion;
     try {
-        mDisposicion = clsArchivoPDB::Analizar(mBytes);
+        disposicion = clsArchivoPDB::Analizar(xContenido.Bytes);
     } catch (const ErrorFormatoPDB& error) {
-        throw noSePuede(QString::fromStdString(error.what()));
+        throw ErrorVB(ErroresFuente::BaseEnUso, xOperacion,
+                      QStringLiteral("The database \"%1\" cannot be opened: %2.")
+                          .arg(mNombre, QString::fromStdString(error.what())));
     }
+    Tomar(std::move(xContenido.Bytes), std::move(disposicion));
+    // A file rewritten in place with the same size in the second the folder was read looks the
+    // same to the catalogue: what was just read is the truth.
+    if (static_cast<const CabeceraPDB&>(mDisposicion) != xFicha.Cabecera ||
+        mDisposicion.Entradas != xFicha.Entradas)
+        Anotar();
+}
+
+void clsBaseAbiertaCarpeta::Anotar() const {
+    mCatalogo->Anotar(mArchivo, mDisposicion, mDisposicion.Entradas, {mBytes, mEstado, mMomento});
+}
+
+void clsBaseAbiertaCarpeta::Tomar(QByteArray xBytes, DisposicionPDB xDisposicion) {
+    mBytes = std::move(xBytes);
+    mDisposicion = std::move(xDisposicion);
+    mAppInfo = Datos(mDisposicion.AppInfo);
+    mSortInfo = Datos(mDisposicion.SortInfo);
 }
 
 QByteArray clsBaseAbiertaCarpeta::Datos(const TramoPDB& xTramo) const {
@@ -112,18 +126,20 @@ void clsBaseAbiertaCarpeta::SinRegistro(const QString& xOperacion, quint32 xID) 
 
 void clsBaseAbiertaCarpeta::LeerActual(const QString& xOperacion, QByteArray& xBytes,
                                        DisposicionPDB& xDisposicion) const {
-    QFile archivo(mArchivo);
-    if (!archivo.open(QIODevice::ReadOnly))
+    xBytes = mBytes;
+    xDisposicion = mDisposicion;
+    // A look at the file proves it unchanged unless it changed in the second it was read; only
+    // then, or when the look shows a change, are its bytes compared.
+    if (mEstado.Seguro(mMomento) && clsLecturaArchivo::EstadoDe(mArchivo) == mEstado) return;
+    clsLecturaArchivo archivo(mArchivo);
+    if (!archivo.Abierto())
         FallaEscritura(xOperacion,
-                       QStringLiteral("its file cannot be read (%1)").arg(archivo.errorString()));
-    if (MismoContenido(archivo, mBytes)) {
-        xBytes = mBytes;
-        xDisposicion = mDisposicion;
-        return;
-    }
+                       QStringLiteral("its file cannot be read (%1)").arg(archivo.Error()));
+    if (MismoContenido(archivo, mBytes)) return;
     // Another writer changed the file since it was read: its change is kept.
-    archivo.seek(0);
-    xBytes = archivo.readAll();
+    if (!archivo.LeerTodo(xBytes))
+        FallaEscritura(xOperacion,
+                       QStringLiteral("its file cannot be read (%1)").arg(archivo.Error()));
     try {
         xDisposicion = clsArchivoPDB::Analizar(xBytes);
     } catch (const ErrorFormatoPDB& error) {
@@ -174,8 +190,10 @@ void clsBaseAbiertaCarpeta::Guardar(const QString& xOperacion, const Cambio& xCa
     if (!salida.open(QIODevice::WriteOnly) || salida.write(nuevo) != nuevo.size() ||
         !salida.commit())
         FallaEscritura(xOperacion, salida.errorString());
-    mDisposicion = std::move(disposicion);
-    mBytes = std::move(nuevo);
+    mEstado = clsLecturaArchivo::EstadoDe(mArchivo);
+    mMomento = clsLecturaArchivo::Ahora();
+    Tomar(std::move(nuevo), std::move(disposicion));
+    Anotar();
 }
 
 quint32 clsBaseAbiertaCarpeta::EscribirRegistro(quint32 xID, quint8 xAtributos,

@@ -1,26 +1,34 @@
 #pragma once
 
 #include "data/clsArchivoPDB.h"
+#include "data/clsCatalogoCarpeta.h"
 
 #include <QByteArray>
 #include <QString>
 #include <functional>
+#include <memory>
 
 // One open database file of the folder. The file is read once and kept as its bytes and their
 // layout; records are handed out as copies of their slices. Every write holds a lock file beside
-// the database, reads the file again so that a change made by another writer since it was read
-// is kept, applies the change, stamps the header (modification date now, modification number
-// plus one) and replaces the file atomically. A write that fails leaves the file and this object
-// as they were.
+// the database, looks at the file and reads it again if another writer changed it since it was
+// read (so that change is kept), applies the change, stamps the header (modification date now,
+// modification number plus one), replaces the file atomically and tells the catalogue. A write
+// that fails leaves the file and this object as they were.
 class clsBaseAbiertaCarpeta {
 public:
-    // Raises BaseEnUso when the file cannot be read or is not a valid database.
-    clsBaseAbiertaCarpeta(const QString& xArchivo, const QString& xNombre,
-                          const QString& xOperacion);
+    // xContenido is the whole file of the database xFicha as read now; when its header is not
+    // the one the catalogue knew, the catalogue takes note. Raises BaseEnUso when it is not a
+    // valid database.
+    clsBaseAbiertaCarpeta(std::shared_ptr<clsCatalogoCarpeta> xCatalogo,
+                          const FichaBaseCarpeta& xFicha, const QString& xNombre,
+                          ContenidoArchivo xContenido, const QString& xOperacion);
 
     const QString& Nombre() const { return mNombre; }
     const DisposicionPDB& Disposicion() const { return mDisposicion; }
     QByteArray Datos(const TramoPDB& xTramo) const;
+    // The AppInfo and SortInfo blocks, copied once per version of the file.
+    const QByteArray& AppInfo() const { return mAppInfo; }
+    const QByteArray& SortInfo() const { return mSortInfo; }
     // Index of the record with that unique ID, -1 when there is none.
     qint32 IndicePorID(quint32 xID) const;
 
@@ -54,9 +62,16 @@ private:
     // The file as it is now: the bytes already held when it is unchanged, otherwise read again.
     void LeerActual(const QString& xOperacion, QByteArray& xBytes,
                     DisposicionPDB& xDisposicion) const;
+    void Tomar(QByteArray xBytes, DisposicionPDB xDisposicion);
+    void Anotar() const;
 
+    std::shared_ptr<clsCatalogoCarpeta> mCatalogo;
     QString mArchivo;
     QString mNombre;
     QByteArray mBytes;
+    EstadoArchivo mEstado; // the file when mBytes were read or written
+    qint64 mMomento = 0;   // when that was
     DisposicionPDB mDisposicion;
+    QByteArray mAppInfo;
+    QByteArray mSortInfo;
 };

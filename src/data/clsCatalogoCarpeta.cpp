@@ -8,13 +8,14 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QSet>
 #include <QSettings>
-#include <QStringDecoder>
 #include <QtEndian>
 #include <algorithm>
+#include <cstring>
 
 #ifdef Q_OS_LINUX
-#include <sys/stat.h>
+#include <dirent.h>
 #endif
 
 namespace {
@@ -24,45 +25,44 @@ const QString CodigoPaginaPredeterminado = QStringLiteral("windows-1252");
 // Most headers and entry lists of a folder's files fit in one read of this size.
 constexpr qint64 PrimeraLectura = 4096;
 
-} // namespace
-
-// One look at a file: whether it is there, its size and its modification time as an opaque count
-// that is only ever compared with another. On Linux it is one stat call: a date in local time
-// would cost a time-zone lookup per file, which dominates the listing of a large folder.
-clsCatalogoCarpeta::EstadoArchivo clsCatalogoCarpeta::Estado(const QString& xRuta) {
-#ifdef Q_OS_LINUX
-    struct stat datos;
-    if (::stat(QFile::encodeName(xRuta).constData(), &datos) != 0 || !S_ISREG(datos.st_mode))
-        return {};
-    return {true, static_cast<qint64>(datos.st_size),
-            static_cast<qint64>(datos.st_mtim.tv_sec) * 1000000000 + datos.st_mtim.tv_nsec};
-#else
-    const QFileInfo info(xRuta);
-    if (!info.isFile()) return {};
-    return {true, info.size(), info.lastModified().toMSecsSinceEpoch()};
-#endif
+// [Handheld] Encoding of the folder's Handheld.ini, "" when there is none.
+QString CodigoPaginaPedido(const QString& xCarpeta) {
+    const QString ini = QDir(xCarpeta).filePath(QStringLiteral("Handheld.ini"));
+    if (!QFileInfo::exists(ini)) return {};
+    const QSettings ajustes(ini, QSettings::IniFormat);
+    return ajustes.value(QStringLiteral("Handheld/Encoding")).toString().trimmed();
 }
 
-namespace {} // namespace
+#ifdef Q_OS_LINUX
+// A name filter that matches without regard to case: MemoDB.PDB is a database too. Hidden files
+// are left out.
+bool EsBase(const char* xNombre) {
+    const size_t largo = std::strlen(xNombre);
+    if (largo < 5 || xNombre[0] == '.') return false;
+    const char* extension = xNombre + largo - 4;
+    return extension[0] == '.' &&
+           (qstrnicmp(extension + 1, "pdb", 3) == 0 || qstrnicmp(extension + 1, "prc", 3) == 0);
+}
+#endif
+
+} // namespace
 
 clsCatalogoCarpeta::clsCatalogoCarpeta(const QString& xCarpeta)
     : mCarpeta(QDir(xCarpeta).absolutePath()), mCodigoPagina(CodigoPaginaPredeterminado) {
-    const QString ini = QDir(mCarpeta).filePath(QStringLiteral("Handheld.ini"));
-    if (!QFileInfo::exists(ini)) return;
-    const QSettings ajustes(ini, QSettings::IniFormat);
-    const QString pedido = ajustes.value(QStringLiteral("Handheld/Encoding")).toString().trimmed();
-    if (pedido.isEmpty()) return;
-    if (QStringDecoder(pedido.toLatin1().constData()).isValid())
+    const QString pedido = CodigoPaginaPedido(mCarpeta);
+    if (!pedido.isEmpty() && QStringDecoder(pedido.toLatin1().constData()).isValid())
         mCodigoPagina = pedido;
-    else
+    else if (!pedido.isEmpty())
         mAvisoCodigoPagina = QStringLiteral("Handheld.ini names the code page \"%1\", which is "
                                             "unknown; %2 is used instead.")
                                  .arg(pedido, CodigoPaginaPredeterminado);
+    // One decoder for every name: making one is dear, and each decoding stands alone.
+    mDecodificador =
+        QStringDecoder(mCodigoPagina.toLatin1().constData(), QStringDecoder::Flag::Stateless);
 }
 
 QString clsCatalogoCarpeta::Decodificar(QByteArrayView xTexto) const {
-    QStringDecoder decodificador(mCodigoPagina.toLatin1().constData());
-    return decodificador.decode(xTexto);
+    return mDecodificador.decode(xTexto);
 }
 
 QStringList clsCatalogoCarpeta::Avisos() const {
@@ -94,28 +94,59 @@ void clsCatalogoCarpeta::ComprobarCarpeta() const {
                       : QStringLiteral("The handheld folder \"%1\" does not exist.").arg(mCarpeta));
 }
 
-clsCatalogoCarpeta::Lectura clsCatalogoCarpeta::Leer(const QString& xRuta,
-                                                     const EstadoArchivo& xEstado) {
+// The names of the folder's .pdb and .prc files, sorted.
+QStringList clsCatalogoCarpeta::Archivos() const {
+    QStringList archivos;
+#ifdef Q_OS_LINUX
+    // Read straight from the directory: its entries say which are files, where a generic
+    // listing would look at every file once more.
+    DIR* carpeta = ::opendir(QFile::encodeName(mCarpeta).constData());
+    if (!carpeta) ComprobarCarpeta();
+    while (const dirent* entrada = carpeta ? ::readdir(carpeta) : nullptr) {
+        const bool archivo =
+            entrada->d_type == DT_REG || entrada->d_type == DT_LNK || entrada->d_type == DT_UNKNOWN;
+        if (archivo && EsBase(entrada->d_name)) archivos.append(QFile::decodeName(entrada->d_name));
+    }
+    if (carpeta) ::closedir(carpeta);
+#else
+    archivos = QDir(mCarpeta).entryList({QStringLiteral("*.pdb"), QStringLiteral("*.prc")},
+                                        QDir::Files, QDir::Unsorted);
+#endif
+    std::sort(archivos.begin(), archivos.end());
+    return archivos;
+}
+
+clsCatalogoCarpeta::Lectura clsCatalogoCarpeta::Leer(const QString& xRuta) {
     Lectura lectura;
-    lectura.Tamano = xEstado.Tamano;
-    lectura.Modificado = xEstado.Marca;
-    QFile archivo(xRuta);
-    if (!archivo.open(QIODevice::ReadOnly)) {
-        lectura.Motivo = QStringLiteral("it cannot be read (%1)").arg(archivo.errorString());
+    clsLecturaArchivo archivo(xRuta);
+    lectura.Momento = archivo.Momento();
+    if (!archivo.Abierto()) {
+        // Gone since the folder was listed, or not a file: nothing to report. Otherwise the file
+        // is there and cannot be read.
+        lectura.Estado = clsLecturaArchivo::EstadoDe(xRuta);
+        lectura.Motivo = QStringLiteral("it cannot be read (%1)").arg(archivo.Error());
         return lectura;
     }
-    QByteArray inicio = archivo.read(PrimeraLectura);
-    QByteArrayView campoNombre = QByteArrayView(inicio).first(qMin<qsizetype>(inicio.size(), 32));
-    clsLectorBytes lectorNombre(campoNombre);
+    lectura.Estado = archivo.Estado();
+    const qint64 tamano = lectura.Estado.Tamano;
+    QByteArray inicio;
+    if (!archivo.Leer(0, qMin(tamano, PrimeraLectura), inicio)) {
+        lectura.Motivo = QStringLiteral("it cannot be read (%1)").arg(archivo.Error());
+        return lectura;
+    }
+    clsLectorBytes lectorNombre(QByteArrayView(inicio).first(qMin<qsizetype>(inicio.size(), 32)));
     QByteArrayView nombre;
     if (lectorNombre.LeerTextoTerminado(nombre)) lectura.NombreLeido = Decodificar(nombre);
     try {
         const qint64 indice = clsArchivoPDB::TamanoIndice(inicio);
-        if (indice > inicio.size() && indice <= lectura.Tamano)
-            inicio += archivo.read(indice - inicio.size());
-        const DisposicionPDB disposicion = clsArchivoPDB::Analizar(inicio, lectura.Tamano, true);
-        lectura.Ficha = {xRuta,          lectura.NombreLeido, disposicion, disposicion.Entradas,
-                         lectura.Tamano, lectura.Modificado};
+        if (indice > inicio.size() && indice <= tamano &&
+            !archivo.Leer(inicio.size(), indice - inicio.size(), inicio)) {
+            lectura.Motivo = QStringLiteral("it cannot be read (%1)").arg(archivo.Error());
+            return lectura;
+        }
+        const DisposicionPDB disposicion = clsArchivoPDB::Analizar(inicio, tamano, true);
+        lectura.Ficha = {xRuta,  lectura.NombreLeido, disposicion, disposicion.Entradas,
+                         tamano, lectura.Estado};
         lectura.Valida = true;
     } catch (const ErrorFormatoPDB& error) {
         lectura.Motivo = QString::fromStdString(error.what());
@@ -123,32 +154,32 @@ clsCatalogoCarpeta::Lectura clsCatalogoCarpeta::Leer(const QString& xRuta,
     return lectura;
 }
 
-const clsCatalogoCarpeta::Lectura& clsCatalogoCarpeta::LeerConCache(const QString& xArchivo,
-                                                                    const EstadoArchivo& xEstado) {
-    auto encontrada = mCache.find(xArchivo);
-    if (encontrada != mCache.end() && encontrada->Tamano == xEstado.Tamano &&
-        encontrada->Modificado == xEstado.Marca)
+const clsCatalogoCarpeta::Lectura& clsCatalogoCarpeta::LeerConCache(const QString& xRuta) {
+    const auto encontrada = mCache.constFind(xRuta);
+    if (encontrada != mCache.constEnd() && encontrada->Estado.Seguro(encontrada->Momento) &&
+        clsLecturaArchivo::EstadoDe(xRuta) == encontrada->Estado)
         return *encontrada;
-    return *mCache.insert(xArchivo, Leer(QDir(mCarpeta).filePath(xArchivo), xEstado));
+    return *mCache.insert(xRuta, Leer(xRuta));
 }
 
 void clsCatalogoCarpeta::Actualizar() {
     ComprobarCarpeta();
-    // Name filters match without regard to case: MemoDB.PDB is a database too.
-    QStringList archivos = QDir(mCarpeta).entryList(
-        {QStringLiteral("*.pdb"), QStringLiteral("*.prc")}, QDir::Files, QDir::Unsorted);
-    std::sort(archivos.begin(), archivos.end());
+    const QStringList archivos = Archivos();
 
     QVector<FichaBaseCarpeta> bases;
     bases.reserve(archivos.size());
     QHash<QString, qsizetype> porNombre;
     QHash<QString, QString> rechazadas;
     QStringList avisos;
+    QSet<QString> presentes;
+    presentes.reserve(archivos.size());
+    mCache.reserve(archivos.size());
     const QString prefijo = mCarpeta + QLatin1Char('/');
     for (const QString& archivo : archivos) {
-        const EstadoArchivo estado = Estado(prefijo + archivo);
-        if (!estado.Existe) continue; // gone since the folder was listed
-        const Lectura& lectura = LeerConCache(archivo, estado);
+        const QString ruta = prefijo + archivo;
+        presentes.insert(ruta);
+        const Lectura& lectura = LeerConCache(ruta);
+        if (!lectura.Estado.Existe) continue; // gone since the folder was listed
         if (!lectura.Valida) {
             avisos.append(QStringLiteral("%1 is not a Palm database and was left out: %2.")
                               .arg(archivo, lectura.Motivo));
@@ -167,11 +198,8 @@ void clsCatalogoCarpeta::Actualizar() {
         porNombre.insert(lectura.Ficha.Nombre, bases.size());
         bases.append(lectura.Ficha);
     }
-    if (mCache.size() > archivos.size()) {
-        // Forget the files that are gone.
-        const QSet<QString> presentes(archivos.cbegin(), archivos.cend());
-        mCache.removeIf([&presentes](const auto& x) { return !presentes.contains(x.key()); });
-    }
+    // Forget the files that are gone.
+    mCache.removeIf([&presentes](const auto& x) { return !presentes.contains(x.key()); });
     mBases = std::move(bases);
     mPorNombre = std::move(porNombre);
     mRechazadas = std::move(rechazadas);
@@ -184,45 +212,86 @@ const QVector<FichaBaseCarpeta>& clsCatalogoCarpeta::Bases() {
     return mBases;
 }
 
-bool clsCatalogoCarpeta::Buscado(const QString& xNombre, FichaBaseCarpeta& xFicha) {
-    const auto encontrada = mPorNombre.constFind(xNombre);
-    if (encontrada == mPorNombre.constEnd()) return false;
-    const FichaBaseCarpeta& ficha = mBases[*encontrada];
-    const EstadoArchivo estado = Estado(ficha.Archivo);
-    if (!estado.Existe || estado.Tamano != ficha.Tamano || estado.Marca != ficha.Modificado)
-        return false;
-    xFicha = ficha;
-    return true;
-}
-
-FichaBaseCarpeta clsCatalogoCarpeta::Buscar(const QString& xNombre, const QString& xOperacion) {
-    FichaBaseCarpeta ficha;
-    if (mLeida && Buscado(xNombre, ficha)) return ficha;
-    // Unknown or changed since the folder was read: the folder may have changed too.
-    const auto conocida = mPorNombre.constFind(xNombre);
-    const QString archivoConocido =
-        conocida == mPorNombre.constEnd() ? QString() : mBases[*conocida].Archivo;
-    Actualizar();
-    if (Buscado(xNombre, ficha)) return ficha;
-    if (!archivoConocido.isEmpty() && !mRechazadas.contains(xNombre))
-        throw ErrorVB(ErroresFuente::BaseEnUso, xOperacion,
-                      QStringLiteral("The database \"%1\" cannot be opened: its file %2 is no "
-                                     "longer in the handheld folder.")
-                          .arg(xNombre, QFileInfo(archivoConocido).fileName()));
+void clsCatalogoCarpeta::Falta(const QString& xNombre, const QString& xArchivoConocido,
+                               const QString& xOperacion) const {
     const auto rechazada = mRechazadas.constFind(xNombre);
     if (rechazada != mRechazadas.constEnd())
         throw ErrorVB(
             ErroresFuente::BaseEnUso, xOperacion,
             QStringLiteral("The database \"%1\" cannot be opened: %2.").arg(xNombre, *rechazada));
+    if (!xArchivoConocido.isEmpty())
+        throw ErrorVB(ErroresFuente::BaseEnUso, xOperacion,
+                      QStringLiteral("The database \"%1\" cannot be opened: its file %2 is no "
+                                     "longer in the handheld folder.")
+                          .arg(xNombre, QFileInfo(xArchivoConocido).fileName()));
     throw ErrorVB(ErroresFuente::BaseNoEncontrada, xOperacion,
                   QStringLiteral("The database \"%1\" is not on the handheld.").arg(xNombre));
 }
 
-FichaBaseCarpeta clsCatalogoCarpeta::Refrescar(const FichaBaseCarpeta& xFicha) {
-    const EstadoArchivo estado = Estado(xFicha.Archivo);
-    if (!estado.Existe || (estado.Tamano == xFicha.Tamano && estado.Marca == xFicha.Modificado))
+FichaBaseCarpeta clsCatalogoCarpeta::Buscar(const QString& xNombre, const QString& xOperacion) {
+    const bool leida = mLeida;
+    if (!leida) Actualizar();
+    auto encontrada = mPorNombre.constFind(xNombre);
+    if (encontrada != mPorNombre.constEnd()) return mBases[*encontrada];
+    // Unknown: the folder may have changed since it was read.
+    if (leida) {
+        Actualizar();
+        encontrada = mPorNombre.constFind(xNombre);
+        if (encontrada != mPorNombre.constEnd()) return mBases[*encontrada];
+    }
+    Falta(xNombre, QString(), xOperacion);
+}
+
+bool clsCatalogoCarpeta::LeerContenido(const FichaBaseCarpeta& xFicha, ContenidoArchivo& xContenido,
+                                       QString& xError) {
+    clsLecturaArchivo archivo(xFicha.Archivo);
+    xContenido.Estado = archivo.Estado();
+    xContenido.Momento = archivo.Momento();
+    if (archivo.LeerTodo(xContenido.Bytes)) return true;
+    xError = archivo.Error();
+    return false;
+}
+
+ContenidoArchivo clsCatalogoCarpeta::Contenido(const QString& xNombre, const QString& xOperacion,
+                                               FichaBaseCarpeta& xFicha) {
+    xFicha = Buscar(xNombre, xOperacion);
+    ContenidoArchivo contenido;
+    QString error;
+    if (LeerContenido(xFicha, contenido, error) && contenido.Estado == xFicha.Estado)
+        return contenido;
+    // The file changed, went or cannot be read since the folder was read: the folder may have
+    // changed too.
+    const QString conocido = xFicha.Archivo;
+    Actualizar();
+    const auto encontrada = mPorNombre.constFind(xNombre);
+    if (encontrada == mPorNombre.constEnd()) Falta(xNombre, conocido, xOperacion);
+    xFicha = mBases[*encontrada];
+    if (!LeerContenido(xFicha, contenido, error))
+        throw ErrorVB(ErroresFuente::BaseEnUso, xOperacion,
+                      QStringLiteral("The database \"%1\" cannot be opened: its file %2 cannot be "
+                                     "read (%3).")
+                          .arg(xNombre, QFileInfo(xFicha.Archivo).fileName(), error));
+    return contenido;
+}
+
+FichaBaseCarpeta clsCatalogoCarpeta::Actual(const FichaBaseCarpeta& xFicha) const {
+    const auto lectura = mCache.constFind(xFicha.Archivo);
+    if (lectura == mCache.constEnd() || !lectura->Valida || lectura->Ficha.Nombre != xFicha.Nombre)
         return xFicha;
-    const Lectura& lectura = LeerConCache(QFileInfo(xFicha.Archivo).fileName(), estado);
-    if (!lectura.Valida || lectura.Ficha.Nombre != xFicha.Nombre) return xFicha;
-    return lectura.Ficha;
+    return lectura->Ficha;
+}
+
+void clsCatalogoCarpeta::Anotar(const QString& xArchivo, const CabeceraPDB& xCabecera,
+                                qint32 xEntradas, const ContenidoArchivo& xContenido) {
+    Lectura lectura;
+    lectura.Estado = xContenido.Estado;
+    lectura.Momento = xContenido.Momento;
+    lectura.Valida = true;
+    lectura.NombreLeido = Decodificar(xCabecera.Nombre);
+    lectura.Ficha = {xArchivo,  lectura.NombreLeido,     xCabecera,
+                     xEntradas, xContenido.Bytes.size(), xContenido.Estado};
+    const auto enLista = mPorNombre.constFind(lectura.NombreLeido);
+    if (enLista != mPorNombre.constEnd() && mBases[*enLista].Archivo == xArchivo)
+        mBases[*enLista] = lectura.Ficha;
+    mCache.insert(xArchivo, std::move(lectura));
 }

@@ -1,11 +1,13 @@
 #pragma once
 
 #include "data/clsArchivoPDB.h"
+#include "data/clsLecturaArchivo.h"
 
 #include <QByteArrayView>
 #include <QDateTime>
 #include <QHash>
 #include <QString>
+#include <QStringDecoder>
 #include <QStringList>
 #include <QVector>
 
@@ -14,16 +16,28 @@ struct FichaBaseCarpeta {
     QString Archivo; // absolute path of the file
     QString Nombre;  // the header's name, decoded with the handheld's code page
     CabeceraPDB Cabecera;
-    qint32 Entradas = 0;   // records or resources
-    qint64 Tamano = 0;     // bytes
-    qint64 Modificado = 0; // the file's modification time, as the file system counts it
+    qint32 Entradas = 0;  // records or resources
+    qint64 Tamano = 0;    // bytes
+    EstadoArchivo Estado; // the file when the header was read
+};
+
+// A whole database file and the look at the file it was read with.
+struct ContenidoArchivo {
+    QByteArray Bytes;
+    EstadoArchivo Estado;
+    qint64 Momento = 0; // when the bytes were read (ms since 1970), see EstadoArchivo::Seguro
 };
 
 // What a folder of .pdb/.prc files holds. Databases are known by the name in their header; the
 // first file in file-name order wins a name and any other file with it is reported, as is every
-// file that is not a valid database. Only headers and entry lists are read, and each file's
-// header is kept until its size or modification time changes, so listing a large folder again
-// costs little more than reading the folder itself.
+// file that is not a valid database.
+//
+// Reading the folder opens each file once, looks at it and reads its header and entry list in
+// one read. What was read is kept per file and read again only when a look at the file shows a
+// change, so reading the folder again costs one look per file. Between readings of the folder,
+// lookups by name answer from what the catalogue knows without touching the disk; opening a
+// database reads its file, which tells whether it changed, and the writes of this program update
+// the catalogue as they land.
 class clsCatalogoCarpeta {
 public:
     explicit clsCatalogoCarpeta(const QString& xCarpeta);
@@ -39,12 +53,22 @@ public:
     void Actualizar();
     // The databases in file-name order (the folder is read first if it never was).
     const QVector<FichaBaseCarpeta>& Bases();
-    // The database of that name. Raises BaseNoEncontrada when no file holds it, and BaseEnUso
+    // The database of that name as the catalogue knows it; the folder is read when it never was
+    // or does not hold that name. Raises BaseNoEncontrada when no file holds it, and BaseEnUso
     // when the file that holds it is not a valid database.
     FichaBaseCarpeta Buscar(const QString& xNombre, const QString& xOperacion);
-    // The same database as its file describes it now; xFicha itself when the file is unchanged,
-    // gone or no longer holds that database.
-    FichaBaseCarpeta Refrescar(const FichaBaseCarpeta& xFicha);
+    // The whole file of the database of that name as it is now, and in xFicha the database. When
+    // the file changed since the catalogue read it, the folder is read again first, as the name
+    // may have moved to another file. Raises as Buscar does, and BaseEnUso when the file cannot
+    // be read.
+    ContenidoArchivo Contenido(const QString& xNombre, const QString& xOperacion,
+                               FichaBaseCarpeta& xFicha);
+    // The database of xFicha's file as the catalogue knows it now; xFicha itself when that file
+    // no longer holds that database.
+    FichaBaseCarpeta Actual(const FichaBaseCarpeta& xFicha) const;
+    // Takes note of a database file this program has just written.
+    void Anotar(const QString& xArchivo, const CabeceraPDB& xCabecera, qint32 xEntradas,
+                const ContenidoArchivo& xContenido);
 
     // Header dates: Palm seconds since 1904-01-01 and the system's wall-clock dates, converted
     // as the date fields of records are.
@@ -53,31 +77,31 @@ public:
 
 private:
     struct Lectura {
-        qint64 Tamano = -1;
-        qint64 Modificado = -1;
+        EstadoArchivo Estado;
+        qint64 Momento = 0;
         bool Valida = false;
         FichaBaseCarpeta Ficha;
         QString NombreLeido; // the header's name, when it could be read
         QString Motivo;      // why the file is not a database
     };
 
-    struct EstadoArchivo {
-        bool Existe = false;
-        qint64 Tamano = 0;
-        qint64 Marca = 0;
-    };
-    static EstadoArchivo Estado(const QString& xRuta);
-    Lectura Leer(const QString& xRuta, const EstadoArchivo& xEstado);
-    // xArchivo is the file's name in the folder.
-    const Lectura& LeerConCache(const QString& xArchivo, const EstadoArchivo& xEstado);
+    Lectura Leer(const QString& xRuta);
+    // The file's reading, from the cache when a look at the file shows it unchanged. A file
+    // that is gone gives a reading whose state says so.
+    const Lectura& LeerConCache(const QString& xRuta);
+    static bool LeerContenido(const FichaBaseCarpeta& xFicha, ContenidoArchivo& xContenido,
+                              QString& xError);
+    QStringList Archivos() const;
     void ComprobarCarpeta() const;
-    bool Buscado(const QString& xNombre, FichaBaseCarpeta& xFicha);
+    [[noreturn]] void Falta(const QString& xNombre, const QString& xArchivoConocido,
+                            const QString& xOperacion) const;
 
     QString mCarpeta;
     QString mCodigoPagina;
     QString mAvisoCodigoPagina;
+    mutable QStringDecoder mDecodificador;
     bool mLeida = false;
-    QHash<QString, Lectura> mCache; // by file name
+    QHash<QString, Lectura> mCache; // by path
     QVector<FichaBaseCarpeta> mBases;
     QHash<QString, qsizetype> mPorNombre;
     QHash<QString, QString> mRechazadas; // database name -> why its file was left out

@@ -49,8 +49,10 @@ clsGestorCarpeta::EnumerarBases(const QString& xCreador, const QString& xTipo, b
 
 std::unique_ptr<clsBaseAbiertaCarpeta>
 clsGestorCarpeta::Abrir(const QString& xNombre, bool xRecursos, const QString& xOperacion) {
-    const FichaBaseCarpeta ficha = mCatalogo->Buscar(xNombre, xOperacion);
-    auto base = std::make_unique<clsBaseAbiertaCarpeta>(ficha.Archivo, xNombre, xOperacion);
+    FichaBaseCarpeta ficha;
+    ContenidoArchivo contenido = mCatalogo->Contenido(xNombre, xOperacion, ficha);
+    auto base = std::make_unique<clsBaseAbiertaCarpeta>(mCatalogo, ficha, xNombre,
+                                                        std::move(contenido), xOperacion);
     const DisposicionPDB& disposicion = base->Disposicion();
     QString motivo;
     if (mCatalogo->Decodificar(disposicion.Nombre) != xNombre)

@@ -11,7 +11,7 @@ clsInfoBaseCarpeta::clsInfoBaseCarpeta(std::shared_ptr<clsCatalogoCarpeta> xCata
 void clsInfoBaseCarpeta::Liberar() {}
 
 const FichaBaseCarpeta& clsInfoBaseCarpeta::Ficha() const {
-    mFicha = mCatalogo->Refrescar(mFicha);
+    mFicha = mCatalogo->Actual(mFicha);
     return mFicha;
 }
 

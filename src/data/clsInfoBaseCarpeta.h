@@ -5,9 +5,10 @@
 
 #include <memory>
 
-// The information object of one database of the folder. It answers from the file's header as the
-// file is now: when the file changes on disk (a record added by another window), the next answer
-// reflects it.
+// The information object of one database of the folder. It answers from the header as the
+// catalogue knows it now, not as it was when the object was made: a record added through this
+// handheld (from any window) shows in the next answer, and so does any change to the file that
+// the catalogue has seen since (reading the folder again, opening the database).
 class clsInfoBaseCarpeta : public clsInfoBase {
 public:
     clsInfoBaseCarpeta(std::shared_ptr<clsCatalogoCarpeta> xCatalogo, FichaBaseCarpeta xFicha);

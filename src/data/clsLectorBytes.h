@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QByteArrayView>
+#include <QtEndian>
 #include <QtGlobal>
 
 // A bounds-checked big-endian cursor over a byte buffer. Every read either succeeds and moves the
@@ -18,18 +19,37 @@ public:
     [[nodiscard]] bool IrA(qsizetype xPosicion);
     [[nodiscard]] bool Saltar(qsizetype xCantidad);
 
-    [[nodiscard]] bool LeerU8(quint8& xValor);
-    [[nodiscard]] bool LeerU16(quint16& xValor);
-    [[nodiscard]] bool LeerU24(quint32& xValor);
-    [[nodiscard]] bool LeerU32(quint32& xValor);
+    // The number readers are inline: a file's entry list is read with millions of them.
+    [[nodiscard]] bool LeerU8(quint8& xValor) {
+        if (Restantes() < 1) return false;
+        xValor = static_cast<quint8>(mDatos[mPosicion++]);
+        return true;
+    }
+    [[nodiscard]] bool LeerU16(quint16& xValor) {
+        if (Restantes() < 2) return false;
+        xValor = qFromBigEndian<quint16>(mDatos.data() + mPosicion);
+        mPosicion += 2;
+        return true;
+    }
+    [[nodiscard]] bool LeerU24(quint32& xValor) {
+        if (Restantes() < 3) return false;
+        xValor = (quint32(quint8(mDatos[mPosicion])) << 16) |
+                 qFromBigEndian<quint16>(mDatos.data() + mPosicion + 1);
+        mPosicion += 3;
+        return true;
+    }
+    [[nodiscard]] bool LeerU32(quint32& xValor) {
+        if (Restantes() < 4) return false;
+        xValor = qFromBigEndian<quint32>(mDatos.data() + mPosicion);
+        mPosicion += 4;
+        return true;
+    }
     // A view of the next xCantidad bytes (into the same buffer).
     [[nodiscard]] bool LeerBytes(qsizetype xCantidad, QByteArrayView& xTramo);
     // The bytes up to the next zero byte, which is consumed; an overrun when there is none.
     [[nodiscard]] bool LeerTextoTerminado(QByteArrayView& xTexto);
 
 private:
-    [[nodiscard]] bool LeerEntero(int xAncho, quint32& xValor);
-
     QByteArrayView mDatos;
     qsizetype mPosicion = 0;
 };
