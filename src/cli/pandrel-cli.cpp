@@ -8,6 +8,7 @@
 #include "data/clsFuenteCarpeta.h"
 #include "data/clsPalmPDB.h"
 #include "data/modHandheld.h"
+#include "data/modMemoria.h"
 #include "data/modMuestra.h"
 #include "device/clsPalmInformation.h"
 #include "device/modTextosInformacion.h"
@@ -15,11 +16,14 @@
 
 #include <QCoreApplication>
 #include <QLocale>
+#include <QStringEncoder>
 #include <QStringList>
+#include <algorithm>
 #include <cstdio>
 #include <functional>
 #include <map>
 #include <memory>
+#include <vector>
 
 namespace {
 
@@ -45,17 +49,56 @@ const char* const kUso =
 // A wrong command line.
 struct ErrorUso {};
 
-// What a command prints; written out only when the whole command succeeded.
+// What a command prints; written out only when the whole command succeeded. The text is kept as
+// UTF-8 in blocks that are filled in place and never moved, each backed in one call: a listing
+// of tens of thousands of records is megabytes.
 class clsSalida {
 public:
-    void Linea(const QString& xTexto) {
-        mBytes.append(xTexto.toUtf8());
-        mBytes.append('\n');
+    void Linea(QStringView xTexto) {
+        char* fin = mCodificador.appendToBuffer(
+            Espacio(mCodificador.requiredSpace(xTexto.size()) + 1), xTexto);
+        *fin++ = '\n';
+        Usar(fin);
     }
-    const QByteArray& Bytes() const { return mBytes; }
+    // A number, a tab and a text: the line of one record.
+    void Linea(qint64 xNumero, QStringView xTexto) {
+        char cifras[24];
+        const int largo =
+            std::snprintf(cifras, sizeof cifras, "%lld", static_cast<long long>(xNumero));
+        char* destino = Espacio(largo + 1 + mCodificador.requiredSpace(xTexto.size()) + 1);
+        destino = std::copy(cifras, cifras + largo, destino);
+        *destino++ = '\t';
+        char* fin = mCodificador.appendToBuffer(destino, xTexto);
+        *fin++ = '\n';
+        Usar(fin);
+    }
+    void Escribir(std::FILE* xDestino) const {
+        for (const Bloque& bloque : mBloques)
+            std::fwrite(bloque.Datos.get(), 1, size_t(bloque.Usado), xDestino);
+    }
 
 private:
-    QByteArray mBytes;
+    static constexpr qsizetype TamanoBloque = 1024 * 1024;
+    struct Bloque {
+        std::unique_ptr<char[]> Datos;
+        qsizetype Usado = 0;
+        qsizetype Capacidad = 0;
+    };
+
+    // Room for xCantidad more bytes at the end of the last block.
+    char* Espacio(qsizetype xCantidad) {
+        if (mBloques.empty() || mBloques.back().Capacidad - mBloques.back().Usado < xCantidad) {
+            const qsizetype capacidad = qMax(TamanoBloque, xCantidad);
+            Bloque bloque{std::unique_ptr<char[]>(new char[size_t(capacidad)]), 0, capacidad};
+            modMemoria::Preparar(bloque.Datos.get(), capacidad);
+            mBloques.push_back(std::move(bloque));
+        }
+        return mBloques.back().Datos.get() + mBloques.back().Usado;
+    }
+    void Usar(const char* xFin) { mBloques.back().Usado = xFin - mBloques.back().Datos.get(); }
+
+    std::vector<Bloque> mBloques;
+    QStringEncoder mCodificador{QStringEncoder::Utf8, QStringEncoder::Flag::Stateless};
 };
 
 struct Contexto {
@@ -166,7 +209,7 @@ void Registros(const Contexto& xContexto) {
     for (;;) {
         const qint32 id = xContexto.Base.ReadRecord(alPrincipio, registro, separador);
         if (id == -1) return;
-        xContexto.Salida.Linea(QString::number(id) + QLatin1Char('\t') + registro);
+        xContexto.Salida.Linea(id, registro);
     }
 }
 
@@ -297,7 +340,7 @@ int Ejecutar(const LineaComandos& xLinea) {
     clsSalida salida;
     Comandos().at(xLinea.Comando)({xLinea.Argumentos, base, salida});
     Avisar(*fuente);
-    std::fwrite(salida.Bytes().constData(), 1, size_t(salida.Bytes().size()), stdout);
+    salida.Escribir(stdout);
     return 0;
 }
 
