@@ -396,11 +396,16 @@ TEST_F(FuenteDeBases, BloquesYCategoriasSeLeenConLaPaginaDeCodigos) {
         {"", "windows-1252", QStringLiteral("Caf\u00e9s"), QStringLiteral("Caf\u00e9")},
         {"[Handheld]\nEncoding=ISO-8859-7\n", "ISO-8859-7", QStringLiteral("Caf\u03b9s"),
          QStringLiteral("Caf\u03b9")},
+        // An unknown code page is reported and the default one is used.
+        {"[Handheld]\nEncoding=klingon-1\n", "windows-1252", QStringLiteral("Caf\u00e9s"),
+         QStringLiteral("Caf\u00e9")},
     };
     for (const Caso& caso : casos) {
         mFabrica.PonerAjustes(caso.Ajustes);
         auto fuente = mFabrica.Crear();
         EXPECT_EQ(fuente->CodigoPagina(), caso.Pagina);
+        EXPECT_EQ(FabricaCarpeta::Avisos(*fuente).filter("klingon-1").size(),
+                  caso.Ajustes.contains("klingon") ? 1 : 0);
         EXPECT_EQ(Listar(*fuente), QStringList({caso.Base}));
         auto adaptador = fuente->CrearGestor()->AbrirBaseRegistros(caso.Base, "", 208);
         EXPECT_EQ(adaptador->LeerAppInfo(), base.AppInfo);
@@ -413,13 +418,6 @@ TEST_F(FuenteDeBases, BloquesYCategoriasSeLeenConLaPaginaDeCodigos) {
         EXPECT_EQ(categorias.NombreCategoria(15), "");
         EsperarError(ErrorVB::SubindiceFueraDeRango, [&] { categorias.NombreCategoria(16); });
     }
-}
-
-TEST_F(FuenteDeBases, UnaPaginaDeCodigosDesconocidaSeAvisa) {
-    mFabrica.PonerAjustes("[Handheld]\nEncoding=klingon-1\n");
-    auto fuente = mFabrica.Crear();
-    EXPECT_EQ(fuente->CodigoPagina(), "windows-1252");
-    EXPECT_EQ(FabricaCarpeta::Avisos(*fuente).filter("klingon-1").size(), 1);
 }
 
 TEST_F(FuenteDeBases, SinBloqueDeCategoriasNoHayCategorias) {
