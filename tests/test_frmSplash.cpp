@@ -91,16 +91,10 @@ TEST(frmSplash, LosEnlacesAbrenSinCerrarla) {
         QDesktopServices::unsetUrlHandler(esquema);
 }
 
-TEST(frmMensajeConstruccion, AvisoYCierre) {
+TEST(frmMensajeConstruccion, ElBotonLaCierra) {
     frmMensajeConstruccion ventana;
-    EXPECT_EQ(ventana.windowTitle(), "Under Construction");
-    QStringList textos;
-    for (const QLabel* rotulo : ventana.findChildren<QLabel*>())
-        textos << rotulo->text();
-    EXPECT_TRUE(textos.contains("This option is under construction"));
     auto* cerrar = ventana.findChild<QPushButton*>("CTRBotClose");
     ASSERT_TRUE(cerrar);
-    EXPECT_EQ(cerrar->text(), "&Close");
     const qint64 abierta =
         Ejecutar(ventana, [cerrar] { QTest::mouseClick(cerrar, Qt::LeftButton); });
     EXPECT_LT(abierta, 1500);
