@@ -143,7 +143,9 @@ private:
     QString mCarpeta;
 };
 
-class FuenteDeBases : public ::testing::Test {
+// The suite is written against the source roles and a factory that lays databases out in a
+// handheld; any later source of databases passes it by supplying its own factory.
+template <typename T> class FuenteDeBases : public ::testing::Test {
 protected:
     // The records of a database as its file holds them now, read apart from the source.
     clsArchivoPDB EnDisco(const QString& xArchivo) {
@@ -162,26 +164,29 @@ protected:
         return ids;
     }
 
-    FabricaCarpeta mFabrica;
+    T mFabrica;
 };
+
+using Fabricas = ::testing::Types<FabricaCarpeta>;
+TYPED_TEST_SUITE(FuenteDeBases, Fabricas);
 
 } // namespace
 
-TEST_F(FuenteDeBases, ElCatalogoConoceCadaBasePorElNombreDeSuCabecera) {
-    mFabrica.Poner("b.pdb", BaseDeRegistros("Zeta"));
-    mFabrica.Poner("a.pdb", BaseDeRegistros("Alfa"));
-    mFabrica.Poner("c.PRC", BaseDeRecursos("Programa"));
-    mFabrica.Poner("notas.txt", BaseDeRegistros("Ignorada"));
-    auto fuente = mFabrica.Crear();
-    EXPECT_EQ(Listar(*fuente), QStringList({"Alfa", "Zeta", "Programa"}));
-    EXPECT_TRUE(FabricaCarpeta::Avisos(*fuente).isEmpty());
+TYPED_TEST(FuenteDeBases, ElCatalogoConoceCadaBasePorElNombreDeSuCabecera) {
+    this->mFabrica.Poner("b.pdb", BaseDeRegistros("Zeta"));
+    this->mFabrica.Poner("a.pdb", BaseDeRegistros("Alfa"));
+    this->mFabrica.Poner("c.PRC", BaseDeRecursos("Programa"));
+    this->mFabrica.Poner("notas.txt", BaseDeRegistros("Ignorada"));
+    auto fuente = this->mFabrica.Crear();
+    EXPECT_EQ(this->Listar(*fuente), QStringList({"Alfa", "Zeta", "Programa"}));
+    EXPECT_TRUE(TypeParam::Avisos(*fuente).isEmpty());
 }
 
-TEST_F(FuenteDeBases, ElObjetoDeInformacionDaLaCabecera) {
+TYPED_TEST(FuenteDeBases, ElObjetoDeInformacionDaLaCabecera) {
     const QByteArray bytes = BaseVariada().Escribir();
-    mFabrica.Poner("v.pdb", bytes);
-    mFabrica.Poner("p.prc", BaseDeRecursos("Programa"));
-    auto fuente = mFabrica.Crear();
+    this->mFabrica.Poner("v.pdb", bytes);
+    this->mFabrica.Poner("p.prc", BaseDeRecursos("Programa"));
+    auto fuente = this->mFabrica.Crear();
     auto gestor = fuente->CrearGestor();
     const auto info = gestor->BuscarBase("Variada");
     EXPECT_EQ(info->Nombre(), "Variada");
@@ -202,14 +207,14 @@ TEST_F(FuenteDeBases, ElObjetoDeInformacionDaLaCabecera) {
     EXPECT_EQ(programa->CantidadRegistros(), 2);
 }
 
-TEST_F(FuenteDeBases, EnumerarFiltraPorCreadorYTipo) {
-    mFabrica.Poner("1.pdb", BaseDeRegistros("Uno", "memo"));
-    mFabrica.Poner("2.pdb", BaseDeRegistros("Dos", "todo"));
-    mFabrica.Poner("3.pdb", BaseDeRegistros("Tres", "memo"));
+TYPED_TEST(FuenteDeBases, EnumerarFiltraPorCreadorYTipo) {
+    this->mFabrica.Poner("1.pdb", BaseDeRegistros("Uno", "memo"));
+    this->mFabrica.Poner("2.pdb", BaseDeRegistros("Dos", "todo"));
+    this->mFabrica.Poner("3.pdb", BaseDeRegistros("Tres", "memo"));
     clsArchivoPDB programa = BaseDeRecursos("Cuatro");
     programa.Creador = Codigo("memo");
-    mFabrica.Poner("4.prc", programa);
-    auto fuente = mFabrica.Crear();
+    this->mFabrica.Poner("4.prc", programa);
+    auto fuente = this->mFabrica.Crear();
     struct Caso {
         QString Creador, Tipo;
         QStringList Nombres;
@@ -234,35 +239,35 @@ TEST_F(FuenteDeBases, EnumerarFiltraPorCreadorYTipo) {
     }
 }
 
-TEST_F(FuenteDeBases, UnNombreRepetidoLoGanaElPrimerArchivoYSeAvisa) {
+TYPED_TEST(FuenteDeBases, UnNombreRepetidoLoGanaElPrimerArchivoYSeAvisa) {
     clsArchivoPDB primera = BaseDeRegistros("Memo");
     primera.Registros = {{0, 1, "primera"}};
     clsArchivoPDB segunda = BaseDeRegistros("Memo");
     segunda.Registros = {{0, 1, "segunda"}, {0, 2, "x"}};
-    mFabrica.Poner("MemoB.pdb", segunda);
-    mFabrica.Poner("MemoA.pdb", primera);
-    auto fuente = mFabrica.Crear();
-    EXPECT_EQ(Listar(*fuente), QStringList({"Memo"}));
+    this->mFabrica.Poner("MemoB.pdb", segunda);
+    this->mFabrica.Poner("MemoA.pdb", primera);
+    auto fuente = this->mFabrica.Crear();
+    EXPECT_EQ(this->Listar(*fuente), QStringList({"Memo"}));
     auto adaptador = fuente->CrearGestor()->AbrirBaseRegistros("Memo", "", 208);
     EXPECT_EQ(adaptador->LeerPorID(1).Bytes, QByteArray("primera"));
-    const QStringList avisos = FabricaCarpeta::Avisos(*fuente);
+    const QStringList avisos = TypeParam::Avisos(*fuente);
     ASSERT_EQ(avisos.size(), 1);
     EXPECT_TRUE(avisos[0].contains("MemoB.pdb")) << avisos[0].toStdString();
     EXPECT_TRUE(avisos[0].contains("\"Memo\"")) << avisos[0].toStdString();
 }
 
-TEST_F(FuenteDeBases, LosArchivosMalFormadosQuedanFueraYSeAvisan) {
+TYPED_TEST(FuenteDeBases, LosArchivosMalFormadosQuedanFueraYSeAvisan) {
     QByteArray cortada = BaseVariada().Escribir();
     cortada.replace(0, 8, QByteArray("Cortada\0", 8));
     cortada.chop(20); // the last records now start past the end
-    mFabrica.Poner("basura.pdb", QByteArray(300, '\xA5'));
-    mFabrica.Poner("corta.pdb", QByteArray("MemoDB\0\0\0", 9));
-    mFabrica.Poner("cortada.pdb", cortada);
-    mFabrica.Poner("vacia.prc", QByteArray());
-    mFabrica.Poner("valida.pdb", BaseVariada());
-    auto fuente = mFabrica.Crear();
-    EXPECT_EQ(Listar(*fuente), QStringList({"Variada"}));
-    const QStringList avisos = FabricaCarpeta::Avisos(*fuente);
+    this->mFabrica.Poner("basura.pdb", QByteArray(300, '\xA5'));
+    this->mFabrica.Poner("corta.pdb", QByteArray("MemoDB\0\0\0", 9));
+    this->mFabrica.Poner("cortada.pdb", cortada);
+    this->mFabrica.Poner("vacia.prc", QByteArray());
+    this->mFabrica.Poner("valida.pdb", BaseVariada());
+    auto fuente = this->mFabrica.Crear();
+    EXPECT_EQ(this->Listar(*fuente), QStringList({"Variada"}));
+    const QStringList avisos = TypeParam::Avisos(*fuente);
     ASSERT_EQ(avisos.size(), 4) << avisos.join('\n').toStdString();
     for (const char* archivo : {"basura.pdb", "corta.pdb", "cortada.pdb", "vacia.prc"})
         EXPECT_TRUE(avisos.filter(archivo).size() == 1) << archivo;
@@ -279,8 +284,8 @@ TEST_F(FuenteDeBases, LosArchivosMalFormadosQuedanFueraYSeAvisan) {
                  [&] { gestor->AbrirBaseRecursos("Nadie", "", 208); });
 }
 
-TEST_F(FuenteDeBases, UnHandheldInaccesibleLoDiceEnCadaPuerta) {
-    auto fuente = mFabrica.CrearInaccesible();
+TYPED_TEST(FuenteDeBases, UnHandheldInaccesibleLoDiceEnCadaPuerta) {
+    auto fuente = this->mFabrica.CrearInaccesible();
     const std::vector<std::function<void()>> puertas = {
         [&] { fuente->CrearGestor()->ListarBases(-1); },
         [&] { fuente->CrearGestor()->EnumerarBases("", "", true); },
@@ -293,29 +298,29 @@ TEST_F(FuenteDeBases, UnHandheldInaccesibleLoDiceEnCadaPuerta) {
         EsperarError(ErroresFuente::HandheldInaccesible, puerta);
 }
 
-TEST_F(FuenteDeBases, AbrirUnaBaseQueYaNoSePuedeLeerDaBaseEnUso) {
-    mFabrica.Poner("v.pdb", BaseVariada());
-    mFabrica.Poner("p.prc", BaseDeRecursos("Programa"));
-    auto fuente = mFabrica.Crear();
+TYPED_TEST(FuenteDeBases, AbrirUnaBaseQueYaNoSePuedeLeerDaBaseEnUso) {
+    this->mFabrica.Poner("v.pdb", BaseVariada());
+    this->mFabrica.Poner("p.prc", BaseDeRecursos("Programa"));
+    auto fuente = this->mFabrica.Crear();
     auto gestor = fuente->CrearGestor();
-    ASSERT_EQ(Listar(*fuente).size(), 2);
+    ASSERT_EQ(this->Listar(*fuente).size(), 2);
     EsperarError(
         ErroresFuente::BaseEnUso, [&] { gestor->AbrirBaseRegistros("Programa", "", 208); },
         "resource database");
     EsperarError(ErroresFuente::BaseEnUso, [&] { gestor->AbrirBaseRecursos("Variada", "", 208); });
-    mFabrica.Poner("p.prc", QByteArray("Programa\0garbage", 16));
+    this->mFabrica.Poner("p.prc", QByteArray("Programa\0garbage", 16));
     EsperarError(
         ErroresFuente::BaseEnUso, [&] { gestor->AbrirBaseRecursos("Programa", "", 208); },
         "Programa");
-    mFabrica.Quitar("v.pdb");
+    this->mFabrica.Quitar("v.pdb");
     EsperarError(
         ErroresFuente::BaseEnUso, [&] { gestor->AbrirBaseRegistros("Variada", "", 208); },
         "Variada");
 }
 
-TEST_F(FuenteDeBases, LasLecturasSecuencialesFiltranYTerminan) {
-    mFabrica.Poner("v.pdb", BaseVariada());
-    auto fuente = mFabrica.Crear();
+TYPED_TEST(FuenteDeBases, LasLecturasSecuencialesFiltranYTerminan) {
+    this->mFabrica.Poner("v.pdb", BaseVariada());
+    auto fuente = this->mFabrica.Crear();
     auto adaptador = fuente->CrearGestor()->AbrirBaseRegistros("Variada", "", 208);
     auto& a = *adaptador;
     struct Caso {
@@ -339,12 +344,12 @@ TEST_F(FuenteDeBases, LasLecturasSecuencialesFiltranYTerminan) {
          {}},
     };
     for (const Caso& caso : casos)
-        EXPECT_EQ(LeerIDs(a, caso.Leer), caso.IDs) << caso.Nombre;
+        EXPECT_EQ(this->LeerIDs(a, caso.Leer), caso.IDs) << caso.Nombre;
 }
 
-TEST_F(FuenteDeBases, ElFinLlegaConLaLecturaDelUltimoRegistro) {
-    mFabrica.Poner("v.pdb", BaseVariada());
-    auto fuente = mFabrica.Crear();
+TYPED_TEST(FuenteDeBases, ElFinLlegaConLaLecturaDelUltimoRegistro) {
+    this->mFabrica.Poner("v.pdb", BaseVariada());
+    auto fuente = this->mFabrica.Crear();
     auto adaptador = fuente->CrearGestor()->AbrirBaseRegistros("Variada", "", 208);
     adaptador->IrAlPrincipio(0);
     RegistroPalm registro;
@@ -365,9 +370,9 @@ TEST_F(FuenteDeBases, ElFinLlegaConLaLecturaDelUltimoRegistro) {
     EXPECT_FALSE(adaptador->FinDeRegistros());
 }
 
-TEST_F(FuenteDeBases, LeerPorIDDaElRegistroSinMoverLaLectura) {
-    mFabrica.Poner("v.pdb", BaseVariada());
-    auto fuente = mFabrica.Crear();
+TYPED_TEST(FuenteDeBases, LeerPorIDDaElRegistroSinMoverLaLectura) {
+    this->mFabrica.Poner("v.pdb", BaseVariada());
+    auto fuente = this->mFabrica.Crear();
     auto adaptador = fuente->CrearGestor()->AbrirBaseRegistros("Variada", "", 208);
     adaptador->IrAlPrincipio(0);
     RegistroPalm registro;
@@ -384,10 +389,10 @@ TEST_F(FuenteDeBases, LeerPorIDDaElRegistroSinMoverLaLectura) {
         ErroresFuente::RegistroNoEncontrado, [&] { adaptador->LeerPorID(8); }, "8");
 }
 
-TEST_F(FuenteDeBases, BloquesYCategoriasSeLeenConLaPaginaDeCodigos) {
+TYPED_TEST(FuenteDeBases, BloquesYCategoriasSeLeenConLaPaginaDeCodigos) {
     clsArchivoPDB base = BaseVariada();
     base.Nombre = "Caf\xe9s";
-    mFabrica.Poner("v.pdb", base);
+    this->mFabrica.Poner("v.pdb", base);
     struct Caso {
         QByteArray Ajustes;
         QString Pagina, Base, Categoria3;
@@ -401,12 +406,12 @@ TEST_F(FuenteDeBases, BloquesYCategoriasSeLeenConLaPaginaDeCodigos) {
          QStringLiteral("Caf\u00e9")},
     };
     for (const Caso& caso : casos) {
-        mFabrica.PonerAjustes(caso.Ajustes);
-        auto fuente = mFabrica.Crear();
+        this->mFabrica.PonerAjustes(caso.Ajustes);
+        auto fuente = this->mFabrica.Crear();
         EXPECT_EQ(fuente->CodigoPagina(), caso.Pagina);
-        EXPECT_EQ(FabricaCarpeta::Avisos(*fuente).filter("klingon-1").size(),
+        EXPECT_EQ(TypeParam::Avisos(*fuente).filter("klingon-1").size(),
                   caso.Ajustes.contains("klingon") ? 1 : 0);
-        EXPECT_EQ(Listar(*fuente), QStringList({caso.Base}));
+        EXPECT_EQ(this->Listar(*fuente), QStringList({caso.Base}));
         auto adaptador = fuente->CrearGestor()->AbrirBaseRegistros(caso.Base, "", 208);
         EXPECT_EQ(adaptador->LeerAppInfo(), base.AppInfo);
         EXPECT_EQ(adaptador->LeerInfoOrden(), QByteArray("SORT"));
@@ -420,20 +425,20 @@ TEST_F(FuenteDeBases, BloquesYCategoriasSeLeenConLaPaginaDeCodigos) {
     }
 }
 
-TEST_F(FuenteDeBases, SinBloqueDeCategoriasNoHayCategorias) {
+TYPED_TEST(FuenteDeBases, SinBloqueDeCategoriasNoHayCategorias) {
     clsArchivoPDB base = BaseVariada();
     base.AppInfo = "corto";
-    mFabrica.Poner("v.pdb", base);
-    auto fuente = mFabrica.Crear();
+    this->mFabrica.Poner("v.pdb", base);
+    auto fuente = this->mFabrica.Crear();
     auto adaptador = fuente->CrearGestor()->AbrirBaseRegistros("Variada", "", 208);
     EXPECT_EQ(adaptador->Categorias().CantidadCategorias(), 0);
     EXPECT_EQ(adaptador->Categorias().NombreCategoria(0), "");
 }
 
-TEST_F(FuenteDeBases, EscribirUnRegistroDejaTodoLoDemasComoEstaba) {
+TYPED_TEST(FuenteDeBases, EscribirUnRegistroDejaTodoLoDemasComoEstaba) {
     const clsArchivoPDB antes = BaseVariada();
-    mFabrica.Poner("v.pdb", antes);
-    auto fuente = mFabrica.Crear();
+    this->mFabrica.Poner("v.pdb", antes);
+    auto fuente = this->mFabrica.Crear();
     auto gestor = fuente->CrearGestor();
     const auto info = gestor->BuscarBase("Variada");
     auto adaptador = gestor->AbrirBaseRegistros("Variada", "", 208);
@@ -441,7 +446,7 @@ TEST_F(FuenteDeBases, EscribirUnRegistroDejaTodoLoDemasComoEstaba) {
     EXPECT_EQ(adaptador->EscribirRegistro(9, 4, 0x50, "DOS nuevo"), 9);
     const QDateTime hasta = QDateTime::currentDateTime().addSecs(1);
 
-    const clsArchivoPDB despues = EnDisco("v.pdb");
+    const clsArchivoPDB despues = this->EnDisco("v.pdb");
     ASSERT_EQ(despues.Registros.size(), 5);
     for (int i : {0, 2, 3, 4}) {
         EXPECT_EQ(despues.Registros[i].Datos, antes.Registros[i].Datos) << i;
@@ -467,18 +472,18 @@ TEST_F(FuenteDeBases, EscribirUnRegistroDejaTodoLoDemasComoEstaba) {
     EXPECT_EQ(leido.Bytes, QByteArray("DOS nuevo"));
     EXPECT_EQ(leido.Categoria, 4);
     EXPECT_EQ(leido.Atributos, 0x50);
-    EXPECT_EQ(mFabrica.Sobrantes(), QStringList({"v.pdb"})); // no lock or temporary left
+    EXPECT_EQ(this->mFabrica.Sobrantes(), QStringList({"v.pdb"})); // no lock or temporary left
 }
 
-TEST_F(FuenteDeBases, UnRegistroNuevoRecibeElIDSiguienteAlMayor) {
-    mFabrica.Poner("v.pdb", BaseVariada());
-    auto fuente = mFabrica.Crear();
+TYPED_TEST(FuenteDeBases, UnRegistroNuevoRecibeElIDSiguienteAlMayor) {
+    this->mFabrica.Poner("v.pdb", BaseVariada());
+    auto fuente = this->mFabrica.Crear();
     auto gestor = fuente->CrearGestor();
     const auto info = gestor->BuscarBase("Variada");
     auto adaptador = gestor->AbrirBaseRegistros("Variada", "", 208);
     EXPECT_EQ(adaptador->EscribirRegistro(0, 3, 0, QByteArray(4, '\0')), 12);
     EXPECT_EQ(adaptador->EscribirRegistro(0, 1, 0x40, "otro"), 13);
-    const clsArchivoPDB despues = EnDisco("v.pdb");
+    const clsArchivoPDB despues = this->EnDisco("v.pdb");
     ASSERT_EQ(despues.Registros.size(), 7);
     EXPECT_EQ(despues.Registros[5].ID, 12u);
     EXPECT_EQ(despues.Registros[5].Atributos, 0x03);
@@ -490,25 +495,25 @@ TEST_F(FuenteDeBases, UnRegistroNuevoRecibeElIDSiguienteAlMayor) {
                  [&] { adaptador->EscribirRegistro(99, 0, 0, "x"); });
 }
 
-TEST_F(FuenteDeBases, BorrarQuitaElRegistroOTodos) {
+TYPED_TEST(FuenteDeBases, BorrarQuitaElRegistroOTodos) {
     const clsArchivoPDB antes = BaseVariada();
-    mFabrica.Poner("v.pdb", antes);
-    auto fuente = mFabrica.Crear();
+    this->mFabrica.Poner("v.pdb", antes);
+    auto fuente = this->mFabrica.Crear();
     auto adaptador = fuente->CrearGestor()->AbrirBaseRegistros("Variada", "", 208);
     adaptador->BorrarRegistro(7);
-    clsArchivoPDB despues = EnDisco("v.pdb");
+    clsArchivoPDB despues = this->EnDisco("v.pdb");
     QVector<quint32> ids;
     for (const auto& registro : despues.Registros)
         ids.append(registro.ID);
     EXPECT_EQ(ids, QVector<quint32>({5, 9, 3, 11}));
     EXPECT_EQ(despues.Registros[3].Datos, QByteArray("cinco"));
 
-    const QByteArray sinCambio = mFabrica.Contenido("v.pdb");
+    const QByteArray sinCambio = this->mFabrica.Contenido("v.pdb");
     EsperarError(ErroresFuente::RegistroNoEncontrado, [&] { adaptador->BorrarRegistro(7); });
-    EXPECT_EQ(mFabrica.Contenido("v.pdb"), sinCambio);
+    EXPECT_EQ(this->mFabrica.Contenido("v.pdb"), sinCambio);
 
     adaptador->BorrarTodos(0, 255);
-    despues = EnDisco("v.pdb");
+    despues = this->EnDisco("v.pdb");
     EXPECT_TRUE(despues.Registros.isEmpty());
     EXPECT_EQ(despues.AppInfo, antes.AppInfo);
     EXPECT_EQ(despues.NumeroModificacion, antes.NumeroModificacion + 2);
@@ -516,9 +521,9 @@ TEST_F(FuenteDeBases, BorrarQuitaElRegistroOTodos) {
     EXPECT_TRUE(adaptador->FinDeRegistros());
 }
 
-TEST_F(FuenteDeBases, BorrarDuranteLaLecturaSigueConElRegistroSiguiente) {
-    mFabrica.Poner("v.pdb", BaseVariada());
-    auto fuente = mFabrica.Crear();
+TYPED_TEST(FuenteDeBases, BorrarDuranteLaLecturaSigueConElRegistroSiguiente) {
+    this->mFabrica.Poner("v.pdb", BaseVariada());
+    auto fuente = this->mFabrica.Crear();
     auto adaptador = fuente->CrearGestor()->AbrirBaseRegistros("Variada", "", 208);
     adaptador->IrAlPrincipio(0);
     RegistroPalm registro;
@@ -529,30 +534,30 @@ TEST_F(FuenteDeBases, BorrarDuranteLaLecturaSigueConElRegistroSiguiente) {
     EXPECT_EQ(registro.ID, 7);
 }
 
-TEST_F(FuenteDeBases, UnCambioDeOtroEscritorSobreviveALaEscrituraSiguiente) {
-    mFabrica.Poner("v.pdb", BaseVariada());
-    auto fuente = mFabrica.Crear();
+TYPED_TEST(FuenteDeBases, UnCambioDeOtroEscritorSobreviveALaEscrituraSiguiente) {
+    this->mFabrica.Poner("v.pdb", BaseVariada());
+    auto fuente = this->mFabrica.Crear();
     auto nuestro = fuente->CrearGestor()->AbrirBaseRegistros("Variada", "", 208);
 
     struct Caso {
         const char* Nombre;
         std::function<void()> OtroEscritor;
     };
-    auto otraFuente = mFabrica.Crear();
+    auto otraFuente = this->mFabrica.Crear();
     auto otro = otraFuente->CrearGestor()->AbrirBaseRegistros("Variada", "", 208);
     const std::vector<Caso> casos = {
         {"another source", [&] { otro->EscribirRegistro(5, 1, 0x40, "de otra ventana"); }},
         {"another program",
          [&] {
-             clsArchivoPDB base = EnDisco("v.pdb");
+             clsArchivoPDB base = this->EnDisco("v.pdb");
              base.Registros[0].Datos = "de otro programa";
-             mFabrica.CambiarPorFuera("v.pdb", base);
+             this->mFabrica.CambiarPorFuera("v.pdb", base);
          }},
     };
     for (const Caso& caso : casos) {
         caso.OtroEscritor();
         nuestro->EscribirRegistro(11, 1, 0, caso.Nombre);
-        const clsArchivoPDB despues = EnDisco("v.pdb");
+        const clsArchivoPDB despues = this->EnDisco("v.pdb");
         EXPECT_EQ(despues.Registros[4].Datos, QByteArray(caso.Nombre));
         EXPECT_EQ(despues.Registros[0].Datos, caso.Nombre == casos[0].Nombre
                                                   ? QByteArray("de otra ventana")
@@ -561,7 +566,7 @@ TEST_F(FuenteDeBases, UnCambioDeOtroEscritorSobreviveALaEscrituraSiguiente) {
     }
 }
 
-TEST_F(FuenteDeBases, UnaEscrituraQueFallaNoCambiaNada) {
+TYPED_TEST(FuenteDeBases, UnaEscrituraQueFallaNoCambiaNada) {
     struct Caso {
         const char* Nombre;
         std::function<void(FabricaCarpeta&)> Impedir;
@@ -591,14 +596,14 @@ TEST_F(FuenteDeBases, UnaEscrituraQueFallaNoCambiaNada) {
     }
 }
 
-TEST_F(FuenteDeBases, LaTarjetaYElUsuarioVienenDeLosAjustes) {
-    mFabrica.Poner("v.pdb", BaseVariada());
-    mFabrica.PonerAjustes("[Card]\nNumber=1\nVersion=3.5\nCreationDate=2003-04-05 06:07:08\n"
-                          "RomSize=4194304\nRamSize=16777216\nFreeRam=1536\nName=Visor\n"
-                          "Manufacturer=Acme\nRomDbCount=40\nRamDbCount=12\n"
-                          "[User]\nName=Ana Diaz\nPassword=secreto\n"
-                          "LastSyncDate=2004-01-02T03:04:05\nLastSyncPC=77\nUserID=1234\n");
-    auto fuente = mFabrica.Crear();
+TYPED_TEST(FuenteDeBases, LaTarjetaYElUsuarioVienenDeLosAjustes) {
+    this->mFabrica.Poner("v.pdb", BaseVariada());
+    this->mFabrica.PonerAjustes("[Card]\nNumber=1\nVersion=3.5\nCreationDate=2003-04-05 06:07:08\n"
+                                "RomSize=4194304\nRamSize=16777216\nFreeRam=1536\nName=Visor\n"
+                                "Manufacturer=Acme\nRomDbCount=40\nRamDbCount=12\n"
+                                "[User]\nName=Ana Diaz\nPassword=secreto\n"
+                                "LastSyncDate=2004-01-02T03:04:05\nLastSyncPC=77\nUserID=1234\n");
+    auto fuente = this->mFabrica.Crear();
     const TarjetaPalm tarjeta = fuente->CrearSistema()->TarjetaMemoria();
     EXPECT_EQ(tarjeta.Numero, 1);
     EXPECT_DOUBLE_EQ(tarjeta.Version, 3.5);
@@ -618,24 +623,24 @@ TEST_F(FuenteDeBases, LaTarjetaYElUsuarioVienenDeLosAjustes) {
     EXPECT_EQ(usuario.IDUsuario, 1234);
 }
 
-TEST_F(FuenteDeBases, SinAjustesLosValoresSeDerivanDelHandheld) {
-    mFabrica.ComoRespaldoDe("Juan Perez");
+TYPED_TEST(FuenteDeBases, SinAjustesLosValoresSeDerivanDelHandheld) {
+    this->mFabrica.ComoRespaldoDe("Juan Perez");
     clsArchivoPDB vieja = BaseDeRegistros("Vieja");
     vieja.FechaCreacion = 0; // 1904-01-01
     const QByteArray bytesVieja = vieja.Escribir();
     const QByteArray bytesVariada = BaseVariada().Escribir();
-    mFabrica.Poner("a.pdb", bytesVieja);
-    mFabrica.Poner("b.pdb", bytesVariada);
-    mFabrica.Poner("c.pdb", QByteArray(10, 'x')); // not a database
-    auto fuente = mFabrica.Crear();
+    this->mFabrica.Poner("a.pdb", bytesVieja);
+    this->mFabrica.Poner("b.pdb", bytesVariada);
+    this->mFabrica.Poner("c.pdb", QByteArray(10, 'x')); // not a database
+    auto fuente = this->mFabrica.Crear();
     const TarjetaPalm tarjeta = fuente->CrearSistema()->TarjetaMemoria();
     EXPECT_EQ(tarjeta.Numero, 0);
     EXPECT_DOUBLE_EQ(tarjeta.Version, 1);
     EXPECT_EQ(tarjeta.FechaCreacion, Fecha(1904, 1, 1));
     EXPECT_EQ(tarjeta.TamanoRom, 0);
     EXPECT_EQ(tarjeta.TamanoRam, bytesVieja.size() + bytesVariada.size());
-    EXPECT_NEAR(double(tarjeta.RamLibre), double(mFabrica.EspacioLibre()), 64e6);
-    EXPECT_EQ(tarjeta.Nombre, mFabrica.NombreHandheld());
+    EXPECT_NEAR(double(tarjeta.RamLibre), double(this->mFabrica.EspacioLibre()), 64e6);
+    EXPECT_EQ(tarjeta.Nombre, this->mFabrica.NombreHandheld());
     EXPECT_EQ(tarjeta.Fabricante, "");
     EXPECT_EQ(tarjeta.CantidadBasesRom, 0);
     EXPECT_EQ(tarjeta.CantidadBasesRam, 2);
@@ -647,12 +652,12 @@ TEST_F(FuenteDeBases, SinAjustesLosValoresSeDerivanDelHandheld) {
     EXPECT_EQ(usuario.IDUsuario, 0);
 }
 
-TEST_F(FuenteDeBases, UnAjusteQueNoEsDeSuClaseSeRechaza) {
+TYPED_TEST(FuenteDeBases, UnAjusteQueNoEsDeSuClaseSeRechaza) {
     const char* ajustes[] = {"[Card]\nNumber=uno\n", "[Card]\nCreationDate=ayer\n",
                              "[User]\nLastSyncDate=2004-13-45 00:00:00\n", "[Card]\nVersion=x1\n"};
     for (const char* texto : ajustes) {
-        mFabrica.PonerAjustes(texto);
-        auto fuente = mFabrica.Crear();
+        this->mFabrica.PonerAjustes(texto);
+        auto fuente = this->mFabrica.Crear();
         EsperarError(
             ErroresFuente::HandheldInaccesible,
             [&] {
@@ -663,9 +668,9 @@ TEST_F(FuenteDeBases, UnAjusteQueNoEsDeSuClaseSeRechaza) {
     }
 }
 
-TEST_F(FuenteDeBases, ElAdaptadorDeRecursosDaCadaRecurso) {
-    mFabrica.Poner("p.prc", BaseDeRecursos("Programa"));
-    auto fuente = mFabrica.Crear();
+TYPED_TEST(FuenteDeBases, ElAdaptadorDeRecursosDaCadaRecurso) {
+    this->mFabrica.Poner("p.prc", BaseDeRecursos("Programa"));
+    auto fuente = this->mFabrica.Crear();
     auto adaptador = fuente->CrearGestor()->AbrirBaseRecursos("Programa", "", 208);
     ASSERT_EQ(adaptador->CantidadRecursos(), 2);
     const RecursoPalm recurso = adaptador->LeerRecurso(1);
@@ -677,15 +682,15 @@ TEST_F(FuenteDeBases, ElAdaptadorDeRecursosDaCadaRecurso) {
     EsperarError(ErroresFuente::RegistroNoEncontrado, [&] { adaptador->LeerRecurso(-1); });
 }
 
-TEST_F(FuenteDeBases, LosArchivosDeUnHandheldReal) {
+TYPED_TEST(FuenteDeBases, LosArchivosDeUnHandheldReal) {
     const QDir dispositivo(QStringLiteral(PANDREL_FIXTURES));
     if (!dispositivo.exists()) GTEST_SKIP() << "no device files";
     for (const QString& nombre : dispositivo.entryList({"*.pdb", "*.prc"}, QDir::Files)) {
         QFile archivo(dispositivo.filePath(nombre));
         ASSERT_TRUE(archivo.open(QIODevice::ReadOnly));
-        mFabrica.Poner(nombre, archivo.readAll());
+        this->mFabrica.Poner(nombre, archivo.readAll());
     }
-    auto fuente = mFabrica.Crear();
+    auto fuente = this->mFabrica.Crear();
     auto gestor = fuente->CrearGestor();
     struct Caso {
         QString Nombre, Tipo, Creador;
@@ -697,8 +702,8 @@ TEST_F(FuenteDeBases, LosArchivosDeUnHandheldReal) {
         {"MemoDB", "DATA", "memo", 5, false},    {"OnBoard", "appl", "OnBA", 26, true},
         {"ToDoDB", "DATA", "todo", 3, false},
     };
-    EXPECT_EQ(Listar(*fuente).size(), std::size(casos));
-    EXPECT_TRUE(FabricaCarpeta::Avisos(*fuente).isEmpty());
+    EXPECT_EQ(this->Listar(*fuente).size(), std::size(casos));
+    EXPECT_TRUE(TypeParam::Avisos(*fuente).isEmpty());
     for (const Caso& caso : casos) {
         const auto info = gestor->BuscarBase(caso.Nombre);
         EXPECT_EQ(fuente->CodigoATexto(info->Tipo(), -1), caso.Tipo);
@@ -715,9 +720,9 @@ TEST_F(FuenteDeBases, LosArchivosDeUnHandheldReal) {
     EXPECT_EQ(categorias.NombreCategoria(1), "Business");
     EXPECT_TRUE(memo->LeerPorID(2).Bytes.startsWith("Handheld Basics"));
 
-    const clsArchivoPDB antes = EnDisco("MemoDB.pdb");
+    const clsArchivoPDB antes = this->EnDisco("MemoDB.pdb");
     memo->EscribirRegistro(4, 0, 0x40, "Download nothing\n");
-    const clsArchivoPDB despues = EnDisco("MemoDB.pdb");
+    const clsArchivoPDB despues = this->EnDisco("MemoDB.pdb");
     ASSERT_EQ(despues.Registros.size(), antes.Registros.size());
     for (int i = 0; i < antes.Registros.size(); ++i) {
         if (antes.Registros[i].ID == 4) continue;
