@@ -78,6 +78,8 @@ public:
     }
 
 private:
+    // Most commands print a few lines; a listing grows by large blocks.
+    static constexpr qsizetype PrimerBloque = 16 * 1024;
     static constexpr qsizetype TamanoBloque = 1024 * 1024;
     struct Bloque {
         std::unique_ptr<char[]> Datos;
@@ -88,7 +90,8 @@ private:
     // Room for xCantidad more bytes at the end of the last block.
     char* Espacio(qsizetype xCantidad) {
         if (mBloques.empty() || mBloques.back().Capacidad - mBloques.back().Usado < xCantidad) {
-            const qsizetype capacidad = qMax(TamanoBloque, xCantidad);
+            const qsizetype capacidad =
+                qMax(mBloques.empty() ? PrimerBloque : TamanoBloque, xCantidad);
             Bloque bloque{std::unique_ptr<char[]>(new char[size_t(capacidad)]), 0, capacidad};
             modMemoria::Preparar(bloque.Datos.get(), capacidad);
             mBloques.push_back(std::move(bloque));

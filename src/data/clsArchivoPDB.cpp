@@ -182,9 +182,9 @@ DisposicionPDB clsArchivoPDB::Analizar(QByteArrayView xBytes, qint64 xTamanoArch
     const bool recursos = disposicion.EsRecursos();
     if (!xSinEntradas) {
         if (recursos)
-            disposicion.Recursos.reserve(entradas);
+            modMemoria::Reservar(disposicion.Recursos, entradas);
         else
-            disposicion.Registros.reserve(entradas);
+            modMemoria::Reservar(disposicion.Registros, entradas);
     }
     qint64 primerDato = xTamanoArchivo;
     for (qint32 i = 0; i < entradas; ++i) {
@@ -316,7 +316,7 @@ QByteArray clsArchivoPDB::Componer(const CabeceraPDB& xCabecera, QByteArrayView 
     xDisposicion.SortInfo = tramo(inicioAppInfo + xAppInfo.size(), xSortInfo.size());
     xDisposicion.Recursos.clear();
     xDisposicion.Registros.clear();
-    xDisposicion.Registros.reserve(xCantidad);
+    modMemoria::Reservar(xDisposicion.Registros, xCantidad);
     xDisposicion.Entradas = xCantidad;
 
     QByteArray salida;

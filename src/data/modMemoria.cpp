@@ -28,10 +28,4 @@ void Preparar(char* xInicio, qsizetype xCantidad) {
 #endif
 }
 
-QByteArray Bloque(qsizetype xCantidad) {
-    QByteArray bloque(xCantidad, Qt::Uninitialized);
-    Preparar(bloque.data(), bloque.size());
-    return bloque;
-}
-
 } // namespace modMemoria

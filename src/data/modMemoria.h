@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QByteArray>
+#include <QVector>
 #include <QtGlobal>
 
 // Large buffers whose memory is backed in one call. A buffer of megabytes touched for the first
@@ -11,7 +11,10 @@ namespace modMemoria {
 // Has the pages of xCantidad bytes from xInicio backed now. Does nothing where the system cannot.
 void Preparar(char* xInicio, qsizetype xCantidad);
 
-// xCantidad bytes, not initialised, their memory already backed.
-QByteArray Bloque(qsizetype xCantidad);
+// Makes room for xCantidad elements in xVector, backed.
+template <typename T> void Reservar(QVector<T>& xVector, qsizetype xCantidad) {
+    xVector.reserve(xCantidad);
+    Preparar(reinterpret_cast<char*>(xVector.data()), xVector.capacity() * qsizetype(sizeof(T)));
+}
 
 } // namespace modMemoria
