@@ -130,7 +130,9 @@ void clsBaseAbiertaCarpeta::LeerActual(const QString& xOperacion, QByteArray& xB
     xDisposicion = mDisposicion;
     // A look at the file proves it unchanged unless it changed in the second it was read; only
     // then, or when the look shows a change, are its bytes compared.
-    if (mEstado.Seguro(mMomento) && clsLecturaArchivo::EstadoDe(mArchivo) == mEstado) return;
+    if (mEstado.Seguro(mMomento) &&
+        mEstado.SinCambios(clsLecturaArchivo::EstadoDe(mArchivo), mMomento))
+        return;
     clsLecturaArchivo archivo(mArchivo);
     if (!archivo.Abierto())
         FallaEscritura(xOperacion,

@@ -156,8 +156,9 @@ clsCatalogoCarpeta::Lectura clsCatalogoCarpeta::Leer(const QString& xRuta) {
 
 const clsCatalogoCarpeta::Lectura& clsCatalogoCarpeta::LeerConCache(const QString& xRuta) {
     const auto encontrada = mCache.constFind(xRuta);
+    // The look at the file is spared when what was read cannot be proved by one.
     if (encontrada != mCache.constEnd() && encontrada->Estado.Seguro(encontrada->Momento) &&
-        clsLecturaArchivo::EstadoDe(xRuta) == encontrada->Estado)
+        encontrada->Estado.SinCambios(clsLecturaArchivo::EstadoDe(xRuta), encontrada->Momento))
         return *encontrada;
     return *mCache.insert(xRuta, Leer(xRuta));
 }

@@ -25,6 +25,11 @@ struct EstadoArchivo {
     // earlier second, so a change after the reading would show in its times. A file changed in
     // the second of the reading, or later, must be compared byte by byte.
     bool Seguro(qint64 xMomento) const;
+    // True when xAhora, a later look at the file, proves its contents unchanged since they were
+    // read with this look at xMomento.
+    bool SinCambios(const EstadoArchivo& xAhora, qint64 xMomento) const {
+        return Seguro(xMomento) && xAhora == *this;
+    }
 };
 
 // One file opened for reading: its state when opened and reads at any offset. The file is closed
