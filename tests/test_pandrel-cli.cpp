@@ -1,3 +1,5 @@
+#include "constructor/clsConstructorBase.h"
+
 #include <QProcess>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -130,6 +132,30 @@ TEST_F(PandrelCli, ErrorsPrintOneLineAndNothingOnStdout) {
     }
     // The failed updates wrote nothing.
     EXPECT_EQ(Ejecutar({"get", "VisitLogDB", id}).Salida.section('\t', 2, 2), "20");
+}
+
+// A listing of megabytes, with letters that take two bytes in UTF-8, comes out whole and in order.
+TEST_F(PandrelCli, ALargeListingComesOutWhole) {
+    constexpr int Registros = 30000;
+    const auto texto = [](int i) {
+        return QStringLiteral("Caf\u00e9 \u00f1and\u00fa n\u00famero %1 ").arg(i) +
+               QString(i % 37, 'x');
+    };
+    clsConstructorBase base("Grande", "DATA", "Grnd");
+    base.EsquemaAppForge("Grande", {{"Nombre", clsConstructorBase::String}});
+    for (int i = 0; i < Registros; ++i)
+        base.AgregarRegistro({texto(i)});
+    base.Guardar(Handheld() + "/Grande.pdb");
+
+    const Resultado resultado = Ejecutar({"records", "Grande"});
+    ASSERT_EQ(resultado.Estado, 0) << resultado.Errores.toStdString();
+    EXPECT_GT(resultado.Salida.toUtf8().size(), 3 * 512 * 1024);
+    EXPECT_FALSE(resultado.Salida.contains(QChar::ReplacementCharacter));
+    const QStringList lineas = resultado.Salida.split('\n');
+    ASSERT_EQ(lineas.size(), Registros + 1);
+    EXPECT_EQ(lineas.last(), "");
+    for (int i = 0; i < Registros; ++i)
+        ASSERT_EQ(lineas[i], QString::number(0x100001 + i) + '\t' + texto(i).trimmed()) << i;
 }
 
 TEST_F(PandrelCli, InfoShowsTheHandheld) {
