@@ -63,10 +63,17 @@ public:
     // A number, a tab and a text: the line of one record.
     void Linea(qint64 xNumero, QStringView xTexto) {
         char cifras[24];
-        const int largo =
-            std::snprintf(cifras, sizeof cifras, "%lld", static_cast<long long>(xNumero));
+        char* const finCifras = cifras + sizeof cifras;
+        char* inicio = finCifras;
+        quint64 valor = xNumero < 0 ? 0 - quint64(xNumero) : quint64(xNumero);
+        do {
+            *--inicio = char('0' + valor % 10);
+            valor /= 10;
+        } while (valor != 0);
+        if (xNumero < 0) *--inicio = '-';
+        const qsizetype largo = finCifras - inicio;
         char* destino = Espacio(largo + 1 + mCodificador.requiredSpace(xTexto.size()) + 1);
-        destino = std::copy(cifras, cifras + largo, destino);
+        destino = std::copy(inicio, finCifras, destino);
         *destino++ = '\t';
         char* fin = mCodificador.appendToBuffer(destino, xTexto);
         *fin++ = '\n';
