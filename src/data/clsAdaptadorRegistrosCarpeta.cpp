@@ -42,15 +42,15 @@ RegistroPalm clsAdaptadorRegistrosCarpeta::Registro(qint32 xIndice) const {
     return registro;
 }
 
-bool clsAdaptadorRegistrosCarpeta::LeerSiguienteQue(
-    const std::function<bool(const RegistroPalm&)>& xAcepta, RegistroPalm& xRegistro) {
+template <typename Acepta>
+bool clsAdaptadorRegistrosCarpeta::LeerSiguienteQue(Acepta xAcepta, RegistroPalm& xRegistro) {
     const QVector<IndiceRegistroPDB>& registros = mBase->Disposicion().Registros;
     while (mCursor < registros.size()) {
         const qint32 indice = mCursor++;
-        RegistroPalm candidato;
-        clsArchivoPDB::SepararAtributos(registros[indice].Atributos, candidato.Atributos,
-                                        candidato.Categoria);
-        if (xAcepta(candidato)) {
+        qint32 atributos = 0;
+        qint32 categoria = 0;
+        clsArchivoPDB::SepararAtributos(registros[indice].Atributos, atributos, categoria);
+        if (xAcepta(atributos, categoria)) {
             xRegistro = Registro(indice);
             return true;
         }
@@ -59,25 +59,27 @@ bool clsAdaptadorRegistrosCarpeta::LeerSiguienteQue(
 }
 
 bool clsAdaptadorRegistrosCarpeta::LeerSiguiente(RegistroPalm& xRegistro) {
-    return LeerSiguienteQue([](const RegistroPalm&) { return true; }, xRegistro);
+    return LeerSiguienteQue([](qint32, qint32) { return true; }, xRegistro);
 }
 
 bool clsAdaptadorRegistrosCarpeta::LeerSiguienteModificado(RegistroPalm& xRegistro) {
     return LeerSiguienteQue(
-        [](const RegistroPalm& x) { return (x.Atributos & AtributoModificado) != 0; }, xRegistro);
+        [](qint32 xAtributos, qint32) { return (xAtributos & AtributoModificado) != 0; },
+        xRegistro);
 }
 
 bool clsAdaptadorRegistrosCarpeta::LeerSiguienteEnCategoria(qint32 xCategoria,
                                                             RegistroPalm& xRegistro) {
     return LeerSiguienteQue(
-        [xCategoria](const RegistroPalm& x) { return x.Categoria == xCategoria; }, xRegistro);
+        [xCategoria](qint32, qint32 xCategoriaLeida) { return xCategoriaLeida == xCategoria; },
+        xRegistro);
 }
 
 bool clsAdaptadorRegistrosCarpeta::LeerSiguienteModificadoEnCategoria(qint32 xCategoria,
                                                                       RegistroPalm& xRegistro) {
     return LeerSiguienteQue(
-        [xCategoria](const RegistroPalm& x) {
-            return x.Categoria == xCategoria && (x.Atributos & AtributoModificado) != 0;
+        [xCategoria](qint32 xAtributos, qint32 xCategoriaLeida) {
+            return xCategoriaLeida == xCategoria && (xAtributos & AtributoModificado) != 0;
         },
         xRegistro);
 }

@@ -4,7 +4,6 @@
 #include "data/clsCategoriasCarpeta.h"
 #include "data/clsFuentePalm.h"
 
-#include <functional>
 #include <memory>
 
 // The record adapter of one record database of the folder. Sequential reads walk the records in
@@ -31,8 +30,8 @@ public:
     const clsCategoriasPalm& Categorias() override;
 
 private:
-    bool LeerSiguienteQue(const std::function<bool(const RegistroPalm&)>& xAcepta,
-                          RegistroPalm& xRegistro);
+    // The next record whose attributes and category xAcepta(attributes, category) accepts.
+    template <typename Acepta> bool LeerSiguienteQue(Acepta xAcepta, RegistroPalm& xRegistro);
     RegistroPalm Registro(qint32 xIndice) const;
     qint32 CantidadRegistros() const;
 
