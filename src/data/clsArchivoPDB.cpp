@@ -28,23 +28,22 @@ void Exigir(bool xLeido, const char* xQue) {
     if (!xLeido) Rechazar(QStringLiteral("the file ends inside %1").arg(QLatin1String(xQue)));
 }
 
-void AgregarU8(QByteArray& xSalida, quint8 xValor) {
-    xSalida.append(static_cast<char>(xValor));
-}
-
 void AgregarU16(QByteArray& xSalida, quint16 xValor) {
     const quint16 big = qToBigEndian(xValor);
     xSalida.append(reinterpret_cast<const char*>(&big), sizeof big);
 }
 
-void AgregarU24(QByteArray& xSalida, quint32 xValor) {
-    AgregarU8(xSalida, static_cast<quint8>(xValor >> 16));
-    AgregarU16(xSalida, static_cast<quint16>(xValor));
-}
-
 void AgregarU32(QByteArray& xSalida, quint32 xValor) {
     const quint32 big = qToBigEndian(xValor);
     xSalida.append(reinterpret_cast<const char*>(&big), sizeof big);
+}
+
+// A record entry: data offset u32, attribute byte, 24-bit unique ID, appended at once.
+void AgregarEntradaRegistro(QByteArray& xSalida, quint32 xDesde, quint8 xAtributos, quint32 xID) {
+    const quint64 entrada =
+        qToBigEndian((quint64(xDesde) << 32) | (quint64(xAtributos) << 24) | (xID & MaximoID));
+    static_assert(sizeof entrada == clsArchivoPDB::TamanoEntradaRegistro);
+    xSalida.append(reinterpret_cast<const char*>(&entrada), sizeof entrada);
 }
 
 // What a block is, for the error texts, which are made only when a file is rejected.
@@ -299,9 +298,14 @@ QByteArray clsArchivoPDB::Componer(const CabeceraPDB& xCabecera, QByteArrayView 
     ComprobarCabecera(xCabecera, xCantidad);
     const qint64 inicioAppInfo = TamanoCabecera + xCantidad * TamanoEntradaRegistro + TamanoRelleno;
     const qint64 inicioDatos = inicioAppInfo + xAppInfo.size() + xSortInfo.size();
+    // Each record is asked for once; the data of a large database is megabytes, its entry list
+    // tens of thousands of entries.
+    QVector<PiezaRegistroPDB> piezas;
+    modMemoria::Reservar(piezas, xCantidad);
     qint64 tamano = inicioDatos;
     for (qint32 i = 0; i < xCantidad; ++i) {
-        const PiezaRegistroPDB pieza = xRegistro(i);
+        piezas.append(xRegistro(i));
+        const PiezaRegistroPDB& pieza = piezas.back();
         if (pieza.ID > MaximoID)
             Rechazar(QStringLiteral("the unique ID %1 does not fit in 24 bits").arg(pieza.ID));
         tamano += pieza.Datos.size();
@@ -325,11 +329,8 @@ QByteArray clsArchivoPDB::Componer(const CabeceraPDB& xCabecera, QByteArrayView 
     AgregarCabecera(salida, xCabecera, xDisposicion.AppInfo.Desde, xDisposicion.SortInfo.Desde,
                     xCantidad);
     quint32 desde = static_cast<quint32>(inicioDatos);
-    for (qint32 i = 0; i < xCantidad; ++i) {
-        const PiezaRegistroPDB pieza = xRegistro(i);
-        AgregarU32(salida, desde);
-        AgregarU8(salida, pieza.Atributos);
-        AgregarU24(salida, pieza.ID);
+    for (const PiezaRegistroPDB& pieza : piezas) {
+        AgregarEntradaRegistro(salida, desde, pieza.Atributos, pieza.ID);
         const quint32 largo = static_cast<quint32>(pieza.Datos.size());
         xDisposicion.Registros.append({{desde, largo}, pieza.ID, pieza.Atributos});
         desde += largo;
@@ -337,8 +338,18 @@ QByteArray clsArchivoPDB::Componer(const CabeceraPDB& xCabecera, QByteArrayView 
     salida.append(TamanoRelleno, '\0');
     salida.append(xAppInfo);
     salida.append(xSortInfo);
-    for (qint32 i = 0; i < xCantidad; ++i)
-        salida.append(xRegistro(i).Datos);
+    // Records that lie one after the other where they come from are copied in one go.
+    QByteArrayView seguidos;
+    for (const PiezaRegistroPDB& pieza : piezas) {
+        if (!seguidos.isEmpty() &&
+            seguidos.constData() + seguidos.size() == pieza.Datos.constData()) {
+            seguidos = QByteArrayView(seguidos.constData(), seguidos.size() + pieza.Datos.size());
+            continue;
+        }
+        salida.append(seguidos);
+        seguidos = pieza.Datos;
+    }
+    salida.append(seguidos);
     return salida;
 }
 

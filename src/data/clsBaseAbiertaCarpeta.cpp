@@ -168,8 +168,11 @@ void clsBaseAbiertaCarpeta::Guardar(const QString& xOperacion, const Cambio& xCa
     DisposicionPDB actual;
     LeerActual(xOperacion, bytes, actual);
     const QByteArrayView vista(bytes);
-    const FuentePiezas anterior = [&actual, vista](qint32 i) {
-        const IndiceRegistroPDB& registro = actual.Registros[i];
+    // Read only: the entry list is shared with the one this object holds, and a write access
+    // would copy it.
+    const QVector<IndiceRegistroPDB>& registros = actual.Registros;
+    const FuentePiezas anterior = [&registros, vista](qint32 i) {
+        const IndiceRegistroPDB& registro = registros[i];
         return PiezaRegistroPDB{registro.Atributos, registro.ID,
                                 vista.sliced(registro.Datos.Desde, registro.Datos.Largo)};
     };
