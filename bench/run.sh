@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Times whole pandrel-cli processes on the benchmark handhelds and prints, per case, the median
-# and the slowest of the runs and the peak memory. Usage: bench/run.sh [RUNS] (default 15).
+# and the slowest of the runs, the median processor time (user + system: what the program costs
+# when other work shares the machine) and the peak memory. Usage: bench/run.sh [RUNS] (default 15).
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 build="${PANDREL_BUILD:-$root/build}"
@@ -16,14 +17,20 @@ measure() {
     python3 - "$@" <<'PY'
 import resource, statistics, subprocess, sys, time
 name, runs, command = sys.argv[1], int(sys.argv[2]), sys.argv[3:]
-times = []
+def cpu():
+    uso = resource.getrusage(resource.RUSAGE_CHILDREN)
+    return (uso.ru_utime + uso.ru_stime) * 1000
+times, cpus = [], []
 for i in range(runs):
     args = [a.replace("{i}", str(i)) for a in command]
+    before = cpu()
     start = time.perf_counter()
     subprocess.run(args, stdout=subprocess.DEVNULL, check=True)
     times.append((time.perf_counter() - start) * 1000)
+    cpus.append(cpu() - before)
 peak = resource.getrusage(resource.RUSAGE_CHILDREN).ru_maxrss / 1024
-print(f"{name:<34} median {statistics.median(times):7.1f} ms   max {max(times):7.1f} ms   peak {peak:6.1f} MB")
+print(f"{name:<34} median {statistics.median(times):6.1f} ms   max {max(times):6.1f} ms"
+      f"   cpu {statistics.median(cpus):6.1f} ms   peak {peak:5.1f} MB")
 PY
 }
 
