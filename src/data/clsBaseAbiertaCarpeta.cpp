@@ -5,7 +5,6 @@
 #include "data/clsCatalogoCarpeta.h"
 #include "data/clsFuentePalm.h"
 
-#include <QFile>
 #include <QFileInfo>
 #include <QLockFile>
 #include <QSaveFile>
