@@ -39,3 +39,8 @@ echo "BenchBig.pdb: $((big / 1024)) KB, 65535 records; many/: $(ls "$inputs/many
 measure "records (65,535 x 8 fields)" "$runs" "$cli" --handheld "$inputs/big" records BenchBig
 measure "creators --kind appforge (1,000)" "$runs" "$cli" --handheld "$inputs/many" creators --kind appforge
 measure "update one String, mid-database" "$runs" "$cli" --handheld "$inputs/big" update BenchBig 1081344 4 "Customer {i}"
+
+# The windows, on the offscreen platform: start-up to the first explorer's tree, and choosing the
+# large database until its panels and first batch show.
+cmake --build "$build" --target bench-explorador >/dev/null
+QT_QPA_PLATFORM=offscreen "$build/bench/bench-explorador" "$inputs" 5 2>/dev/null
