@@ -31,6 +31,14 @@ QPen Trazo(const QColor& xColor, qreal xAncho = 1.6) {
     return QPen(xColor, xAncho, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
 }
 
+// A closed outline through the given corners.
+QPainterPath Contorno(std::initializer_list<QPointF> xEsquinas) {
+    QPainterPath contorno;
+    contorno.addPolygon(QPolygonF(xEsquinas));
+    contorno.closeSubpath();
+    return contorno;
+}
+
 void Handheld(QPainter& p) {
     p.setPen(Trazo(QColor(40, 44, 52)));
     p.setBrush(QColor(92, 100, 116));
@@ -47,15 +55,7 @@ void Handheld(QPainter& p) {
 void Creador(QPainter& p) {
     p.setPen(Trazo(QColor(150, 100, 20)));
     p.setBrush(QColor(245, 196, 80));
-    QPainterPath carpeta;
-    carpeta.moveTo(2, 8);
-    carpeta.lineTo(12, 8);
-    carpeta.lineTo(15, 11);
-    carpeta.lineTo(30, 11);
-    carpeta.lineTo(30, 27);
-    carpeta.lineTo(2, 27);
-    carpeta.closeSubpath();
-    p.drawPath(carpeta);
+    p.drawPath(Contorno({{2, 8}, {12, 8}, {15, 11}, {30, 11}, {30, 27}, {2, 27}}));
     p.setBrush(QColor(252, 220, 130));
     p.drawRect(QRectF(2, 14, 28, 13));
 }
@@ -94,14 +94,7 @@ void Aplicacion(QPainter& p) {
 void Documento(QPainter& p) {
     p.setPen(Trazo(QColor(90, 90, 90)));
     p.setBrush(QColor(245, 245, 245));
-    QPainterPath hoja;
-    hoja.moveTo(6, 2);
-    hoja.lineTo(20, 2);
-    hoja.lineTo(27, 9);
-    hoja.lineTo(27, 30);
-    hoja.lineTo(6, 30);
-    hoja.closeSubpath();
-    p.drawPath(hoja);
+    p.drawPath(Contorno({{6, 2}, {20, 2}, {27, 9}, {27, 30}, {6, 30}}));
     p.drawPolyline(QPolygonF({QPointF(20, 2), QPointF(20, 9), QPointF(27, 9)}));
     p.setPen(Trazo(QColor(150, 150, 150), 1.4));
     for (const qreal y : {14.0, 18.0, 22.0, 26.0})
