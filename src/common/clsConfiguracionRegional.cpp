@@ -220,6 +220,16 @@ void AgregarCampo(Patron& xPatron, Pieza::Tipo xClase, int xAncho) {
     xPatron.push_back({xClase, static_cast<quint8>(xAncho), {}, {}});
 }
 
+// A day or a month: one or two letters write its number, three its short name, more its long one.
+void AgregarNombrable(Patron& xPatron, int xCorrida, Pieza::Tipo xNumero, Pieza::Tipo xCorto,
+                      Pieza::Tipo xLargo) {
+    AgregarCampo(xPatron,
+                 xCorrida <= 2   ? xNumero
+                 : xCorrida == 3 ? xCorto
+                                 : xLargo,
+                 qMin(xCorrida, 2));
+}
+
 int Corrida(const QString& xFormato, qsizetype xDesde) {
     const QChar letra = xFormato.at(xDesde);
     qsizetype hasta = xDesde;
@@ -237,6 +247,12 @@ bool TieneAmPmQt(const QString& xFormato) {
             return true;
     }
     return false;
+}
+
+// The morning and afternoon marks, both in the case the pattern asks for.
+Pieza PiezaAmPm(const QString& xAm, const QString& xPm, bool xMinusculas) {
+    if (xMinusculas) return {Pieza::AmPm, 0, xAm.toLower(), xPm.toLower()};
+    return {Pieza::AmPm, 0, xAm.toUpper(), xPm.toUpper()};
 }
 
 void QuitarBlancosExtremos(Patron& xPatron) {
@@ -274,18 +290,12 @@ Patron CompilarLocale(const QString& xFormato, const QLocale& xLocale) {
         const int corrida = Corrida(xFormato, i);
         switch (c.unicode()) {
         case 'd':
-            AgregarCampo(patron,
-                         corrida <= 2   ? Pieza::Dia
-                         : corrida == 3 ? Pieza::NombreDiaCorto
-                                        : Pieza::NombreDiaLargo,
-                         qMin(corrida, 2));
+            AgregarNombrable(patron, corrida, Pieza::Dia, Pieza::NombreDiaCorto,
+                             Pieza::NombreDiaLargo);
             break;
         case 'M':
-            AgregarCampo(patron,
-                         corrida <= 2   ? Pieza::Mes
-                         : corrida == 3 ? Pieza::NombreMesCorto
-                                        : Pieza::NombreMesLargo,
-                         qMin(corrida, 2));
+            AgregarNombrable(patron, corrida, Pieza::Mes, Pieza::NombreMesCorto,
+                             Pieza::NombreMesLargo);
             break;
         case 'y':
             AgregarCampo(patron, Pieza::Anio4, 4);
@@ -313,15 +323,7 @@ Patron CompilarLocale(const QString& xFormato, const QLocale& xLocale) {
             const bool mayusculas = c == QLatin1Char('A');
             const QChar siguiente = i + 1 < xFormato.size() ? xFormato.at(i + 1) : QChar();
             const bool doble = siguiente == QLatin1Char('p') || siguiente == QLatin1Char('P');
-            Pieza pieza{Pieza::AmPm, 0, xLocale.amText(), xLocale.pmText()};
-            if (mayusculas) {
-                pieza.Texto = pieza.Texto.toUpper();
-                pieza.Texto2 = pieza.Texto2.toUpper();
-            } else {
-                pieza.Texto = pieza.Texto.toLower();
-                pieza.Texto2 = pieza.Texto2.toLower();
-            }
-            patron.push_back(pieza);
+            patron.push_back(PiezaAmPm(xLocale.amText(), xLocale.pmText(), !mayusculas));
             i += doble ? 2 : 1;
             continue;
         }
@@ -398,19 +400,12 @@ Patron CompilarFormato(const QString& xFormato, const QLocale& xLocale, QChar xS
         for (const MarcaAmPm& marca : marcas) {
             const QLatin1String texto(marca.Marca);
             if (!mayusculas.mid(i).startsWith(texto)) continue;
-            const bool minusculas = c.isLower();
-            Pieza pieza{Pieza::AmPm, 0, {}, {}};
-            if (marca.DelLocale) {
-                pieza.Texto = xLocale.amText();
-                pieza.Texto2 = xLocale.pmText();
-            } else {
-                const qsizetype barra = texto.indexOf(QLatin1Char('/'));
-                pieza.Texto = xFormato.mid(i, barra);
-                pieza.Texto2 = xFormato.mid(i + barra + 1, texto.size() - barra - 1);
-                pieza.Texto = minusculas ? pieza.Texto.toLower() : pieza.Texto.toUpper();
-                pieza.Texto2 = minusculas ? pieza.Texto2.toLower() : pieza.Texto2.toUpper();
-            }
-            patron.push_back(pieza);
+            const qsizetype barra = texto.indexOf(QLatin1Char('/'));
+            patron.push_back(marca.DelLocale
+                                 ? Pieza{Pieza::AmPm, 0, xLocale.amText(), xLocale.pmText()}
+                                 : PiezaAmPm(xFormato.mid(i, barra),
+                                             xFormato.mid(i + barra + 1, texto.size() - barra - 1),
+                                             c.isLower()));
             i += texto.size();
             esMarca = true;
             break;
@@ -422,18 +417,12 @@ Patron CompilarFormato(const QString& xFormato, const QLocale& xLocale, QChar xS
             if (corrida >= 5)
                 patron.insert(patron.end(), xFechaCorta.begin(), xFechaCorta.end());
             else
-                AgregarCampo(patron,
-                             corrida <= 2   ? Pieza::Dia
-                             : corrida == 3 ? Pieza::NombreDiaCorto
-                                            : Pieza::NombreDiaLargo,
-                             qMin(corrida, 2));
+                AgregarNombrable(patron, corrida, Pieza::Dia, Pieza::NombreDiaCorto,
+                                 Pieza::NombreDiaLargo);
             break;
         case 'm':
-            AgregarCampo(patron,
-                         corrida <= 2   ? Pieza::Mes
-                         : corrida == 3 ? Pieza::NombreMesCorto
-                                        : Pieza::NombreMesLargo,
-                         qMin(corrida, 2));
+            AgregarNombrable(patron, corrida, Pieza::Mes, Pieza::NombreMesCorto,
+                             Pieza::NombreMesLargo);
             break;
         case 'y':
             if (corrida == 1)
