@@ -59,6 +59,26 @@ TEST(OrdenarVector, LimiteDeLosContadores) {
     }
 }
 
+TEST(SinBlancos, QuitaSoloLosBlancosDadosDeLosExtremos) {
+    struct Caso {
+        const char16_t* Texto;
+        const char16_t* Blancos;
+        const char16_t* Esperado;
+    } casos[] = {
+        {u"  a b  ", u" ", u"a b"},
+        {u"\t a \t", u" ", u"\t a \t"},
+        {u"\t a \t", u" \t", u"a"},
+        {u"   ", u" ", u""},
+        {u"", u" ", u""},
+        {u"x", u" ", u"x"},
+        {u" \n x\n ", u" ", u"\n x\n"},
+    };
+    for (const Caso& caso : casos)
+        EXPECT_EQ(modFunciones::SinBlancos(caso.Texto, caso.Blancos).toString(),
+                  QString::fromUtf16(caso.Esperado))
+            << QString::fromUtf16(caso.Texto).toStdString();
+}
+
 TEST(CrearCarpeta, CreaCadaNivelYFallaSobreUnArchivo) {
     QTemporaryDir base;
     ASSERT_TRUE(base.isValid());

@@ -2,6 +2,7 @@
 
 #include "common/ErrorVB.h"
 #include "common/modFecha.h"
+#include "common/modFunciones.h"
 
 #include <QDate>
 #include <QTime>
@@ -467,18 +468,9 @@ QChar PrimerSeparador(const Patron& xPatron, QChar xPredeterminado) {
 
 // ---- Reading numbers ---------------------------------------------------------------------------
 
-bool EsBlanco(QChar c) {
-    return c == QLatin1Char(' ') || c == QLatin1Char('\t');
-}
-
+// Blanks around a number or a date are spaces and tabs.
 QStringView SinBlancos(const QString& xTexto) {
-    qsizetype inicio = 0;
-    qsizetype fin = xTexto.size();
-    while (inicio < fin && EsBlanco(xTexto.at(inicio)))
-        ++inicio;
-    while (fin > inicio && EsBlanco(xTexto.at(fin - 1)))
-        --fin;
-    return QStringView(xTexto).mid(inicio, fin - inicio);
+    return modFunciones::SinBlancos(xTexto, u" \t");
 }
 
 bool EsDigito(QChar c) {

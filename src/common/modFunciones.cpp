@@ -55,6 +55,16 @@ void OrdenarVector(QStringList& lista, int sentido) {
     }
 }
 
+QStringView SinBlancos(QStringView xTexto, QStringView xBlancos) {
+    qsizetype inicio = 0;
+    qsizetype fin = xTexto.size();
+    while (inicio < fin && xBlancos.contains(xTexto.at(inicio)))
+        ++inicio;
+    while (fin > inicio && xBlancos.contains(xTexto.at(fin - 1)))
+        --fin;
+    return xTexto.mid(inicio, fin - inicio);
+}
+
 void CrearCarpeta(const QString& xCarpeta) {
     const QString fuente = QStringLiteral("modFunciones.CrearCarpeta");
     if (xCarpeta.trimmed().isEmpty()) throw ErrorVB(76, fuente, QStringLiteral("Path not found"));
@@ -126,19 +136,9 @@ private:
     bool mVacia = true;
 };
 
-QString SinBlancosExtremos(const QString& xTexto) {
-    qsizetype inicio = 0;
-    qsizetype fin = xTexto.size();
-    while (inicio < fin && xTexto[inicio] == QLatin1Char(' '))
-        ++inicio;
-    while (fin > inicio && xTexto[fin - 1] == QLatin1Char(' '))
-        --fin;
-    return xTexto.mid(inicio, fin - inicio);
-}
-
 QString Envolver(const QString& xTexto, double xAncho, int xSangria,
                  const clsImpresora& xDispositivo) {
-    const QString texto = SinBlancosExtremos(xTexto);
+    const QString texto = SinBlancos(xTexto).toString();
     Renglones renglones(xAncho, xSangria, xDispositivo);
     QString palabra;
     for (qsizetype i = 0; i < texto.size(); ++i) {

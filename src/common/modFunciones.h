@@ -13,6 +13,9 @@ namespace modFunciones {
 // a list of more than 32767 texts raises ErrorVB 6 (overflow) and is left untouched.
 void OrdenarVector(QStringList& lista, int sentido);
 
+// The text without the blanks at both ends, the blanks being the characters of xBlancos.
+QStringView SinBlancos(QStringView xTexto, QStringView xBlancos = u" ");
+
 // Creates the folder and every missing folder above it; raises ErrorVB when it cannot.
 void CrearCarpeta(const QString& xCarpeta);
 

@@ -82,20 +82,6 @@ quint8 ByteEn(const QByteArray& xBuffer, qint32 xPos, const char* xFuente) {
     return static_cast<quint8>(xBuffer.at(xPos));
 }
 
-bool EsBlanco(QChar c) {
-    return c == QLatin1Char(' ');
-}
-
-QString SinBlancos(const QString& xTexto) {
-    qsizetype inicio = 0;
-    qsizetype fin = xTexto.size();
-    while (inicio < fin && EsBlanco(xTexto.at(inicio)))
-        ++inicio;
-    while (fin > inicio && EsBlanco(xTexto.at(fin - 1)))
-        --fin;
-    return xTexto.mid(inicio, fin - inicio);
-}
-
 // Val: the number at the start of a text, blanks skipped; 0 when there is none.
 qint64 ValorInicial(QStringView xTexto) {
     qint64 valor = 0;
@@ -649,7 +635,7 @@ qint32 clsPalmPDB::UpdateRecord(qint32 xRecordID, qint32 xNroCampo, const QStrin
         qint32 fin = pos;
         LeerTexto(mRegistroActual, fin, *mTabla);
         const qint32 terminador = fin - 1;
-        const QString nuevo = SinBlancos(xValor);
+        const QString nuevo = modFunciones::SinBlancos(xValor).toString();
         const qint32 cambio =
             PosicionEn(static_cast<qint64>(nuevo.size()) + pos - terminador, "UpdateRecord");
         DesplazarBytes(mRegistroActual, terminador, cambio);
