@@ -236,11 +236,8 @@ TEST_F(PalmPDBTest, ElRegistroComoTexto) {
     ASSERT_TRUE(mBase->OpenFile("Clientes"));
     for (const auto& caso : casos)
         EXPECT_EQ(Leer(caso.separador), caso.esperado) << caso.separador;
-}
-
-TEST_F(PalmPDBTest, LosBlancosDeUnTextoSeRecortanFueraDeLasComillas) {
+    // Blanks around a text go, except inside the quotes.
     mFuente->Base("Clientes")->Registros[0].Bytes = QByteArray("  x \0\0\x05\0", 8);
-    ASSERT_TRUE(mBase->OpenFile("Clientes"));
     EXPECT_EQ(Leer(";"), "x;5;False");
     EXPECT_EQ(Leer(","), "\"  x \",5,False");
 }
@@ -417,17 +414,13 @@ TEST_F(PalmPDBTest, UnaConversionFallidaNoEscribeNada) {
     }
 }
 
-TEST_F(PalmPDBTest, ActualizarSinHaberLeidoNadaEsUnSubindiceInvalido) {
-    ASSERT_TRUE(mBase->OpenFile("Clientes"));
-    EsperarError([&] { mBase->UpdateRecord(10, 1, "5"); }, ErrorVB::SubindiceFueraDeRango,
-                 "UpdateRecord");
-    EXPECT_EQ(mFuente->Base("Clientes")->Escrituras, 0);
-}
-
 TEST_F(PalmPDBTest, UnTextoQueCreceMasQueSuPosicionNoSePuedeDesplazar) {
     BaseMemoria& base = *mFuente->Base("Clientes");
     base.Registros = {Registro(10, "6100000501")};
     ASSERT_TRUE(mBase->OpenFile("Clientes"));
+    // Nothing read yet: there are no field positions to write at.
+    EsperarError([&] { mBase->UpdateRecord(10, 1, "5"); }, ErrorVB::SubindiceFueraDeRango,
+                 "UpdateRecord");
     QString texto;
     ASSERT_TRUE(mBase->ReadRecordByID(10, texto, "\t"));
     // The old terminator sits at 1; growing by 2 reaches before the record's first byte.
@@ -682,11 +675,7 @@ TEST_F(CatalogoTest, LasListasSeGuardan) {
     EXPECT_TRUE(pdb.RetrieveCreatorsID(2, "\t").contains("NEW1\t"));
     EsperarError([&] { pdb.RetrieveCreatorsID(3, "\t"); }, ErrorVB::SubindiceFueraDeRango,
                  "RetrieveCreatorsID");
-}
-
-TEST_F(CatalogoTest, ListarDejaLaUltimaBaseAbierta) {
-    clsPalmPDB pdb(mFuente);
-    pdb.RetrieveCreatorsID(0, "\t");
+    // Listing leaves the last database it looked at open.
     EsperarError([&] { pdb.OpenFile("zeta"); }, YaAbierta, "OpenFile");
     pdb.CloseDatabase();
     EXPECT_TRUE(pdb.OpenFile("zeta"));
