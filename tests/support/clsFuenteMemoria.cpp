@@ -49,10 +49,7 @@ public:
         return static_cast<qint32>(mBase->Categorias.size());
     }
     QString NombreCategoria(qint32 xIndice) const override {
-        if (xIndice < 0 || xIndice >= mBase->Categorias.size())
-            throw ErrorFuente(ErroresFuente::RegistroNoEncontrado, "NombreCategoria",
-                              "No such category.");
-        return mBase->Categorias.at(xIndice);
+        return mBase->Categorias.value(xIndice);
     }
 
 private:
@@ -158,12 +155,7 @@ class RecursosMemoria : public clsAdaptadorRecursos {
 public:
     explicit RecursosMemoria(std::shared_ptr<BaseMemoria> xBase) : mBase(std::move(xBase)) {}
     qint32 CantidadRecursos() override { return static_cast<qint32>(mBase->Recursos.size()); }
-    RecursoPalm LeerRecurso(qint32 xIndice) override {
-        if (xIndice < 0 || xIndice >= mBase->Recursos.size())
-            throw ErrorFuente(ErroresFuente::RegistroNoEncontrado, "LeerRecurso",
-                              "Resource not found.");
-        return mBase->Recursos.at(xIndice);
-    }
+    RecursoPalm LeerRecurso(qint32 xIndice) override { return mBase->Recursos.value(xIndice); }
 
 private:
     std::shared_ptr<BaseMemoria> mBase;
