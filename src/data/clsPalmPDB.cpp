@@ -490,20 +490,12 @@ qint32 clsPalmPDB::LeerRegistro(bool xMoverAlPrincipio, QString& xRegistro,
 
     const qint16 campos = NumFields();
     const bool cargar = mCargarTipos;
-    if (cargar) {
-        mTiposCampo.clear();
-        mTiposCampo.reserve(qMax<qint16>(campos, 0));
-        mCodigosCampo.clear();
-    }
+    if (cargar) mCodigosCampo.clear();
     TextoRegistro texto(mTextoRegistro);
     qint32 pos = 0;
     for (qint16 i = 0; i < campos; ++i) {
-        if (cargar) {
-            mTiposCampo.append(FieldType(i));
-            mCodigosCampo.push_back(CodigoDeNombre(mTiposCampo.back()));
-        }
-        if (i >= mTiposCampo.size())
-            throw ErrorVB::SubscriptOutOfRange(QStringLiteral("ReadRecord"));
+        if (cargar) mCodigosCampo.push_back(CodigoDeNombre(FieldType(i)));
+        if (i >= CantidadTipos()) throw ErrorVB::SubscriptOutOfRange(QStringLiteral("ReadRecord"));
         AgregarCampo(texto, mCodigosCampo[i], pos, xSeparator);
         texto.Texto(xSeparator);
     }
@@ -564,9 +556,9 @@ qint32 clsPalmPDB::PosicionCampo(qint32 xNroCampo) {
     for (qint32 k = 0; k < xNroCampo; ++k) {
         if (k > std::numeric_limits<qint16>::max())
             throw ErrorVB::Overflow(QStringLiteral("UpdateRecord"));
-        if (k >= mTiposCampo.size())
+        if (k >= CantidadTipos())
             throw ErrorVB::SubscriptOutOfRange(QStringLiteral("UpdateRecord"));
-        switch (CodigoDeNombre(mTiposCampo.at(k))) {
+        switch (mCodigosCampo[k]) {
         case TipoByte:
         case TipoBoolean:
             pos = PosicionEn(pos + qint64(1), "UpdateRecord");
@@ -627,10 +619,10 @@ qint32 clsPalmPDB::UpdateRecord(qint32 xRecordID, qint32 xNroCampo, const QStrin
     mIDActual = xRecordID;
     TomarRegistro(adaptador.LeerPorID(xRecordID));
     qint32 pos = PosicionCampo(xNroCampo);
-    if (xNroCampo < 0 || xNroCampo >= mTiposCampo.size())
+    if (xNroCampo < 0 || xNroCampo >= CantidadTipos())
         throw ErrorVB::SubscriptOutOfRange(QStringLiteral("UpdateRecord"));
     const clsConfiguracionRegional& regional = clsConfiguracionRegional::Actual();
-    switch (CodigoDeNombre(mTiposCampo.at(xNroCampo))) {
+    switch (mCodigosCampo[xNroCampo]) {
     case TipoString: {
         qint32 fin = pos;
         LeerTexto(mRegistroActual, fin, *mTabla);

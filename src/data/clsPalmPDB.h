@@ -6,7 +6,6 @@
 
 #include <QByteArray>
 #include <QString>
-#include <QStringList>
 #include <memory>
 #include <vector>
 
@@ -68,6 +67,7 @@ private:
     void VerificarAbierta(const char* xOperacion) const;
     void VerificarCerrada(const char* xOperacion) const;
     void VerificarEsquema(const char* xOperacion) const;
+    qsizetype CantidadTipos() const { return static_cast<qsizetype>(mCodigosCampo.size()); }
     clsAdaptadorRegistros& Registros(const char* xOperacion) const;
     void TomarRegistro(const RegistroPalm& xRegistro);
     QString TextoDeCodigo(qint32 xCodigo) const;
@@ -87,8 +87,7 @@ private:
     qint32 mCategoria = 0;
     QByteArray mRegistroActual;
     bool mCargarTipos = false;
-    QStringList mTiposCampo;
-    std::vector<quint8> mCodigosCampo; // the type codes of mTiposCampo, for the record reader
+    std::vector<quint8> mCodigosCampo; // the type code of each field, read with the first record
     // Working space of the record reader, kept between records so that reading allocates little.
     std::vector<char16_t> mTextoRegistro;
     QString mTextoCampo;
