@@ -490,13 +490,13 @@ qint32 clsPalmPDB::LeerRegistro(bool xMoverAlPrincipio, QString& xRegistro,
 
     const qint16 campos = NumFields();
     const bool cargar = mCargarTipos;
-    if (cargar) mCodigosCampo.clear();
+    if (cargar) mTiposCampo.clear();
     TextoRegistro texto(mTextoRegistro);
     qint32 pos = 0;
     for (qint16 i = 0; i < campos; ++i) {
-        if (cargar) mCodigosCampo.push_back(CodigoDeNombre(FieldType(i)));
+        if (cargar) mTiposCampo.push_back(CodigoDeNombre(FieldType(i)));
         if (i >= CantidadTipos()) throw ErrorVB::SubscriptOutOfRange(QStringLiteral("ReadRecord"));
-        AgregarCampo(texto, mCodigosCampo[i], pos, xSeparator);
+        AgregarCampo(texto, mTiposCampo[i], pos, xSeparator);
         texto.Texto(xSeparator);
     }
     if (cargar) mCargarTipos = false;
@@ -558,7 +558,7 @@ qint32 clsPalmPDB::PosicionCampo(qint32 xNroCampo) {
             throw ErrorVB::Overflow(QStringLiteral("UpdateRecord"));
         if (k >= CantidadTipos())
             throw ErrorVB::SubscriptOutOfRange(QStringLiteral("UpdateRecord"));
-        switch (mCodigosCampo[k]) {
+        switch (mTiposCampo[k]) {
         case TipoByte:
         case TipoBoolean:
             pos = PosicionEn(pos + qint64(1), "UpdateRecord");
@@ -622,7 +622,7 @@ qint32 clsPalmPDB::UpdateRecord(qint32 xRecordID, qint32 xNroCampo, const QStrin
     if (xNroCampo < 0 || xNroCampo >= CantidadTipos())
         throw ErrorVB::SubscriptOutOfRange(QStringLiteral("UpdateRecord"));
     const clsConfiguracionRegional& regional = clsConfiguracionRegional::Actual();
-    switch (mCodigosCampo[xNroCampo]) {
+    switch (mTiposCampo[xNroCampo]) {
     case TipoString: {
         qint32 fin = pos;
         LeerTexto(mRegistroActual, fin, *mTabla);

@@ -67,7 +67,7 @@ private:
     void VerificarAbierta(const char* xOperacion) const;
     void VerificarCerrada(const char* xOperacion) const;
     void VerificarEsquema(const char* xOperacion) const;
-    qsizetype CantidadTipos() const { return static_cast<qsizetype>(mCodigosCampo.size()); }
+    qsizetype CantidadTipos() const { return static_cast<qsizetype>(mTiposCampo.size()); }
     clsAdaptadorRegistros& Registros(const char* xOperacion) const;
     void TomarRegistro(const RegistroPalm& xRegistro);
     QString TextoDeCodigo(qint32 xCodigo) const;
@@ -87,7 +87,7 @@ private:
     qint32 mCategoria = 0;
     QByteArray mRegistroActual;
     bool mCargarTipos = false;
-    std::vector<quint8> mCodigosCampo; // the type code of each field, read with the first record
+    std::vector<quint8> mTiposCampo; // each field's type, as its code, read with the first record
     // Working space of the record reader, kept between records so that reading allocates little.
     std::vector<char16_t> mTextoRegistro;
     QString mTextoCampo;
