@@ -1,15 +1,18 @@
 #include "common/ErrorVB.h"
 #include "common/clsConfiguracionRegional.h"
 #include "common/modFecha.h"
+#include "constructor/clsConstructorBase.h"
 #include "data/MensajesError.h"
+#include "data/clsFuenteCarpeta.h"
+#include "data/clsGestorDelegado.h"
 #include "data/clsPalmPDB.h"
-#include "support/clsFuenteMemoria.h"
 
+#include <QFile>
+#include <QFileInfo>
+#include <QMap>
+#include <QTemporaryDir>
 #include <functional>
 #include <gtest/gtest.h>
-
-using modBloquesPalm::AppInfoAppForge;
-using modBloquesPalm::CampoAppForge;
 
 namespace {
 
@@ -17,18 +20,12 @@ constexpr qint32 YaAbierta = static_cast<qint32>(0x800403E9u);
 constexpr qint32 Cerrada = static_cast<qint32>(0x800403EAu);
 constexpr qint32 SinEsquema = static_cast<qint32>(0x800403ECu);
 
-enum Tipo : quint16 { Byte = 1, Int, Long, Single, String, Boolean, Date };
+using C = clsConstructorBase;
 
-RegistroPalm Registro(qint32 xID, const QByteArray& xHex, qint32 xAtributos = 0,
-                      qint32 xCategoria = 0) {
-    return {0, xID, xAtributos, xCategoria, QByteArray::fromHex(xHex)};
-}
-
-BaseMemoria Nueva(const char* xNombre, const char* xCreador = "TEST") {
-    BaseMemoria base;
-    base.Nombre = xNombre;
-    base.Creador = xCreador;
-    return base;
+void Crudo(clsConstructorBase& xBase, quint32 xID, const QByteArray& xHex, qint32 xAtributos = 0,
+           qint32 xCategoria = 0) {
+    xBase.AgregarRegistroCrudo(QByteArray::fromHex(xHex), xAtributos, xCategoria);
+    xBase.Archivo().Registros.last().ID = xID;
 }
 
 // Runs xAccion and checks that it raises the error with that number and source.
@@ -47,66 +44,149 @@ void EsperarError(const std::function<void()>& xAccion, qint32 xNumero, const QS
     }
 }
 
-class PalmPDBTest : public ::testing::Test {
+// The header facts of a folder database with a companion value of the version, which a file's
+// header has no room for.
+class InfoConCompanero : public clsInfoBase {
+public:
+    InfoConCompanero(std::shared_ptr<clsInfoBase> xInfo, qint32 xCompanero)
+        : mInfo(std::move(xInfo)), mCompanero(xCompanero) {}
+    void Liberar() override { mInfo->Liberar(); }
+    QString Nombre() const override { return mInfo->Nombre(); }
+    qint32 Tipo() const override { return mInfo->Tipo(); }
+    qint32 Creador() const override { return mInfo->Creador(); }
+    qint32 AtributosBase() const override { return mInfo->AtributosBase(); }
+    qint32 Version() const override { return mInfo->Version(); }
+    qint32 VersionCompanero() const override { return mCompanero; }
+    QDateTime FechaCreacion() const override { return mInfo->FechaCreacion(); }
+    QDateTime FechaModificacion() const override { return mInfo->FechaModificacion(); }
+    QDateTime FechaBackup() const override { return mInfo->FechaBackup(); }
+    qint32 TamanoBase() const override { return mInfo->TamanoBase(); }
+    qint32 CantidadRegistros() const override { return mInfo->CantidadRegistros(); }
+
+private:
+    std::shared_ptr<clsInfoBase> mInfo;
+    qint32 mCompanero;
+};
+
+// What a folder cannot show: databases whose opening fails with a given error number, and a
+// companion value of the version.
+struct Rarezas {
+    QMap<QString, qint32> FallasApertura;
+    qint32 Companero = 0;
+};
+
+class clsGestorRaro : public clsGestorDelegado {
+public:
+    clsGestorRaro(std::unique_ptr<clsGestorBases> xGestor, Rarezas xRarezas)
+        : clsGestorDelegado(std::move(xGestor)), mRarezas(std::move(xRarezas)) {}
+    std::shared_ptr<clsInfoBase> BuscarBase(const QString& xNombre) override {
+        return std::make_shared<InfoConCompanero>(clsGestorDelegado::BuscarBase(xNombre),
+                                                  mRarezas.Companero);
+    }
+    std::unique_ptr<clsAdaptadorRegistros>
+    AbrirBaseRegistros(const QString& xNombre, const QString& xClase, qint32 xModo) override {
+        if (mRarezas.FallasApertura.contains(xNombre))
+            throw ErrorVB(mRarezas.FallasApertura[xNombre], "AbrirBase", "cannot open");
+        return clsGestorDelegado::AbrirBaseRegistros(xNombre, xClase, xModo);
+    }
+
+private:
+    Rarezas mRarezas;
+};
+
+class clsFuenteRara : public clsFuenteCarpeta {
+public:
+    clsFuenteRara(const QString& xCarpeta, Rarezas xRarezas)
+        : clsFuenteCarpeta(xCarpeta), mRarezas(std::move(xRarezas)) {}
+    std::unique_ptr<clsGestorBases> CrearGestor() override {
+        return std::make_unique<clsGestorRaro>(clsFuenteCarpeta::CrearGestor(), mRarezas);
+    }
+
+private:
+    Rarezas mRarezas;
+};
+
+// A handheld folder in a temporary directory, laid out database by database.
+class CarpetaTest : public ::testing::Test {
+protected:
+    void SetUp() override { CargarMensajes(); }
+    QString Ruta(const QString& xNombre, bool xRecursos = false) const {
+        return mCarpeta.filePath(xNombre + (xRecursos ? ".prc" : ".pdb"));
+    }
+    void Guardar(const clsConstructorBase& xBase) {
+        const clsArchivoPDB& archivo = xBase.Archivo();
+        xBase.Guardar(Ruta(QString::fromLatin1(archivo.Nombre), archivo.EsRecursos()));
+    }
+    QByteArray Bytes(const QString& xNombre) const {
+        QFile archivo(Ruta(xNombre));
+        return archivo.open(QIODevice::ReadOnly) ? archivo.readAll() : QByteArray();
+    }
+    clsArchivoPDB Archivo(const QString& xNombre) const {
+        return clsArchivoPDB::Leer(Bytes(xNombre));
+    }
+    std::shared_ptr<clsFuentePalm> Fuente(Rarezas xRarezas = {}) {
+        return std::make_shared<clsFuenteRara>(mCarpeta.path(), std::move(xRarezas));
+    }
+    void Ajustes(const QByteArray& xTexto) {
+        QFile ini(mCarpeta.filePath("Handheld.ini"));
+        ASSERT_TRUE(ini.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        ini.write(xTexto);
+    }
+
+    QTemporaryDir mCarpeta;
+};
+
+class PalmPDBTest : public CarpetaTest {
 protected:
     void SetUp() override {
-        CargarMensajes();
+        CarpetaTest::SetUp();
         clsConfiguracionRegional::EstablecerActual(
             QLocale(QLocale::English, QLocale::UnitedStates));
-        mFuente = std::make_shared<clsFuenteMemoria>();
+        GuardarClientes({"414200010201", "2020782000000500", "00ffff00"});
 
-        BaseMemoria clientes;
-        clientes.Nombre = "Clientes";
-        clientes.Creador = "AFc1";
-        clientes.Version = 1;
-        clientes.VersionCompanero = 5;
-        clientes.Tamano = 2048;
-        clientes.FechaCreacion = modFecha::Crear(2004, 1, 5, 15, 4, 5);
-        clientes.FechaModificacion = modFecha::Crear(2005, 2, 6);
-        clientes.FechaBackup = modFecha::Crear(1904, 1, 1);
-        clientes.AppInfo =
-            AppInfoAppForge("Clientes", {{"Nombre", String}, {"Edad", Int}, {"Activo", Boolean}}, 7,
-                            "APPFORG2", {"Unfiled", "Business"});
-        clientes.SortInfo = QByteArray::fromHex("0102");
-        clientes.Categorias = QStringList{"Unfiled", "Business"};
-        clientes.Registros = {Registro(10, "414200010201"),
-                              Registro(11, "2020782000000500", 0x40, 1),
-                              Registro(12, "00ffff00", 0, 1)};
-        mFuente->Agregar(clientes);
-
-        BaseMemoria completa;
-        completa.Nombre = "Completa";
-        completa.Creador = "AFc2";
-        completa.AppInfo = AppInfoAppForge("Completa",
-                                           {{"B", Byte},
-                                            {"I", Int},
-                                            {"L", Long},
-                                            {"S", Single},
-                                            {"T", String},
-                                            {"V", Boolean},
-                                            {"D", Date},
-                                            {"U", String}},
-                                           24);
+        clsConstructorBase completa("Completa", "DATA", "AFc2");
+        completa.EsquemaAppForge("Completa", {{"B", C::Byte},
+                                              {"I", C::Int},
+                                              {"L", C::Long},
+                                              {"S", C::Single},
+                                              {"T", C::String},
+                                              {"V", C::Boolean},
+                                              {"D", C::Date},
+                                              {"U", C::String}});
         // 200, -2, 70000, 1.5, "Hola", False, 2004-01-05 15:04:05, "fin"
-        completa.Registros = {Registro(1, "c8fffe000111703fc00000486f6c610000bc1f2d6566696e00")};
-        mFuente->Agregar(completa);
+        Crudo(completa, 1, "c8fffe000111703fc00000486f6c610000bc1f2d6566696e00");
+        Guardar(completa);
 
-        BaseMemoria memo;
-        memo.Nombre = "MemoDB";
-        memo.Creador = "memo";
-        memo.AppInfo = modBloquesPalm::BloqueCategorias({"Unfiled"});
-        memo.Registros = {Registro(5, "6869")};
-        mFuente->Agregar(memo);
+        clsConstructorBase memo("MemoDB", "DATA", "memo");
+        memo.Categorias({"Unfiled"});
+        Crudo(memo, 5, "6869");
+        Guardar(memo);
 
-        BaseMemoria aplicacion;
-        aplicacion.Nombre = "Aplicacion";
-        aplicacion.Tipo = "appl";
-        aplicacion.Creador = "AFc1";
-        aplicacion.Atributos = 1;
-        aplicacion.Recursos = {{0, clsFuenteMemoria::Codigo("code"), 1, "xx"}};
-        mFuente->Agregar(aplicacion);
+        clsConstructorBase aplicacion("Aplicacion", "appl", "AFc1");
+        aplicacion.AgregarRecurso("code", 1, "xx");
+        Guardar(aplicacion);
 
+        mFuente = Fuente();
         mBase = std::make_unique<clsPalmPDB>(mFuente);
+    }
+
+    // Clientes: Nombre String, Edad Int, Activo Boolean; records 10, 11 (Dirty, Business), 12
+    // (Business) hold the first bytes given, in that order.
+    void GuardarClientes(const std::vector<QByteArray>& xRegistros, quint16 xVersion = 1,
+                         const std::function<void(clsConstructorBase&)>& xAjuste = {}) {
+        clsConstructorBase clientes("Clientes", "DATA", "AFc1");
+        clientes.Version(xVersion);
+        clientes.Fechas(modFecha::Crear(2004, 1, 5, 15, 4, 5), modFecha::Crear(2005, 2, 6),
+                        modFecha::Crear(1904, 1, 1));
+        clientes.Categorias({"Unfiled", "Business"});
+        clientes.EsquemaAppForge("Clientes",
+                                 {{"Nombre", C::String}, {"Edad", C::Int}, {"Activo", C::Boolean}});
+        clientes.Archivo().SortInfo = QByteArray::fromHex("0102");
+        const std::pair<qint32, qint32> atributos[] = {{0, 0}, {0x40, 1}, {0, 1}};
+        for (size_t i = 0; i < xRegistros.size() && i < 3; ++i)
+            Crudo(clientes, 10 + i, xRegistros[i], atributos[i].first, atributos[i].second);
+        if (xAjuste) xAjuste(clientes);
+        Guardar(clientes);
     }
 
     QString Leer(const QString& xSeparador, bool xAlPrincipio = true) {
@@ -115,7 +195,7 @@ protected:
         return texto;
     }
 
-    std::shared_ptr<clsFuenteMemoria> mFuente;
+    std::shared_ptr<clsFuentePalm> mFuente;
     std::unique_ptr<clsPalmPDB> mBase;
 };
 
@@ -188,7 +268,9 @@ TEST_F(PalmPDBTest, UnaBaseSinEsquemaRechazaLasOperacionesDeRegistros) {
 }
 
 TEST_F(PalmPDBTest, LaMarcaAppForgeSeReconoceSoloCompleta) {
-    const QByteArray categorias = modBloquesPalm::BloqueCategorias({});
+    clsConstructorBase bloque("x", "DATA", "TEST");
+    bloque.Categorias({});
+    const QByteArray categorias = bloque.Archivo().AppInfo;
     const struct {
         const char* nombre;
         QByteArray appInfo;
@@ -204,11 +286,10 @@ TEST_F(PalmPDBTest, LaMarcaAppForgeSeReconoceSoloCompleta) {
         {"otroEsquema", categorias + QByteArray("APPFORG1\0", 9), false},
     };
     for (const auto& caso : casos) {
-        BaseMemoria base;
-        base.Nombre = caso.nombre;
-        base.AppInfo = caso.appInfo;
-        mFuente->Agregar(base);
-        clsPalmPDB pdb(mFuente);
+        clsConstructorBase base(caso.nombre, "DATA", "TEST");
+        base.Archivo().AppInfo = caso.appInfo;
+        Guardar(base);
+        clsPalmPDB pdb(Fuente());
         EXPECT_TRUE(pdb.OpenFile(caso.nombre)) << caso.nombre;
         EXPECT_EQ(pdb.IsAppForgeDB(), caso.appForge) << caso.nombre;
         EXPECT_TRUE(pdb.IsDataBase());
@@ -216,10 +297,10 @@ TEST_F(PalmPDBTest, LaMarcaAppForgeSeReconoceSoloCompleta) {
 }
 
 TEST_F(PalmPDBTest, LosErroresDeLaFuenteAlAbrir) {
-    mFuente->Agregar(Nueva("Ocupada")).EnUso = true;
-    mFuente->Agregar(Nueva("Rota")).FallarAperturas = true;
-    EsperarError([&] { mBase->OpenFile("Ocupada"); }, ErroresFuente::BaseEnUso, "AbrirBase");
-    EXPECT_FALSE(mBase->OpenFile("Rota"));
+    mBase = std::make_unique<clsPalmPDB>(Fuente(
+        {{{"MemoDB", ErroresFuente::BaseEnUso}, {"Completa", ErroresFuente::BaseNoEncontrada}}}));
+    EsperarError([&] { mBase->OpenFile("MemoDB"); }, ErroresFuente::BaseEnUso, "AbrirBase");
+    EXPECT_FALSE(mBase->OpenFile("Completa"));
     EsperarError([&] { mBase->NumRecords(); }, Cerrada, "NumRecords");
     EsperarError([&] { mBase->OpenFile("NoExiste"); }, ErroresFuente::BaseNoEncontrada,
                  "BuscarBase");
@@ -237,7 +318,10 @@ TEST_F(PalmPDBTest, ElRegistroComoTexto) {
     for (const auto& caso : casos)
         EXPECT_EQ(Leer(caso.separador), caso.esperado) << caso.separador;
     // Blanks around a text go, except inside the quotes.
-    mFuente->Base("Clientes")->Registros[0].Bytes = QByteArray("  x \0\0\x05\0", 8);
+    mBase->CloseDatabase();
+    GuardarClientes({QByteArray("  x \0\0\x05\0", 8).toHex()});
+    mBase = std::make_unique<clsPalmPDB>(Fuente());
+    ASSERT_TRUE(mBase->OpenFile("Clientes"));
     EXPECT_EQ(Leer(";"), "x;5;False");
     EXPECT_EQ(Leer(","), "\"  x \",5,False");
 }
@@ -250,9 +334,9 @@ TEST_F(PalmPDBTest, CadaTipoDeCampo) {
 }
 
 TEST_F(PalmPDBTest, UnTipoDesconocidoDaTextoVacioYNoConsumeBytes) {
-    mFuente->Base("Clientes")->AppInfo =
-        AppInfoAppForge("T", {{"A", Int}, {"X", 9}, {"B", Int}}, 4);
-    mFuente->Base("Clientes")->Registros[0].Bytes = QByteArray::fromHex("00070102");
+    GuardarClientes({"00070102"}, 1, [](clsConstructorBase& xBase) {
+        xBase.EsquemaAppForge("T", {{"A", C::Int}, {"X", C::TipoCampo(9)}, {"B", C::Int}});
+    });
     ASSERT_TRUE(mBase->OpenFile("Clientes"));
     EXPECT_EQ(Leer("\t"), "7\t\t258");
     EXPECT_EQ(mBase->FieldType(1), "");
@@ -334,15 +418,13 @@ TEST_F(PalmPDBTest, ActualizarUnCampoReescribeSusBytes) {
         {"logicoNoCero", "610000050001", 2, "-3", "610000050101"},
     };
     for (const auto& caso : casos) {
-        BaseMemoria& base = *mFuente->Base("Clientes");
-        base.Registros = {Registro(10, caso.antes)};
-        clsPalmPDB pdb(mFuente);
+        GuardarClientes({caso.antes});
+        clsPalmPDB pdb(Fuente());
         ASSERT_TRUE(pdb.OpenFile("Clientes"));
         QString texto;
         ASSERT_TRUE(pdb.ReadRecordByID(10, texto, "\t"));
         EXPECT_EQ(pdb.UpdateRecord(10, caso.campo, caso.valor), 10);
-        EXPECT_EQ(base.Registros[0].Bytes.toHex(), QByteArray::fromHex(caso.despues).toHex())
-            << caso.nombre;
+        EXPECT_EQ(Archivo("Clientes").Registros[0].Datos.toHex(), caso.despues) << caso.nombre;
     }
 }
 
@@ -395,28 +477,25 @@ TEST_F(PalmPDBTest, UnaConversionFallidaNoEscribeNada) {
         {"Completa", 6, "1/19/1972 3:14:08 AM", ErrorVB::Desbordamiento},
     };
     for (const auto& caso : casos) {
-        BaseMemoria& base = *mFuente->Base(caso.base);
-        const QByteArray antes = base.Registros[0].Bytes;
-        const qint32 id = base.Registros[0].ID;
+        const QByteArray antes = Bytes(caso.base);
+        const qint32 id = Archivo(caso.base).Registros[0].ID;
         clsPalmPDB pdb(mFuente);
         ASSERT_TRUE(pdb.OpenFile(caso.base));
         QString texto;
         ASSERT_TRUE(pdb.ReadRecordByID(id, texto, "\t"));
-        const int escrituras = base.Escrituras;
         try {
             pdb.UpdateRecord(id, caso.campo, caso.valor);
             ADD_FAILURE() << caso.valor.toStdString();
         } catch (const ErrorVB& error) {
             EXPECT_EQ(error.Numero(), caso.numero) << caso.valor.toStdString();
         }
-        EXPECT_EQ(base.Escrituras, escrituras);
-        EXPECT_EQ(base.Registros[0].Bytes, antes);
+        EXPECT_EQ(Bytes(caso.base), antes);
     }
 }
 
 TEST_F(PalmPDBTest, UnTextoQueCreceMasQueSuPosicionNoSePuedeDesplazar) {
-    BaseMemoria& base = *mFuente->Base("Clientes");
-    base.Registros = {Registro(10, "6100000501")};
+    GuardarClientes({"6100000501"});
+    const QByteArray antes = Bytes("Clientes");
     ASSERT_TRUE(mBase->OpenFile("Clientes"));
     // Nothing read yet: there are no field positions to write at.
     EsperarError([&] { mBase->UpdateRecord(10, 1, "5"); }, ErrorVB::SubindiceFueraDeRango,
@@ -426,9 +505,9 @@ TEST_F(PalmPDBTest, UnTextoQueCreceMasQueSuPosicionNoSePuedeDesplazar) {
     // The old terminator sits at 1; growing by 2 reaches before the record's first byte.
     EsperarError([&] { mBase->UpdateRecord(10, 0, "abc"); }, ErrorVB::SubindiceFueraDeRango,
                  "UpdateRecord");
-    EXPECT_EQ(base.Escrituras, 0);
+    EXPECT_EQ(Bytes("Clientes"), antes);
     EXPECT_EQ(mBase->UpdateRecord(10, 0, "ab"), 10);
-    EXPECT_EQ(base.Registros[0].Bytes.toHex(), "616200000501");
+    EXPECT_EQ(Archivo("Clientes").Registros[0].Datos.toHex(), "616200000501");
 }
 
 TEST_F(PalmPDBTest, UnTextoAlFinalDejaUnByteDeReserva) {
@@ -436,7 +515,7 @@ TEST_F(PalmPDBTest, UnTextoAlFinalDejaUnByteDeReserva) {
     QString texto;
     ASSERT_TRUE(mBase->ReadRecordByID(1, texto, "|"));
     mBase->UpdateRecord(1, 7, "fines");
-    EXPECT_TRUE(mFuente->Base("Completa")->Registros[0].Bytes.endsWith(QByteArray("fines\0\0", 7)));
+    EXPECT_TRUE(Archivo("Completa").Registros[0].Datos.endsWith(QByteArray("fines\0\0", 7)));
 }
 
 TEST_F(PalmPDBTest, LosTextosPasanPorLaPaginaDeCodigos) {
@@ -451,15 +530,15 @@ TEST_F(PalmPDBTest, LosTextosPasanPorLaPaginaDeCodigos) {
         {"ISO-8859-7", QString::fromUtf8("\u03a9"), "d9", ""},
     };
     for (const auto& caso : casos) {
-        mFuente->CodigoPagina(caso.pagina);
-        clsPalmPDB pdb(mFuente);
+        Ajustes(QByteArray("[Handheld]\nEncoding=") + caso.pagina + "\n");
+        clsPalmPDB pdb(Fuente());
         ASSERT_TRUE(pdb.OpenFile("Completa"));
         QString texto;
         ASSERT_TRUE(pdb.ReadRecordByID(1, texto, "|"));
         pdb.UpdateRecord(1, 7, caso.valor);
-        EXPECT_TRUE(mFuente->Base("Completa")
-                        ->Registros[0]
-                        .Bytes.mid(21)
+        EXPECT_TRUE(Archivo("Completa")
+                        .Registros[0]
+                        .Datos.mid(21)
                         .startsWith(QByteArray::fromHex(caso.bytes) + '\0'))
             << caso.pagina;
         ASSERT_TRUE(pdb.ReadRecordByID(1, texto, "|"));
@@ -473,17 +552,22 @@ TEST_F(PalmPDBTest, UnRegistroNuevo) {
     EXPECT_EQ(mBase->CategoryID(11), 1);
     const qint32 id = mBase->NewRecord();
     EXPECT_EQ(id, 13);
-    const BaseMemoria& base = *mFuente->Base("Clientes");
-    ASSERT_EQ(base.Registros.size(), 4);
-    EXPECT_EQ(base.Registros.last().Bytes, QByteArray(8, '\0'));
-    EXPECT_EQ(base.Registros.last().Categoria, 1);
-    EXPECT_EQ(base.Registros.last().Atributos, 0);
+    const clsArchivoPDB archivo = Archivo("Clientes");
+    ASSERT_EQ(archivo.Registros.size(), 4);
+    // The schema asks for 4 bytes (2-byte Int, one byte for each of the others), one is added.
+    EXPECT_EQ(archivo.Registros.last().Datos, QByteArray(5, '\0'));
+    EXPECT_EQ(archivo.Registros.last().Atributos, clsArchivoPDB::UnirAtributos(0, 1));
 
     // The blank-record size is read one byte late, so the byte after the converter's word
     // counts too: 01 01 is 257, more than a byte holds.
-    mFuente->Base("Completa")->AppInfo[295] = 1;
-    mFuente->Base("Completa")->AppInfo[296] = 1;
-    clsPalmPDB otra(mFuente);
+    clsArchivoPDB completa = Archivo("Completa");
+    completa.AppInfo[295] = 1;
+    completa.AppInfo[296] = 1;
+    QFile salida(Ruta("Completa"));
+    ASSERT_TRUE(salida.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    salida.write(completa.Escribir());
+    salida.close();
+    clsPalmPDB otra(Fuente());
     ASSERT_TRUE(otra.OpenFile("Completa"));
     EsperarError([&] { otra.NewRecord(); }, ErrorVB::Desbordamiento, "NewRecord");
 }
@@ -494,20 +578,22 @@ TEST_F(PalmPDBTest, EscribirAtributos) {
         qint32 dados;
         qint32 despues;
     } casos[] = {
-        {0x40, 0, 0x40},    {0x40, 0x10, 0x10}, {0, 0x88, 0x88},
-        {0x40, 0x20, 0x40}, {0x10, 0x08, 0x08}, {0x80, 0x40 | 0x20, 0x60},
+        {0x40, 0, 0x40},    {0x40, 0x10, 0x10},        {0, 0x88, 0x88},
+        {0x40, 0x20, 0x40}, {0x80, 0x40 | 0x20, 0x60},
     };
     for (const auto& caso : casos) {
-        BaseMemoria& base = *mFuente->Base("Clientes");
-        base.Registros[1].Atributos = caso.antes;
-        const QByteArray bytes = base.Registros[1].Bytes;
-        clsPalmPDB pdb(mFuente);
+        GuardarClientes({"00", "2020782000000500"}, 1, [&](clsConstructorBase& xBase) {
+            xBase.Archivo().Registros[1].Atributos = clsArchivoPDB::UnirAtributos(caso.antes, 1);
+        });
+        clsPalmPDB pdb(Fuente());
         ASSERT_TRUE(pdb.OpenFile("Clientes"));
         EXPECT_TRUE(pdb.WriteRecordAttributes(11, caso.dados));
-        EXPECT_EQ(base.Registros[1].Atributos, caso.despues) << caso.antes << " " << caso.dados;
+        const EntradaRegistroPDB registro = Archivo("Clientes").Registros[1];
+        qint32 atributos = 0, categoria = 0;
+        clsArchivoPDB::SepararAtributos(registro.Atributos, atributos, categoria);
+        EXPECT_EQ(atributos, caso.despues) << caso.antes << " " << caso.dados;
         EXPECT_EQ(pdb.RecordAttributes(11), caso.despues);
-        EXPECT_EQ(base.Registros[1].Bytes, bytes);
-        EXPECT_EQ(base.Registros[1].Categoria, 1);
+        EXPECT_EQ(registro.Datos.toHex(), "2020782000000500");
     }
 }
 
@@ -541,14 +627,15 @@ TEST_F(PalmPDBTest, Borrar) {
     EXPECT_TRUE(mBase->DeleteRecord(11));
     EXPECT_FALSE(mBase->DeleteRecord(11));
     EXPECT_FALSE(mBase->DeleteRecord(99));
-    EXPECT_EQ(mFuente->Base("Clientes")->Registros.size(), 2);
-    mFuente->Base("Clientes")->FallarEscrituras = true;
+    EXPECT_EQ(Archivo("Clientes").Registros.size(), 2);
+    const auto permisos = QFile::permissions(Ruta("Clientes"));
+    QFile::setPermissions(Ruta("Clientes"), QFile::ReadOwner);
     EXPECT_FALSE(mBase->DeleteRecord(10));
     EsperarError([&] { mBase->DeleteAllRecords(); }, ErroresFuente::EscrituraFallida,
-                 "EscribirRegistro");
-    mFuente->Base("Clientes")->FallarEscrituras = false;
+                 "BorrarTodos");
+    QFile::setPermissions(Ruta("Clientes"), permisos);
     mBase->DeleteAllRecords();
-    EXPECT_TRUE(mFuente->Base("Clientes")->Registros.isEmpty());
+    EXPECT_TRUE(Archivo("Clientes").Registros.isEmpty());
 }
 
 TEST_F(PalmPDBTest, UnaBaseDeRecursos) {
@@ -573,11 +660,9 @@ TEST_F(PalmPDBTest, LaCabecera) {
         qint32 version, companero;
         float esperada;
     } versiones[] = {{1, 5, 1.05f}, {1, 0, 1.0f}, {2, 150, 3.5f}, {3, -1, 3.0f}, {0, 1, 0.01f}};
-    BaseMemoria& base = *mFuente->Base("Clientes");
     for (const auto& caso : versiones) {
-        base.Version = caso.version;
-        base.VersionCompanero = caso.companero;
-        clsPalmPDB pdb(mFuente);
+        GuardarClientes({}, caso.version);
+        clsPalmPDB pdb(Fuente({{}, caso.companero}));
         ASSERT_TRUE(pdb.OpenFile("Clientes"));
         EXPECT_FLOAT_EQ(pdb.DBVersion(), caso.esperada);
     }
@@ -586,19 +671,17 @@ TEST_F(PalmPDBTest, LaCabecera) {
     EXPECT_EQ(mBase->CreationDate(), modFecha::Crear(2004, 1, 5, 15, 4, 5));
     EXPECT_EQ(mBase->ModificationDate(), modFecha::Crear(2005, 2, 6));
     EXPECT_EQ(mBase->BackupDate(), modFecha::Crear(1904, 1, 1));
-    EXPECT_FLOAT_EQ(mBase->DBSize(), 2048.0f);
+    EXPECT_FLOAT_EQ(mBase->DBSize(), float(QFileInfo(Ruta("Clientes")).size()));
     // Closing keeps the kind of the last database.
     mBase->CloseDatabase();
     EXPECT_TRUE(mBase->IsAppForgeDB());
     EXPECT_TRUE(mBase->IsDataBase());
 }
 
-class CatalogoTest : public ::testing::Test {
+class CatalogoTest : public CarpetaTest {
 protected:
     void SetUp() override {
-        CargarMensajes();
-        mFuente = std::make_shared<clsFuenteMemoria>();
-        const QByteArray esquema = AppInfoAppForge("T", {{"A", Int}}, 2);
+        CarpetaTest::SetUp();
         const struct {
             const char* nombre;
             const char* tipo;
@@ -613,17 +696,14 @@ protected:
             {"a*b", "DATA", "star", false, false},
         };
         for (const auto& b : bases) {
-            BaseMemoria base;
-            base.Nombre = b.nombre;
-            base.Tipo = b.tipo;
-            base.Creador = b.creador;
-            base.Atributos = b.recursos ? 1 : 0;
-            base.AppInfo = b.appForge ? esquema : QByteArray();
-            base.EnUso = QString(b.nombre) == "Ocupada";
-            mFuente->Agregar(base);
+            clsConstructorBase base(b.nombre, b.tipo, b.creador);
+            if (b.recursos) base.AgregarRecurso("code", 1, "xx");
+            if (b.appForge) base.EsquemaAppForge("T", {{"A", C::Int}});
+            Guardar(base);
         }
+        mFuente = Fuente({{{"Ocupada", ErroresFuente::BaseEnUso}}});
     }
-    std::shared_ptr<clsFuenteMemoria> mFuente;
+    std::shared_ptr<clsFuentePalm> mFuente;
 };
 
 TEST_F(CatalogoTest, LasBasesDeUnCreador) {
@@ -654,7 +734,7 @@ TEST_F(CatalogoTest, LosCreadoresPorClase) {
         {2, "AFc1\tZz01\tbusy\tmemo\tprg1\tstar\t"},
     };
     for (const auto& caso : casos) {
-        clsPalmPDB pdb(mFuente);
+        clsPalmPDB pdb(Fuente({{{"Ocupada", ErroresFuente::BaseEnUso}}}));
         EXPECT_EQ(pdb.RetrieveCreatorsID(caso.clase, "\t"), caso.esperado) << caso.clase;
     }
     // The other kinds after the first, on one object, give the same lists.
@@ -666,12 +746,12 @@ TEST_F(CatalogoTest, LosCreadoresPorClase) {
 TEST_F(CatalogoTest, LasListasSeGuardan) {
     clsPalmPDB pdb(mFuente);
     const QString primera = pdb.RetrieveCreatorsID(0, "\t");
-    const int llamadas = mFuente->LlamadasGestor();
-    EXPECT_GT(llamadas, 0);
-    mFuente->Agregar(Nueva("Nueva", "NEW1"));
+    // A new AppForge database does not reach the list already made, nor does another separator.
+    clsConstructorBase nueva("Nueva", "DATA", "NEW1");
+    nueva.EsquemaAppForge("T", {{"A", C::Int}});
+    Guardar(nueva);
     EXPECT_EQ(pdb.RetrieveCreatorsID(0, "\t"), primera);
     EXPECT_EQ(pdb.RetrieveCreatorsID(0, "|"), primera);
-    EXPECT_EQ(mFuente->LlamadasGestor(), llamadas);
     EXPECT_TRUE(pdb.RetrieveCreatorsID(2, "\t").contains("NEW1\t"));
     EsperarError([&] { pdb.RetrieveCreatorsID(3, "\t"); }, ErrorVB::SubindiceFueraDeRango,
                  "RetrieveCreatorsID");
@@ -683,12 +763,11 @@ TEST_F(CatalogoTest, LasListasSeGuardan) {
 
 TEST_F(CatalogoTest, MilBasesSeOrdenanYSeListan) {
     for (int i = 0; i < 1000; ++i) {
-        BaseMemoria base;
-        base.Nombre = QStringLiteral("Base%1").arg(999 - i, 3, 10, QLatin1Char('0'));
-        base.Creador = QStringLiteral("C%1").arg(i % 500, 3, 10, QLatin1Char('0'));
-        mFuente->Agregar(base);
+        Guardar(clsConstructorBase(QStringLiteral("Base%1").arg(999 - i, 3, 10, QLatin1Char('0')),
+                                   "DATA",
+                                   QStringLiteral("C%1").arg(i % 500, 3, 10, QLatin1Char('0'))));
     }
-    clsPalmPDB pdb(mFuente);
+    clsPalmPDB pdb(Fuente());
     const QStringList creadores = pdb.RetrieveCreatorsID(2, "\t").split('\t', Qt::SkipEmptyParts);
     EXPECT_EQ(creadores.size(), 506);
     EXPECT_TRUE(std::is_sorted(creadores.begin(), creadores.end()));

@@ -43,6 +43,8 @@ public:
     void AgregarRecurso(const QString& xTipo, quint16 xID, const QByteArray& xBytes);
 
     const clsArchivoPDB& Archivo() const { return mArchivo; }
+    // For a file the typed calls cannot lay out: raw AppInfo bytes, chosen record IDs.
+    clsArchivoPDB& Archivo() { return mArchivo; }
     // Writes the file; throws std::runtime_error when it cannot.
     void Guardar(const QString& xRuta) const;
 
