@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QStorageInfo>
 #include <QTemporaryDir>
 #include <functional>
@@ -136,6 +137,19 @@ public:
     // Another program changes the database behind the source's back.
     void CambiarPorFuera(const QString& xArchivo, const clsArchivoPDB& xBase) {
         Poner(xArchivo, xBase);
+    }
+    // Another program rewrites bytes of the file in place, same size, and sets its time back, so
+    // that only its content tells the change.
+    void CambiarEnSuSitio(const QString& xArchivo, const QByteArray& xAntes,
+                          const QByteArray& xDespues) {
+        const qsizetype posicion = Contenido(xArchivo).indexOf(xAntes);
+        ASSERT_GT(posicion, 0);
+        const QDateTime hora = QFileInfo(Ruta(xArchivo)).lastModified();
+        QFile archivo(Ruta(xArchivo));
+        ASSERT_TRUE(archivo.open(QIODevice::ReadWrite));
+        archivo.seek(posicion);
+        archivo.write(xDespues);
+        archivo.setFileTime(hora, QFileDevice::FileModificationTime);
     }
     void Quitar(const QString& xArchivo) { QFile::remove(Ruta(xArchivo)); }
     void HacerSoloLectura(const QString& xArchivo) {
@@ -339,6 +353,55 @@ TYPED_TEST(FuenteDeBases, AbrirUnaBaseQueYaNoSePuedeLeerDaBaseEnUso) {
         "Variada");
 }
 
+// What the catalogue knew when the folder was read gives way to the files as they are on opening.
+TYPED_TEST(FuenteDeBases, AbrirVeLosCambiosHechosDesdeQueSeLeyoLaCarpeta) {
+    const auto Con = [](const QByteArray& xNombre, int xRegistros) {
+        clsArchivoPDB base = BaseDeRegistros(xNombre);
+        for (int i = 0; i < xRegistros; ++i)
+            base.Registros.append({0, quint32(i + 1), "registro"});
+        return base;
+    };
+    const struct {
+        const char* Caso;
+        std::function<void(TypeParam&)> Cambiar;
+        QByteArray Abrir;
+        qint32 Registros; // -1: the open fails as in use
+    } casos[] = {
+        {"untouched", [](TypeParam&) {}, "Alfa", 2},
+        {"more records", [&](TypeParam& x) { x.Poner("a.pdb", Con("Alfa", 5)); }, "Alfa", 5},
+        {"moved to another file",
+         [&](TypeParam& x) {
+             x.Quitar("a.pdb");
+             x.Poner("z.pdb", Con("Alfa", 3));
+         },
+         "Alfa", 3},
+        {"a new database", [&](TypeParam& x) { x.Poner("b.pdb", Con("Beta", 4)); }, "Beta", 4},
+        {"its file holds another database", [&](TypeParam& x) { x.Poner("a.pdb", Con("Beta", 1)); },
+         "Alfa", -1},
+    };
+    for (const auto& caso : casos) {
+        TypeParam fabrica;
+        fabrica.Poner("a.pdb", Con("Alfa", 2));
+        auto fuente = fabrica.Crear();
+        auto gestor = fuente->CrearGestor();
+        ASSERT_EQ(this->Listar(*fuente).size(), 1);
+        caso.Cambiar(fabrica);
+        if (caso.Registros < 0) {
+            EsperarError(
+                ErroresFuente::BaseEnUso, [&] { gestor->AbrirBaseRegistros(caso.Abrir, "", 208); },
+                "no longer in the handheld folder");
+            continue;
+        }
+        auto adaptador = gestor->AbrirBaseRegistros(caso.Abrir, "", 208);
+        EXPECT_EQ(
+            this->LeerIDs(*adaptador, [&](RegistroPalm& x) { return adaptador->LeerSiguiente(x); })
+                .size(),
+            caso.Registros)
+            << caso.Caso;
+        EXPECT_EQ(gestor->BuscarBase(caso.Abrir)->CantidadRegistros(), caso.Registros) << caso.Caso;
+    }
+}
+
 TYPED_TEST(FuenteDeBases, LasLecturasSecuencialesFiltranYTerminan) {
     this->mFabrica.Poner("v.pdb", BaseVariada());
     auto fuente = this->mFabrica.Crear();
@@ -539,6 +602,30 @@ TYPED_TEST(FuenteDeBases, BorrarQuitaElRegistroOTodos) {
     EXPECT_TRUE(adaptador->FinDeRegistros());
 }
 
+// The information object of a database answers with what the last write of this program left.
+TYPED_TEST(FuenteDeBases, LaInformacionDeLaBaseSigueALasEscrituras) {
+    this->mFabrica.Poner("v.pdb", BaseVariada());
+    auto fuente = this->mFabrica.Crear();
+    auto gestor = fuente->CrearGestor();
+    const auto info = gestor->BuscarBase("Variada");
+    auto adaptador = gestor->AbrirBaseRegistros("Variada", "", 208);
+    const struct {
+        const char* Caso;
+        std::function<void()> Escribir;
+        qint32 Registros;
+    } casos[] = {
+        {"add", [&] { adaptador->EscribirRegistro(0, 0, 0, "seis"); }, 6},
+        {"delete", [&] { adaptador->BorrarRegistro(9); }, 5},
+        {"delete all", [&] { adaptador->BorrarTodos(0, 0); }, 0},
+    };
+    for (const auto& caso : casos) {
+        caso.Escribir();
+        EXPECT_EQ(info->CantidadRegistros(), caso.Registros) << caso.Caso;
+        EXPECT_EQ(info->TamanoBase(), this->mFabrica.Contenido("v.pdb").size()) << caso.Caso;
+        EXPECT_EQ(gestor->BuscarBase("Variada")->CantidadRegistros(), caso.Registros) << caso.Caso;
+    }
+}
+
 TYPED_TEST(FuenteDeBases, UnCambioDeOtroEscritorSobreviveALaEscrituraSiguiente) {
     this->mFabrica.Poner("v.pdb", BaseVariada());
     auto fuente = this->mFabrica.Crear();
@@ -547,26 +634,30 @@ TYPED_TEST(FuenteDeBases, UnCambioDeOtroEscritorSobreviveALaEscrituraSiguiente) 
     struct Caso {
         const char* Nombre;
         std::function<void()> OtroEscritor;
+        QByteArray Primero; // what the other writer left in the first record
     };
     auto otraFuente = this->mFabrica.Crear();
     auto otro = otraFuente->CrearGestor()->AbrirBaseRegistros("Variada", "", 208);
     const std::vector<Caso> casos = {
-        {"another source", [&] { otro->EscribirRegistro(5, 1, 0x40, "de otra ventana"); }},
+        {"another source", [&] { otro->EscribirRegistro(5, 1, 0x40, "de otra ventana"); },
+         "de otra ventana"},
         {"another program",
          [&] {
              clsArchivoPDB base = this->EnDisco("v.pdb");
              base.Registros[0].Datos = "de otro programa";
              this->mFabrica.CambiarPorFuera("v.pdb", base);
-         }},
+         },
+         "de otro programa"},
+        {"another program, in place with the time set back",
+         [&] { this->mFabrica.CambiarEnSuSitio("v.pdb", "de otro programa", "DE OTRO PROGRAMA"); },
+         "DE OTRO PROGRAMA"},
     };
     for (const Caso& caso : casos) {
         caso.OtroEscritor();
         nuestro->EscribirRegistro(11, 1, 0, caso.Nombre);
         const clsArchivoPDB despues = this->EnDisco("v.pdb");
         EXPECT_EQ(despues.Registros[4].Datos, QByteArray(caso.Nombre));
-        EXPECT_EQ(despues.Registros[0].Datos, caso.Nombre == casos[0].Nombre
-                                                  ? QByteArray("de otra ventana")
-                                                  : QByteArray("de otro programa"));
+        EXPECT_EQ(despues.Registros[0].Datos, caso.Primero) << caso.Nombre;
         EXPECT_EQ(nuestro->LeerPorID(5).Bytes, despues.Registros[0].Datos) << caso.Nombre;
     }
 }
