@@ -1,6 +1,5 @@
 #include "data/clsLecturaArchivo.h"
 
-#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QThread>
@@ -68,49 +67,6 @@ TEST(EstadoArchivo, UnaMiradaIgualSoloPruebaQueNadaCambioSiLaLecturaFueSegura) {
     };
     for (const auto& caso : casos)
         EXPECT_EQ(caso.Leido.SinCambios(caso.Ahora, momento), caso.SinCambios) << caso.Caso;
-}
-
-TEST(clsLecturaArchivo, LeeTramosDesdeCualquierPosicion) {
-    QTemporaryDir carpeta;
-    const QString ruta = carpeta.filePath("datos.pdb");
-    Poner(ruta, "0123456789");
-    clsLecturaArchivo archivo(ruta);
-    ASSERT_TRUE(archivo.Abierto()) << archivo.Error().toStdString();
-    EXPECT_EQ(archivo.Estado().Tamano, 10);
-    const struct {
-        qint64 Desde, Cantidad;
-        QByteArray Esperado;
-    } casos[] = {
-        {0, 4, "0123"}, {6, 10, "6789"}, {10, 5, ""}, {3, 0, ""}, {0, 10, "0123456789"},
-    };
-    for (const auto& caso : casos) {
-        QByteArray bytes("previo:");
-        ASSERT_TRUE(archivo.Leer(caso.Desde, caso.Cantidad, bytes));
-        EXPECT_EQ(bytes, "previo:" + caso.Esperado) << caso.Desde << "+" << caso.Cantidad;
-    }
-    QByteArray todo("descartado");
-    ASSERT_TRUE(archivo.LeerTodo(todo));
-    EXPECT_EQ(todo, "0123456789");
-}
-
-TEST(clsLecturaArchivo, SoloAbreArchivosComunes) {
-    QTemporaryDir carpeta;
-    QDir(carpeta.path()).mkdir("carpeta.pdb");
-    Poner(carpeta.filePath("vacio.pdb"), "");
-    const struct {
-        const char* Nombre;
-        bool Existe;
-    } casos[] = {{"falta.pdb", false}, {"carpeta.pdb", false}, {"vacio.pdb", true}};
-    for (const auto& caso : casos) {
-        const QString ruta = carpeta.filePath(caso.Nombre);
-        clsLecturaArchivo archivo(ruta);
-        EXPECT_EQ(archivo.Abierto(), caso.Existe) << caso.Nombre;
-        EXPECT_EQ(archivo.Error().isEmpty(), caso.Existe) << caso.Nombre;
-        EXPECT_EQ(clsLecturaArchivo::EstadoDe(ruta).Existe, caso.Existe) << caso.Nombre;
-        QByteArray bytes;
-        EXPECT_EQ(archivo.LeerTodo(bytes), caso.Existe) << caso.Nombre;
-        EXPECT_TRUE(bytes.isEmpty()) << caso.Nombre;
-    }
 }
 
 TEST(clsLecturaArchivo, UnaMiradaVeCadaCambioDelArchivo) {

@@ -18,17 +18,3 @@ TEST(modMemoria, PrepararNoCambiaLoQueHayEnLaMemoria) {
         }
     }
 }
-
-TEST(modMemoria, ReservarGuardaLosElementos) {
-    const struct { qsizetype Antes, Pedidos; } casos[] = {{0, 0}, {3, 10}, {10, 3}, {5, 200000}};
-    for (const auto& caso : casos) {
-        QVector<qint64> vector;
-        for (qsizetype i = 0; i < caso.Antes; ++i)
-            vector.append(i * 11);
-        modMemoria::Reservar(vector, caso.Pedidos);
-        EXPECT_GE(vector.capacity(), caso.Pedidos);
-        ASSERT_EQ(vector.size(), caso.Antes);
-        for (qsizetype i = 0; i < caso.Antes; ++i)
-            EXPECT_EQ(vector[i], i * 11);
-    }
-}
