@@ -3,12 +3,12 @@
 #include "constructor/clsConstructorBase.h"
 #include "data/MensajesError.h"
 #include "data/clsFuenteCarpeta.h"
-#include "data/clsGestorDelegado.h"
 #include "data/modHandheld.h"
 #include "explorer/clsGrillaFlexible.h"
 #include "explorer/clsVistaGrilla.h"
 #include "explorer/frmPandrel.h"
 #include "shell/modDialogos.h"
+#include "support/clsFuenteCarpetaRara.h"
 
 #include <QAbstractItemModelTester>
 #include <QApplication>
@@ -97,41 +97,6 @@ void CrearHandheld(const QString& xCarpeta) {
     ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
     ini.write("[Card]\nRomSize=1536\nRamSize=2097152\nFreeRam=1000000\n");
 }
-
-// The folder handheld, except that the named database is held by another program: opening it
-// fails as a locked file does.
-class clsGestorConBaseEnUso : public clsGestorDelegado {
-public:
-    clsGestorConBaseEnUso(std::unique_ptr<clsGestorBases> xGestor, QString xEnUso)
-        : clsGestorDelegado(std::move(xGestor)), mEnUso(std::move(xEnUso)) {}
-    std::unique_ptr<clsAdaptadorRegistros>
-    AbrirBaseRegistros(const QString& xNombre, const QString& xClase, qint32 xModo) override {
-        if (xNombre == mEnUso)
-            throw ErrorVB(ErroresFuente::BaseEnUso, "AbrirBaseRegistros", "locked");
-        return clsGestorDelegado::AbrirBaseRegistros(xNombre, xClase, xModo);
-    }
-
-private:
-    QString mEnUso;
-};
-
-class clsFuenteConBaseEnUso : public clsFuentePalm {
-public:
-    clsFuenteConBaseEnUso(const QString& xCarpeta, QString xEnUso)
-        : mFuente(std::make_shared<clsFuenteCarpeta>(xCarpeta)), mEnUso(std::move(xEnUso)) {}
-    std::unique_ptr<clsGestorBases> CrearGestor() override {
-        return std::make_unique<clsGestorConBaseEnUso>(mFuente->CrearGestor(), mEnUso);
-    }
-    std::unique_ptr<clsSistemaPalm> CrearSistema() override { return mFuente->CrearSistema(); }
-    QString CodigoATexto(qint32 xCodigo, qint32 xOpcion) const override {
-        return mFuente->CodigoATexto(xCodigo, xOpcion);
-    }
-    QString CodigoPagina() const override { return mFuente->CodigoPagina(); }
-
-private:
-    std::shared_ptr<clsFuenteCarpeta> mFuente;
-    QString mEnUso;
-};
 
 // Closes every modal window that opens (the error report, the notice) and keeps its class name.
 class clsModales {
@@ -421,7 +386,8 @@ TEST_F(frmPandrelTest, ADatabaseWithoutRecordsKeepsItsHeaderInTheFixedColour) {
 
 TEST_F(frmPandrelTest, ChoosingAnApplicationListsTheDatabasesOfItsCreator) {
     CrearHandheld(mCarpeta);
-    Abrir(std::make_shared<clsFuenteConBaseEnUso>(mCarpeta, "Orders"));
+    Abrir(std::make_shared<clsFuenteCarpetaRara>(mCarpeta,
+                                                 Rarezas{{{"Orders", ErroresFuente::BaseEnUso}}}));
     Elegir(Base("AFa1", "ClientsApp"));
 
     EXPECT_TRUE(Hijo<QGroupBox>("fraRecursos")->isVisible());
