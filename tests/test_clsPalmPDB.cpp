@@ -215,9 +215,7 @@ TEST_F(PalmPDBTest, LaMarcaAppForgeSeReconoceSoloCompleta) {
         {"sinAppInfo", {}, false},
         {"soloCategorias", categorias, false},
         {"minusculas", categorias + QByteArray("appforg2\0", 9), true},
-        {"mezcla", categorias + QByteArray("AppForg2\0", 9), true},
         {"masLarga", categorias + QByteArray("APPFORG2X\0", 10), false},
-        {"masCorta", categorias + QByteArray("APPFORG\0", 8), false},
         {"sinTerminador", categorias + QByteArray("APPFORG2"), false},
         {"otroEsquema", categorias + QByteArray("APPFORG1\0", 9), false},
     };
