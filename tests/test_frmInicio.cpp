@@ -27,22 +27,16 @@ QT_END_NAMESPACE
 namespace {
 
 // The folder handheld, noting what the frame showed when an explorer began to read it.
-class clsFuenteObservada : public clsFuentePalm {
+class clsFuenteObservada : public clsFuenteCarpeta {
 public:
     clsFuenteObservada(const QString& xCarpeta, std::function<void()> xAlLeer)
-        : mFuente(std::make_shared<clsFuenteCarpeta>(xCarpeta)), mAlLeer(std::move(xAlLeer)) {}
+        : clsFuenteCarpeta(xCarpeta), mAlLeer(std::move(xAlLeer)) {}
     std::unique_ptr<clsGestorBases> CrearGestor() override {
         mAlLeer();
-        return mFuente->CrearGestor();
+        return clsFuenteCarpeta::CrearGestor();
     }
-    std::unique_ptr<clsSistemaPalm> CrearSistema() override { return mFuente->CrearSistema(); }
-    QString CodigoATexto(qint32 xCodigo, qint32 xOpcion) const override {
-        return mFuente->CodigoATexto(xCodigo, xOpcion);
-    }
-    QString CodigoPagina() const override { return mFuente->CodigoPagina(); }
 
 private:
-    std::shared_ptr<clsFuenteCarpeta> mFuente;
     std::function<void()> mAlLeer;
 };
 
