@@ -3,6 +3,7 @@
 #include <QProcess>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
+#include <tuple>
 
 namespace {
 
@@ -166,4 +167,99 @@ TEST_F(PandrelCli, InfoShowsTheHandheld) {
     EXPECT_EQ(lineas[10], "User Name: Field Sales");
 }
 
+// A batch process driven a command at a time, as a script on the other end of a pipe drives it.
+class Lote {
+public:
+    explicit Lote(const QString& xHandheld) {
+        mProceso.start(PANDREL_CLI, {"--handheld", xHandheld, "batch"});
+        mProceso.waitForStarted();
+    }
+    // Sends xLineas and returns what came before the next "#end STATUS" line, and the status.
+    std::pair<QString, int> Enviar(const QByteArray& xLineas) {
+        mProceso.write(xLineas + '\n');
+        QByteArray salida;
+        for (;;) {
+            while (!mProceso.canReadLine())
+                if (!mProceso.waitForReadyRead(10000)) return {"(no #end) " + salida, -1};
+            const QByteArray linea = mProceso.readLine();
+            if (linea.startsWith("#end ")) return {QString::fromUtf8(salida), linea.mid(5).toInt()};
+            salida += linea;
+        }
+    }
+    // Sends xLineas as the end of the input; returns the exit status, the rest of stdout and
+    // the lines of stderr.
+    std::tuple<int, QString, QStringList> Terminar(const QByteArray& xLineas) {
+        mProceso.write(xLineas);
+        mProceso.closeWriteChannel();
+        mProceso.waitForFinished(10000);
+        return {mProceso.exitCode(), QString::fromUtf8(mProceso.readAllStandardOutput()),
+                QString::fromUtf8(mProceso.readAllStandardError()).split('\n', Qt::SkipEmptyParts)};
+    }
+
+private:
+    QProcess mProceso;
+};
+
+TEST_F(PandrelCli, BatchRunsEachLineAsACommandAndKeepsItsDatabaseOpen) {
+    const QString id = Ejecutar({"records", "VisitLogDB"}).Salida.section('\t', 0, 0);
+    const QByteArray ref = id.toUtf8();
+    const QString registro = Ejecutar({"get", "VisitLogDB", id}).Salida;
+    Lote lote(Handheld());
+    const struct {
+        QByteArray Lineas;
+        QString Salida; // a text ending in '*' is a start
+        int Estado;
+    } casos[] = {
+        {"get VisitLogDB " + ref, registro, 0},
+        {"update VisitLogDB " + ref + " 0 'Zinnia  \"Florists\"'", id + "\n", 0},
+        {"get VisitLogDB " + ref, "Zinnia  \"Florists\"\t*", 0},
+        {"update VisitLogDB " + ref + " 0 \"a \\\"b\\\" \\\\ \\c $x\" # the rest is a comment",
+         id + "\n", 0},
+        {"get VisitLogDB " + ref, "a \"b\" \\ \\c $x\t*", 0},
+        {"  # comment lines and blank lines are no commands\n\n\tupdate Visit\\\nLogDB " + ref +
+             " 0 O\\'Hara\\ Bros",
+         id + "\n", 0},
+        {"get VisitLogDB " + ref, "O'Hara Bros\t*", 0},
+        {"update VisitLogDB " + ref + " 0 ''", id + "\n", 0},
+        {"get VisitLogDB " + ref + " --separator ,", "\"\",*", 0},
+        {"update VisitLogDB " + ref + " 3 'two\nlines' # one command", id + "\n", 0},
+        {"get VisitLogDB 99", "", 1},
+        {"update VisitLogDB " + ref + " 2 70000", "", 1},
+        {"frobnicate", "", 2},
+        {"get VisitLogDB", "", 2},
+        {"batch", "", 2},
+        {"creators", "InvT\nPrLs\nVsLg\n", 0},
+        {"header VisitLogDB", "Type: DATA\n*", 0},
+    };
+    for (const auto& caso : casos) {
+        const auto [salida, estado] = lote.Enviar(caso.Lineas);
+        EXPECT_EQ(estado, caso.Estado) << caso.Lineas.toStdString();
+        if (caso.Salida.endsWith('*'))
+            EXPECT_TRUE(salida.startsWith(caso.Salida.chopped(1)))
+                << caso.Lineas.toStdString() << ": " << salida.toStdString();
+        else
+            EXPECT_EQ(salida, caso.Salida) << caso.Lineas.toStdString();
+    }
+
+    // The database stays open: another program's change shows once the batch opens it anew.
+    ASSERT_EQ(Ejecutar({"update", "VisitLogDB", id, "2", "77"}).Estado, 0);
+    EXPECT_EQ(lote.Enviar("get VisitLogDB " + ref).first.section('\t', 2, 2), "20");
+    EXPECT_EQ(lote.Enviar("schema PriceListDB").second, 0);
+    EXPECT_EQ(lote.Enviar("get VisitLogDB " + ref).first.section('\t', 2, 2), "77");
+
+    // Input that ends inside a quote is one more failed command; the batch ends with the
+    // highest status, each error on one line.
+    const auto [estado, salida, errores] = lote.Terminar("get 'VisitLogDB\n");
+    EXPECT_EQ(estado, 2);
+    EXPECT_EQ(salida, "#end 2\n");
+    const QStringList esperados = {"Error ",
+                                   "Error 6: Overflow",
+                                   "usage: unknown command",
+                                   "usage: get DB ID",
+                                   "usage: unknown command \"batch\"",
+                                   "usage: the input ends inside a quote"};
+    ASSERT_EQ(errores.size(), esperados.size()) << errores.join('\n').toStdString();
+    for (int i = 0; i < esperados.size(); ++i)
+        EXPECT_TRUE(errores[i].startsWith(esperados[i])) << errores[i].toStdString();
+}
 } // namespace

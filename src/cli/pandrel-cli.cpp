@@ -2,6 +2,7 @@
 // an error prints nothing on stdout, one line "Error NUMBER: DESCRIPTION [SOURCE]" on stderr and
 // ends with status 1; a wrong command line prints the usage and ends with status 2.
 
+#include "cli/modLotes.h"
 #include "common/ErrorVB.h"
 #include "common/clsConfiguracionRegional.h"
 #include "data/MensajesError.h"
@@ -43,6 +44,7 @@ const char* const kUso =
     "  attributes DB ID [VALUE]\n"
     "  categories DB\n"
     "  info\n"
+    "  batch                  commands from stdin, one per line, each followed by #end STATUS\n"
     "The handheld is a folder of .pdb/.prc files (default: the sample's working copy).\n"
     "SEP \\t stands for the tab character.\n";
 
@@ -115,6 +117,7 @@ struct Contexto {
     QStringList Argumentos; // the command's own arguments
     clsPalmPDB& Base;
     clsSalida& Salida;
+    QString& Abierta; // the database Base holds open from an earlier command, if any
 };
 
 QString Argumento(const Contexto& xContexto, int xIndice) {
@@ -152,12 +155,21 @@ QString TextoBooleano(bool xValor) {
     return xValor ? QStringLiteral("True") : QStringLiteral("False");
 }
 
-// Opens the database named by the first argument.
+void Cerrar(const Contexto& xContexto) {
+    xContexto.Base.CloseDatabase();
+    xContexto.Abierta.clear();
+}
+
+// Opens the database named by the first argument, closing the one open before unless it is the
+// same: a batch keeps its last database open, as the explorer keeps the one chosen in its tree.
 void Abrir(const Contexto& xContexto) {
     const QString nombre = Argumento(xContexto, 0);
+    if (!xContexto.Abierta.isEmpty() && xContexto.Abierta == nombre) return;
+    Cerrar(xContexto);
     if (!xContexto.Base.OpenFile(nombre))
         throw ErrorVB(ErroresFuente::BaseEnUso, QStringLiteral("OpenFile"),
                       QStringLiteral("The database \"%1\" cannot be opened.").arg(nombre));
+    xContexto.Abierta = nombre;
 }
 
 // The entries of a catalogue list, each followed by a tab.
@@ -173,6 +185,9 @@ void Creadores(const Contexto& xContexto) {
     const auto clase =
         clases.find(Opcion(xContexto, 0, QStringLiteral("--kind"), QStringLiteral("appforge")));
     if (clase == clases.end()) throw ErrorUso();
+    // The listing leaves in the object the last database it looked at; the next command that
+    // opens one closes it.
+    xContexto.Abierta.clear();
     for (const QString& creador :
          Entradas(xContexto.Base.RetrieveCreatorsID(clase->second, QStringLiteral("\t"))))
         xContexto.Salida.Linea(creador);
@@ -317,6 +332,9 @@ struct LineaComandos {
     QStringList Argumentos;
 };
 
+// The command that reads the others from stdin.
+const QLatin1String kLote("batch");
+
 LineaComandos Analizar(QStringList xArgumentos) {
     LineaComandos linea;
     while (!xArgumentos.isEmpty() && xArgumentos.first().startsWith(QLatin1String("--"))) {
@@ -329,15 +347,69 @@ LineaComandos Analizar(QStringList xArgumentos) {
         else
             throw ErrorUso();
     }
-    if (xArgumentos.isEmpty() || Comandos().count(xArgumentos.first()) == 0) throw ErrorUso();
+    if (xArgumentos.isEmpty()) throw ErrorUso();
     linea.Comando = xArgumentos.takeFirst();
     linea.Argumentos = xArgumentos;
+    if (linea.Comando == kLote ? !linea.Argumentos.isEmpty() : Comandos().count(linea.Comando) == 0)
+        throw ErrorUso();
     return linea;
 }
 
-void Avisar(const clsFuenteCarpeta& xFuente) {
-    for (const QString& aviso : xFuente.Avisos())
-        std::fprintf(stderr, "Warning: %s\n", qUtf8Printable(aviso));
+// The handheld and the database object of one run; a batch keeps them from command to command.
+struct Sesion {
+    std::shared_ptr<clsFuenteCarpeta> Fuente;
+    clsPalmPDB Base;
+    QString Abierta;
+    QStringList Avisados; // warnings given already: none comes again while the folder keeps it
+};
+
+void Avisar(Sesion& xSesion) {
+    const QStringList avisos = xSesion.Fuente->Avisos();
+    for (const QString& aviso : avisos) {
+        if (!xSesion.Avisados.contains(aviso))
+            std::fprintf(stderr, "Warning: %s\n", qUtf8Printable(aviso));
+    }
+    xSesion.Avisados = avisos;
+}
+
+void InformarError(const ErrorVB& xError) {
+    std::fprintf(stderr, "Error %d: %s [%s]\n", xError.Numero(),
+                 qUtf8Printable(xError.Descripcion()), qUtf8Printable(xError.Fuente()));
+}
+
+// Runs one command; what it prints reaches stdout only when the whole command succeeded.
+void Correr(Sesion& xSesion, const QString& xComando, const QStringList& xArgumentos) {
+    const auto comando = Comandos().find(xComando);
+    if (comando == Comandos().end()) throw ErrorUso();
+    clsSalida salida;
+    comando->second({xArgumentos, xSesion.Base, salida, xSesion.Abierta});
+    Avisar(xSesion);
+    salida.Escribir(stdout);
+}
+
+// The usage of one command in one line: in a batch every error is one line.
+QString UsoDe(const QString& xComando) {
+    if (Comandos().count(xComando) == 0)
+        return QStringLiteral("usage: unknown command \"%1\"").arg(xComando);
+    for (const QString& linea : QString::fromLatin1(kUso).split(QLatin1Char('\n'))) {
+        const QString texto = linea.trimmed();
+        if (texto == xComando || texto.startsWith(xComando + QLatin1Char(' ')))
+            return QStringLiteral("usage: ") + texto;
+    }
+    return QStringLiteral("usage: ") + xComando;
+}
+
+int CorrerEnLote(Sesion& xSesion, const QStringList& xPalabras) {
+    try {
+        Correr(xSesion, xPalabras.first(), xPalabras.mid(1));
+        return 0;
+    } catch (const ErrorUso&) {
+        std::fprintf(stderr, "%s\n", qUtf8Printable(UsoDe(xPalabras.first())));
+        return 2;
+    } catch (const ErrorVB& error) {
+        InformarError(error);
+        return 1;
+    }
 }
 
 int Ejecutar(const LineaComandos& xLinea) {
@@ -346,11 +418,11 @@ int Ejecutar(const LineaComandos& xLinea) {
         xLinea.Handheld.isEmpty() ? modMuestra::CarpetaDeTrabajo() : xLinea.Handheld;
     const auto fuente = std::make_shared<clsFuenteCarpeta>(carpeta);
     modHandheld::EstablecerFuente(fuente);
-    clsPalmPDB base(fuente);
-    clsSalida salida;
-    Comandos().at(xLinea.Comando)({xLinea.Argumentos, base, salida});
-    Avisar(*fuente);
-    salida.Escribir(stdout);
+    Sesion sesion{fuente, clsPalmPDB(fuente), QString(), QStringList()};
+    if (xLinea.Comando == kLote)
+        return modLotes::Ejecutar(
+            stdin, [&](const QStringList& xPalabras) { return CorrerEnLote(sesion, xPalabras); });
+    Correr(sesion, xLinea.Comando, xLinea.Argumentos);
     return 0;
 }
 
@@ -368,8 +440,7 @@ int main(int argc, char** argv) {
         std::fputs(kUso, stderr);
         return 2;
     } catch (const ErrorVB& error) {
-        std::fprintf(stderr, "Error %d: %s [%s]\n", error.Numero(),
-                     qUtf8Printable(error.Descripcion()), qUtf8Printable(error.Fuente()));
+        InformarError(error);
         return 1;
     }
 }
