@@ -37,6 +37,8 @@ PY
 big=$(stat -c %s "$inputs/big/BenchBig.pdb")
 echo "BenchBig.pdb: $((big / 1024)) KB, 65535 records; many/: $(ls "$inputs/many" | wc -l) files"
 measure "records (65,535 x 8 fields)" "$runs" "$cli" --handheld "$inputs/big" records BenchBig
+measure "export (65,535 x 8 fields, tab)" "$runs" "$cli" --handheld "$inputs/big" export BenchBig "$build/bench-out/BenchBig.txt"
+measure "export --csv (65,535 x 8 fields)" "$runs" "$cli" --handheld "$inputs/big" export BenchBig "$build/bench-out/BenchBig.csv" --csv
 measure "creators --kind appforge (1,000)" "$runs" "$cli" --handheld "$inputs/many" creators --kind appforge
 measure "update one String, mid-database" "$runs" "$cli" --handheld "$inputs/big" update BenchBig 1081344 4 "Customer {i}"
 

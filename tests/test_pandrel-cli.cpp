@@ -1,5 +1,6 @@
 #include "constructor/clsConstructorBase.h"
 
+#include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -157,6 +158,57 @@ TEST_F(PandrelCli, ALargeListingComesOutWhole) {
     EXPECT_EQ(lineas.last(), "");
     for (int i = 0; i < Registros; ++i)
         ASSERT_EQ(lineas[i], QString::number(0x100001 + i) + '\t' + texto(i).trimmed()) << i;
+}
+
+// The export as the explorer writes it: a Single's decimal comma becomes a full stop, Strings are
+// quoted in CSV; the folder is made and an existing file replaced without a question.
+TEST_F(PandrelCli, ExportWritesEveryRecordToTheFile) {
+    const QString carpeta = mCarpeta.filePath("out/deeper");
+    const struct {
+        QStringList Opciones;
+        QString Archivo;
+        QByteArray Linea2;
+    } casos[] = {
+        {{},
+         "/inv.txt",
+         "INV-1000\tClaw hammer\t7\t-204\t7014\t37.49\tTrue\t08.02.2005 12:44:00\r\n"},
+        {{"--csv"},
+         "/inv.csv",
+         "\"INV-1000\",\"Claw hammer\",7,-204,7014,37.49,True,08.02.2005 12:44:00\r\n"},
+        {{"--rfc4180"},
+         "/inv.csv",
+         "\"INV-1000\",\"Claw hammer\",7,-204,7014,37.49,True,08.02.2005 12:44:00\r\n"},
+    };
+    for (const auto& caso : casos) {
+        const Resultado resultado =
+            Ejecutar(QStringList{"--locale", "de_DE", "export", "InvTrackDB", carpeta + "/inv."} +
+                     caso.Opciones);
+        ASSERT_EQ(resultado.Estado, 0) << resultado.Errores.toStdString();
+        EXPECT_EQ(resultado.Salida, carpeta + caso.Archivo + "\n");
+        QFile archivo(carpeta + caso.Archivo);
+        ASSERT_TRUE(archivo.open(QIODevice::ReadOnly));
+        const QList<QByteArray> lineas = archivo.readAll().split('\n');
+        EXPECT_EQ(lineas.size(), 322) << "the header, 320 records and nothing after the last CR LF";
+        EXPECT_EQ(lineas[1] + '\n', caso.Linea2);
+    }
+    const struct {
+        QStringList Argumentos;
+        int Estado;
+        QString Error;
+    } fallos[] = {
+        {{"export", "InvTrackDB", " "},
+         1,
+         "Error 52: Invalid file name [ValidarArchivoExportacion]"},
+        {{"export", "Field Notes", carpeta + "/x"}, 1, "Error -2147220500: "},
+        {{"export", "InvTrackDB"}, 2, "usage: pandrel-cli"},
+        {{"export", "InvTrackDB", "x", "--tsv"}, 2, "usage: pandrel-cli"},
+    };
+    for (const auto& fallo : fallos) {
+        const Resultado resultado = Ejecutar(fallo.Argumentos);
+        EXPECT_EQ(resultado.Estado, fallo.Estado) << fallo.Argumentos.join(' ').toStdString();
+        EXPECT_TRUE(resultado.Errores.startsWith(fallo.Error)) << resultado.Errores.toStdString();
+    }
+    EXPECT_FALSE(QFile::exists(carpeta + "/x")) << "a failed export leaves no file";
 }
 
 TEST_F(PandrelCli, InfoShowsTheHandheld) {

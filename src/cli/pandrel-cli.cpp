@@ -2,6 +2,7 @@
 // an error prints nothing on stdout, one line "Error NUMBER: DESCRIPTION [SOURCE]" on stderr and
 // ends with status 1; a wrong command line prints the usage and ends with status 2.
 
+#include "cli/modComandosInforme.h"
 #include "cli/modLotes.h"
 #include "common/ErrorVB.h"
 #include "common/clsConfiguracionRegional.h"
@@ -44,6 +45,7 @@ const char* const kUso =
     "  attributes DB ID [VALUE]\n"
     "  categories DB\n"
     "  info\n"
+    "  export DB FILE [--csv] [--rfc4180]\n"
     "  batch                  commands from stdin, one per line, each followed by #end STATUS\n"
     "The handheld is a folder of .pdb/.prc files (default: the sample's working copy).\n"
     "SEP \\t stands for the tab character.\n";
@@ -311,6 +313,13 @@ void Informacion(const Contexto& xContexto) {
         xContexto.Salida.Linea(titulo + QLatin1Char(' ') + texto);
 }
 
+void Exportar(const Contexto& xContexto) {
+    const auto orden = modComandosInforme::LeerOrdenExportar(xContexto.Argumentos);
+    if (!orden) throw ErrorUso();
+    Abrir(xContexto);
+    xContexto.Salida.Linea(modComandosInforme::Exportar(xContexto.Base, *orden));
+}
+
 using Comando = std::function<void(const Contexto&)>;
 
 const std::map<QString, Comando>& Comandos() {
@@ -321,7 +330,7 @@ const std::map<QString, Comando>& Comandos() {
         {QStringLiteral("update"), Actualizar},    {QStringLiteral("add"), Agregar},
         {QStringLiteral("delete"), Borrar},        {QStringLiteral("delete-all"), BorrarTodos},
         {QStringLiteral("attributes"), Atributos}, {QStringLiteral("categories"), Categorias},
-        {QStringLiteral("info"), Informacion}};
+        {QStringLiteral("info"), Informacion},     {QStringLiteral("export"), Exportar}};
     return comandos;
 }
 
