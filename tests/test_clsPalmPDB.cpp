@@ -4,6 +4,7 @@
 #include "constructor/clsConstructorBase.h"
 #include "data/MensajesError.h"
 #include "data/clsPalmPDB.h"
+#include "data/modFuncionesConversion.h"
 #include "support/clsFuenteCarpetaRara.h"
 
 #include <QFile>
@@ -409,6 +410,8 @@ TEST_F(PalmPDBTest, UnaConversionFallidaNoEscribeNada) {
         {"Completa", 3, "1e39", ErrorVB::Desbordamiento},
         {"Completa", 6, "not a date", ErrorVB::TiposNoCoinciden},
         {"Completa", 6, "1/19/1972 3:14:08 AM", ErrorVB::Desbordamiento},
+        {"Completa", 7, QString::fromUtf8("\u03a9"),
+         modFuncionesConversion::ErrorTextoNoCodificable},
     };
     for (const auto& caso : casos) {
         const QByteArray antes = Bytes(caso.base);
@@ -460,8 +463,8 @@ TEST_F(PalmPDBTest, LosTextosPasanPorLaPaginaDeCodigos) {
         QString leido;
     } casos[] = {
         {"windows-1252", QString::fromUtf8("caf\u00e9 \u20ac"), "636166e92080", ""},
-        {"windows-1252", QString::fromUtf8("\u03a9"), "3f", "?"},
         {"ISO-8859-7", QString::fromUtf8("\u03a9"), "d9", ""},
+        {"Shift_JIS", QString::fromUtf8("\u65e5\u672c"), "93fa967b", ""},
     };
     for (const auto& caso : casos) {
         Ajustes(QByteArray("[Handheld]\nEncoding=") + caso.pagina + "\n");
@@ -479,6 +482,42 @@ TEST_F(PalmPDBTest, LosTextosPasanPorLaPaginaDeCodigos) {
         const QString esperado = caso.leido.isEmpty() ? caso.valor : caso.leido;
         EXPECT_EQ(texto.section('|', 7, 7), esperado) << caso.pagina;
     }
+}
+
+// A Japanese handheld: the database name, categories, field names and String fields are in
+// Shift_JIS. A longer value moves the fields after it by its bytes, not its characters.
+TEST_F(CarpetaTest, UnHandheldJapones) {
+    Ajustes("[Handheld]\nEncoding=Shift_JIS\n");
+    const QString nombre = QString::fromUtf8("\u9867\u5ba2");
+    clsConstructorBase base(nombre, "DATA", "AFjp", "Shift_JIS");
+    base.Categorias({QString::fromUtf8("\u672a\u5206\u985e"), QString::fromUtf8("\u4ed5\u4e8b")});
+    base.EsquemaAppForge(nombre,
+                         {{QString::fromUtf8("\u540d\u524d"), C::String}, {"Edad", C::Int}});
+    base.AgregarRegistro({QString::fromUtf8("\u5c71\u7530"), 30}, 0, 1);
+    base.Guardar(mCarpeta.filePath("kokyaku.pdb"));
+    const auto Registro = [&] { return clsArchivoPDB::Leer(Bytes("kokyaku")).Registros[0].Datos; };
+
+    clsPalmPDB pdb(Fuente());
+    EXPECT_EQ(pdb.RetrieveDataBases("AFjp", "\t"), nombre + "*1\t");
+    ASSERT_TRUE(pdb.OpenFile(nombre));
+    EXPECT_EQ(pdb.CategoryName(1), QString::fromUtf8("\u4ed5\u4e8b"));
+    EXPECT_EQ(pdb.FieldsTitles("|"), QString::fromUtf8("\u540d\u524d|Edad"));
+    QString texto;
+    ASSERT_TRUE(pdb.ReadRecordByID(0x100001, texto, "|"));
+    EXPECT_EQ(texto, QString::fromUtf8("\u5c71\u7530|30"));
+
+    pdb.UpdateRecord(0x100001, 0, QString::fromUtf8("\u5c71\u7530\u592a\u90ce"));
+    EXPECT_EQ(Registro().toHex(), "8e52936391be9859"
+                                  "00"
+                                  "001e");
+    ASSERT_TRUE(pdb.ReadRecordByID(0x100001, texto, "|"));
+    EXPECT_EQ(texto, QString::fromUtf8("\u5c71\u7530\u592a\u90ce|30"));
+
+    // Hangul is not in Shift_JIS: refused, and the file stays as it was.
+    const QByteArray antes = Bytes("kokyaku");
+    EsperarError([&] { pdb.UpdateRecord(0x100001, 0, QString::fromUtf8("\ud55c")); },
+                 modFuncionesConversion::ErrorTextoNoCodificable, "UpdateRecord");
+    EXPECT_EQ(Bytes("kokyaku"), antes);
 }
 
 TEST_F(PalmPDBTest, UnRegistroNuevo) {

@@ -155,10 +155,35 @@ TEST(LeerTexto, HastaElCeroPorLaPaginaDeCodigos) {
         EXPECT_EQ(LeerTexto(buffer, pos), caso.texto) << caso.bytes;
         EXPECT_EQ(pos, caso.despues);
     }
-    const QByteArray griego = QByteArray::fromHex("d900");
-    qint32 pos = 0;
-    EXPECT_EQ(LeerTexto(griego, pos, TablaCodigoPagina::Para("ISO-8859-7")),
-              QString::fromUtf8("\u03a9"));
+}
+
+// A lead byte and its trail byte make one character; the position still counts bytes, and a
+// trail byte that looks like ASCII (0x5C, 0x40) stays inside its character.
+TEST(LeerTexto, LasPaginasDeVariosBytes) {
+    const struct {
+        const char* pagina;
+        const char* bytes;
+        QString texto;
+    } casos[] = {
+        {"ISO-8859-7", "d9", QString::fromUtf8("\u03a9")},
+        {"Shift_JIS", "93fa967b8cea835c814040",
+         QString::fromUtf8("\u65e5\u672c\u8a9e\u30bd\u3000@")},
+        {"windows-932", "8341", QString::fromUtf8("\u30a2")},
+        {"Big5", "a4a4a4e5", QString::fromUtf8("\u4e2d\u6587")},
+        {"GBK", "d6d0cec4", QString::fromUtf8("\u4e2d\u6587")},
+        {"EUC-KR", "c7d1b1b9", QString::fromUtf8("\ud55c\uad6d")},
+    };
+    for (const auto& caso : casos) {
+        const QByteArray buffer = QByteArray::fromHex(QByteArray("41") + caso.bytes + "0042");
+        const TablaCodigoPagina& tabla = TablaCodigoPagina::Para(caso.pagina);
+        qint32 pos = 0;
+        EXPECT_EQ(LeerTexto(buffer, pos, tabla), "A" + caso.texto) << caso.pagina;
+        EXPECT_EQ(pos, buffer.size() - 1) << caso.pagina;
+        QByteArray escrito(buffer.size() - 1, '\xff');
+        pos = 0;
+        EscribirTexto(escrito, pos, "A" + caso.texto, tabla);
+        EXPECT_EQ(escrito.toHex(), buffer.chopped(1).toHex() + "00") << caso.pagina;
+    }
 }
 
 TEST(EscribirTexto, ElTerminadorYElByteDeReserva) {
@@ -175,7 +200,6 @@ TEST(EscribirTexto, ElTerminadorYElByteDeReserva) {
         {"adentro", "ffffffffff", 0, "AB", "414200ffff", 3},
         {"vacioAlFinal", "ff", 1, "", "ff0000", 2},
         {"terminadorUltimo", "ffffffff", 0, "ABC", "4142430000", 4},
-        {"sinCaracter", "ffff", 0, QString::fromUtf8("\u03a9"), "3f0000", 2},
         {"ansi", "ffffff", 0, QString::fromUtf8("\u00e9\u20ac"), "e9800000", 3},
     };
     for (const auto& caso : casos) {
@@ -227,8 +251,45 @@ TEST(Conversiones, FueraDelBufferYDesbordes) {
 }
 
 TEST(TablaCodigoPagina, UnNombreDesconocidoEsUnError) {
-    EXPECT_EQ(NumeroDeError([] { TablaCodigoPagina::Para("no-such-code-page"); }), 5);
+    // UTF-16 is known to the converters, but a zero-terminated text cannot be written in it.
+    for (const char* nombre : {"no-such-code-page", "UTF-16BE"}) {
+        EXPECT_EQ(NumeroDeError([&] { TablaCodigoPagina::Para(nombre); }), 5) << nombre;
+        EXPECT_FALSE(TablaCodigoPagina::Conocida(nombre)) << nombre;
+    }
     EXPECT_EQ(&TablaCodigoPagina::Para("Windows-1252"), &TablaCodigoPagina::Predeterminada());
+    EXPECT_FALSE(TablaCodigoPagina::Predeterminada().Multibyte());
+    EXPECT_TRUE(TablaCodigoPagina::Para("Shift_JIS").Multibyte());
+}
+
+// A character the page cannot hold is refused, never written as a look-alike or "?", and the
+// buffer stays as it was.
+TEST(TablaCodigoPagina, UnCaracterQueLaPaginaNoTieneSeRechaza) {
+    const struct {
+        const char* pagina;
+        QString texto;
+        const char* caracter;
+    } casos[] = {
+        {"windows-1252", QString::fromUtf8("ab\u03a9c"), "U+03A9"},
+        {"windows-1252", QString::fromUtf8("x\U0001F600"), "U+1F600"},
+        {"ISO-8859-1", QString::fromUtf8("\u20ac"), "U+20AC"},
+        {"Shift_JIS", QString::fromUtf8("\u65e5\ud55c"), "U+D55C"},
+        {"GB2312", QString::fromUtf8("\u4e2d\u3000\ud55c"), "U+D55C"},
+        {"EUC-KR", QString::fromUtf8("\u20ac"), "U+20AC"},
+    };
+    for (const auto& caso : casos) {
+        QByteArray buffer = QByteArray::fromHex("ffffffffffffffff");
+        qint32 pos = 0;
+        try {
+            EscribirTexto(buffer, pos, caso.texto, TablaCodigoPagina::Para(caso.pagina));
+            ADD_FAILURE() << caso.pagina;
+        } catch (const ErrorVB& error) {
+            EXPECT_EQ(error.Numero(), ErrorTextoNoCodificable) << caso.pagina;
+            EXPECT_TRUE(error.Descripcion().contains(caso.caracter))
+                << error.Descripcion().toStdString();
+        }
+        EXPECT_EQ(buffer.toHex(), "ffffffffffffffff") << caso.pagina;
+        EXPECT_EQ(pos, 0) << caso.pagina;
+    }
 }
 
 } // namespace

@@ -211,6 +211,36 @@ TEST_F(PandrelCli, ExportWritesEveryRecordToTheFile) {
     EXPECT_FALSE(QFile::exists(carpeta + "/x")) << "a failed export leaves no file";
 }
 
+// --encoding overrides the code page of Handheld.ini; the output is UTF-8 whatever the page.
+TEST_F(PandrelCli, EncodingNamesTheCodePage) {
+    const QString chino = QString::fromUtf8("\u4e2d\u6587");
+    clsConstructorBase base("Chino", "DATA", "Chin", "Big5");
+    base.Categorias({chino});
+    base.EsquemaAppForge("Chino", {{"Nombre", clsConstructorBase::String}});
+    base.AgregarRegistro({chino});
+    base.Guardar(Handheld() + "/Chino.pdb");
+
+    const struct {
+        QStringList Argumentos;
+        int Estado;
+        QString Salida;
+    } casos[] = {
+        {{"--encoding", "Big5", "categories", "Chino"}, 0, chino + "\n"},
+        {{"--encoding", "Big5", "records", "Chino"}, 0, "1048577\t" + chino + "\n"},
+        {{"records", "Chino"}, 0, QString::fromUtf8("1048577\t\u00a4\u00a4\u00a4\u00e5\n")},
+        {{"--encoding", "Big5", "update", "Chino", "1048577", "0", QString::fromUtf8("\u00e9")},
+         1,
+         ""},
+        {{"--encoding", "no-such-page", "creators"}, 1, ""},
+    };
+    for (const auto& caso : casos) {
+        const Resultado resultado = Ejecutar(caso.Argumentos);
+        const std::string comando = caso.Argumentos.join(' ').toStdString();
+        EXPECT_EQ(resultado.Estado, caso.Estado) << comando;
+        EXPECT_EQ(resultado.Salida, caso.Salida) << comando;
+    }
+}
+
 TEST_F(PandrelCli, InfoShowsTheHandheld) {
     const QStringList lineas = Ejecutar({"info"}).Salida.split('\n', Qt::SkipEmptyParts);
     ASSERT_EQ(lineas.size(), 15);

@@ -9,6 +9,7 @@
 #include "data/MensajesError.h"
 #include "data/clsFuenteCarpeta.h"
 #include "data/clsPalmPDB.h"
+#include "data/modFuncionesConversion.h"
 #include "data/modHandheld.h"
 #include "data/modMemoria.h"
 #include "data/modMuestra.h"
@@ -30,7 +31,7 @@
 namespace {
 
 const char* const kUso =
-    "usage: pandrel-cli [--handheld DIR] [--locale NAME] COMMAND ...\n"
+    "usage: pandrel-cli [--handheld DIR] [--locale NAME] [--encoding NAME] COMMAND ...\n"
     "commands:\n"
     "  creators [--kind appforge|other|all]\n"
     "  databases CREATOR\n"
@@ -48,6 +49,7 @@ const char* const kUso =
     "  export DB FILE [--csv] [--rfc4180]\n"
     "  batch                  commands from stdin, one per line, each followed by #end STATUS\n"
     "The handheld is a folder of .pdb/.prc files (default: the sample's working copy).\n"
+    "--encoding names the handheld's code page, over the one its Handheld.ini names.\n"
     "SEP \\t stands for the tab character.\n";
 
 // A wrong command line.
@@ -337,6 +339,7 @@ const std::map<QString, Comando>& Comandos() {
 struct LineaComandos {
     QString Handheld;
     QString Locale = QStringLiteral("en_US");
+    QString CodigoPagina;
     QString Comando;
     QStringList Argumentos;
 };
@@ -353,6 +356,8 @@ LineaComandos Analizar(QStringList xArgumentos) {
             linea.Handheld = xArgumentos.takeFirst();
         else if (opcion == QLatin1String("--locale"))
             linea.Locale = xArgumentos.takeFirst();
+        else if (opcion == QLatin1String("--encoding"))
+            linea.CodigoPagina = xArgumentos.takeFirst();
         else
             throw ErrorUso();
     }
@@ -425,7 +430,11 @@ int Ejecutar(const LineaComandos& xLinea) {
     clsConfiguracionRegional::EstablecerActual(QLocale(xLinea.Locale));
     const QString carpeta =
         xLinea.Handheld.isEmpty() ? modMuestra::CarpetaDeTrabajo() : xLinea.Handheld;
-    const auto fuente = std::make_shared<clsFuenteCarpeta>(carpeta);
+    if (!xLinea.CodigoPagina.isEmpty() &&
+        !modFuncionesConversion::TablaCodigoPagina::Conocida(xLinea.CodigoPagina))
+        throw ErrorVB(modFuncionesConversion::ErrorTextoNoCodificable, QStringLiteral("--encoding"),
+                      QStringLiteral("The code page \"%1\" is unknown.").arg(xLinea.CodigoPagina));
+    const auto fuente = std::make_shared<clsFuenteCarpeta>(carpeta, xLinea.CodigoPagina);
     modHandheld::EstablecerFuente(fuente);
     Sesion sesion{fuente, clsPalmPDB(fuente), QString(), QStringList()};
     if (xLinea.Comando == kLote)

@@ -47,10 +47,10 @@ bool EsBase(const char* xNombre) {
 
 } // namespace
 
-clsCatalogoCarpeta::clsCatalogoCarpeta(const QString& xCarpeta)
+clsCatalogoCarpeta::clsCatalogoCarpeta(const QString& xCarpeta, const QString& xCodigoPagina)
     : mCarpeta(QDir(xCarpeta).absolutePath()), mCodigoPagina(CodigoPaginaPredeterminado) {
-    const QString pedido = CodigoPaginaPedido(mCarpeta);
-    if (!pedido.isEmpty() && QStringDecoder(pedido.toLatin1().constData()).isValid())
+    const QString pedido = xCodigoPagina.isEmpty() ? CodigoPaginaPedido(mCarpeta) : xCodigoPagina;
+    if (!pedido.isEmpty() && modFuncionesConversion::TablaCodigoPagina::Conocida(pedido))
         mCodigoPagina = pedido;
     else if (!pedido.isEmpty())
         mAvisoCodigoPagina = QStringLiteral("Handheld.ini names the code page \"%1\", which is "

@@ -40,7 +40,9 @@ struct ContenidoArchivo {
 // the catalogue as they land.
 class clsCatalogoCarpeta {
 public:
-    explicit clsCatalogoCarpeta(const QString& xCarpeta);
+    // xCodigoPagina, when not empty, is the code page of the handheld's texts whatever
+    // Handheld.ini says.
+    explicit clsCatalogoCarpeta(const QString& xCarpeta, const QString& xCodigoPagina = QString());
 
     const QString& Carpeta() const { return mCarpeta; }
     // The handheld's code page: [Handheld] Encoding of Handheld.ini, windows-1252 by default.

@@ -13,7 +13,8 @@ clsCategoriasCarpeta::clsCategoriasCarpeta(QByteArrayView xAppInfo, const QStrin
     clsLectorBytes lector(xAppInfo);
     quint16 renombradas = 0;
     if (!lector.LeerU16(renombradas) || lector.Restantes() < Cantidad * LargoNombre) return;
-    QStringDecoder decodificador(xCodigoPagina.toLatin1().constData());
+    QStringDecoder decodificador(xCodigoPagina.toLatin1().constData(),
+                                 QStringDecoder::Flag::Stateless);
     for (int i = 0; i < Cantidad; ++i) {
         QByteArrayView campo;
         if (!lector.LeerBytes(LargoNombre, campo)) return;

@@ -4,8 +4,8 @@
 #include "data/clsGestorCarpeta.h"
 #include "data/clsSistemaCarpeta.h"
 
-clsFuenteCarpeta::clsFuenteCarpeta(const QString& xCarpeta)
-    : mCatalogo(std::make_shared<clsCatalogoCarpeta>(xCarpeta)) {}
+clsFuenteCarpeta::clsFuenteCarpeta(const QString& xCarpeta, const QString& xCodigoPagina)
+    : mCatalogo(std::make_shared<clsCatalogoCarpeta>(xCarpeta, xCodigoPagina)) {}
 
 std::unique_ptr<clsGestorBases> clsFuenteCarpeta::CrearGestor() {
     return std::make_unique<clsGestorCarpeta>(mCatalogo);

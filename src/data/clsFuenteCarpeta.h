@@ -16,7 +16,8 @@ class clsCatalogoCarpeta;
 // of the handheld's texts (windows-1252 by default).
 class clsFuenteCarpeta : public clsFuentePalm {
 public:
-    explicit clsFuenteCarpeta(const QString& xCarpeta);
+    // xCodigoPagina, when not empty, overrides the code page Handheld.ini names.
+    explicit clsFuenteCarpeta(const QString& xCarpeta, const QString& xCodigoPagina = QString());
 
     std::unique_ptr<clsGestorBases> CrearGestor() override;
     std::unique_ptr<clsSistemaPalm> CrearSistema() override;

@@ -627,11 +627,13 @@ qint32 clsPalmPDB::UpdateRecord(qint32 xRecordID, qint32 xNroCampo, const QStrin
         qint32 fin = pos;
         LeerTexto(mRegistroActual, fin, *mTabla);
         const qint32 terminador = fin - 1;
-        const QString nuevo = modFunciones::SinBlancos(xValor).toString();
+        // The text's length counts the bytes it takes in the handheld's code page.
+        const QByteArray nuevo = mTabla->Codificar(modFunciones::SinBlancos(xValor).toString(),
+                                                   QStringLiteral("UpdateRecord"));
         const qint32 cambio =
             PosicionEn(static_cast<qint64>(nuevo.size()) + pos - terminador, "UpdateRecord");
         DesplazarBytes(mRegistroActual, terminador, cambio);
-        EscribirTexto(mRegistroActual, pos, nuevo, *mTabla);
+        EscribirTextoCodificado(mRegistroActual, pos, nuevo);
         break;
     }
     case TipoDate:

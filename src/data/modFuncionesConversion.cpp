@@ -5,6 +5,7 @@
 
 #include <QHash>
 #include <QStringDecoder>
+#include <QStringEncoder>
 #include <cmath>
 #include <cstring>
 #include <limits>
@@ -65,20 +66,52 @@ void EscribirBytes(QByteArray& xBuffer, qint32& xPos, quint32 xValor, int xAncho
     xPos = Sumar(xPos, xAncho, xRutina);
 }
 
+// A page the handheld's texts can be in keeps the zero byte, digits and letters as ASCII has
+// them: texts are zero-terminated and the AppForge marker is compared as ASCII. That rules out
+// UTF-16 and EBCDIC pages.
+bool GuardaAscii(const char* xNombre) {
+    const QByteArray ascii = QByteArrayLiteral("0189AZaz APPFORG2");
+    QStringDecoder decodificador(xNombre, QStringDecoder::Flag::Stateless);
+    if (!decodificador.isValid()) return false;
+    return QString(decodificador(ascii)) == QLatin1String(ascii) &&
+           QString(decodificador(QByteArrayView("\0", 1))) == QString(QChar(0));
+}
+
+// True when some byte of the upper half leads a two-byte character: with a trail byte that every
+// multi-byte page accepts, the pair decodes to one character.
+bool EsMultibyte(const char* xNombre) {
+    QStringDecoder decodificador(xNombre, QStringDecoder::Flag::Stateless);
+    const char estela = '\xA1';
+    const QString sola = decodificador(QByteArrayView(&estela, 1));
+    for (int byte = 0x80; byte < 0x100; ++byte) {
+        const char par[2] = {static_cast<char>(byte), estela};
+        const QString texto = decodificador(QByteArrayView(par, 2));
+        if (texto.size() == 1 && texto != sola) return true;
+    }
+    return false;
+}
+
 } // namespace
 
 // ---- Code page tables
 // ----------------------------------------------------------------------------
 
-TablaCodigoPagina::TablaCodigoPagina(const QString& xCodigoPagina) : mBytes(65536, -1) {
-    const QByteArray nombre = xCodigoPagina.toLatin1();
-    if (!QStringDecoder(nombre.constData()).isValid())
+TablaCodigoPagina::TablaCodigoPagina(const QString& xCodigoPagina)
+    : mNombre(xCodigoPagina), mNombreLatin1(xCodigoPagina.toLatin1()) {
+    if (!GuardaAscii(mNombreLatin1.constData()))
         throw ErrorVB(5, Fuente("TablaCodigoPagina"),
                       QStringLiteral("Invalid procedure call or argument"));
+    mMultibyte = EsMultibyte(mNombreLatin1.constData());
+    mDecodificador = QStringDecoder(mNombreLatin1.constData(), QStringDecoder::Flag::Stateless);
+    mCodificador = QStringEncoder(mNombreLatin1.constData(), QStringEncoder::Flag::Stateless);
+    if (!mMultibyte) LlenarTabla();
+}
+
+void TablaCodigoPagina::LlenarTabla() {
+    mBytes.assign(65536, -1);
     for (int byte = 0; byte < 256; ++byte) {
-        QStringDecoder decodificador(nombre.constData(), QStringDecoder::Flag::Stateless);
         const char uno = static_cast<char>(byte);
-        const QString texto = decodificador(QByteArrayView(&uno, 1));
+        const QString texto = mDecodificador(QByteArrayView(&uno, 1));
         const bool definido = texto.size() == 1 && texto.front() != QChar::ReplacementCharacter &&
                               !(texto.front().unicode() == 0x1A && byte != 0x1A);
         mCaracteres[byte] = definido ? texto.front() : QChar(byte);
@@ -87,9 +120,56 @@ TablaCodigoPagina::TablaCodigoPagina(const QString& xCodigoPagina) : mBytes(6553
         mBytes[mCaracteres[byte].unicode()] = static_cast<qint16>(byte);
 }
 
-quint8 TablaCodigoPagina::Byte(QChar xCaracter) const {
-    const qint16 byte = mBytes[xCaracter.unicode()];
-    return byte < 0 ? quint8('?') : static_cast<quint8>(byte);
+QString TablaCodigoPagina::Decodificar(QByteArrayView xBytes) const {
+    if (mMultibyte) return mDecodificador(xBytes);
+    QString texto(xBytes.size(), Qt::Uninitialized);
+    QChar* destino = texto.data();
+    for (qsizetype k = 0; k < xBytes.size(); ++k)
+        destino[k] = mCaracteres[static_cast<quint8>(xBytes[k])];
+    return texto;
+}
+
+bool TablaCodigoPagina::Cabe(QStringView xTexto, QByteArray* xBytes) const {
+    if (!mMultibyte) {
+        QByteArray bytes(xTexto.size(), Qt::Uninitialized);
+        for (qsizetype k = 0; k < xTexto.size(); ++k) {
+            const qint16 byte = mBytes[xTexto[k].unicode()];
+            if (byte < 0) return false;
+            bytes[k] = static_cast<char>(byte);
+        }
+        if (xBytes) *xBytes = std::move(bytes);
+        return true;
+    }
+    mCodificador.resetState();
+    QByteArray bytes = mCodificador(xTexto);
+    // A converter may write a look-alike for a character it lacks: only a text that reads back
+    // as itself is the person's text.
+    if (mCodificador.hasError() || Decodificar(bytes) != xTexto) return false;
+    if (xBytes) *xBytes = std::move(bytes);
+    return true;
+}
+
+QByteArray TablaCodigoPagina::Codificar(const QString& xTexto, const QString& xFuente) const {
+    QByteArray bytes;
+    if (Cabe(xTexto, &bytes)) return bytes;
+    QString caracter;
+    for (qsizetype k = 0; k < xTexto.size() && caracter.isEmpty(); ++k) {
+        const qsizetype largo = xTexto[k].isHighSurrogate() && k + 1 < xTexto.size() ? 2 : 1;
+        if (!Cabe(QStringView(xTexto).mid(k, largo), nullptr)) caracter = xTexto.mid(k, largo);
+        k += largo - 1;
+    }
+    throw ErrorVB(ErrorTextoNoCodificable, xFuente,
+                  QStringLiteral("The text \"%1\" holds \"%2\" (U+%3), which the handheld's code "
+                                 "page %4 cannot hold; nothing was written.")
+                      .arg(xTexto, caracter,
+                           QString::number(caracter.isEmpty() ? 0 : caracter.toUcs4().value(0), 16)
+                               .toUpper()
+                               .rightJustified(4, QLatin1Char('0')),
+                           mNombre));
+}
+
+bool TablaCodigoPagina::Conocida(const QString& xCodigoPagina) {
+    return GuardaAscii(xCodigoPagina.toLatin1().constData());
 }
 
 const TablaCodigoPagina& TablaCodigoPagina::Para(const QString& xCodigoPagina) {
@@ -150,6 +230,11 @@ void AgregarTexto(QString& xDestino, const QByteArray& xBuffer, qint32& xPos,
     if (!cero) throw ErrorVB::SubscriptOutOfRange(Fuente("LeerTexto"));
     const auto largo = static_cast<qsizetype>(cero - inicio);
     const qint32 siguiente = Sumar(xPos, largo + 1, "LeerTexto");
+    if (xTabla.Multibyte()) {
+        xDestino += xTabla.Decodificar(QByteArrayView(inicio, largo));
+        xPos = siguiente;
+        return;
+    }
     const qsizetype antes = xDestino.size();
     xDestino.resize(antes + largo);
     QChar* destino = xDestino.data() + antes;
@@ -195,13 +280,15 @@ void EscribirFecha(QByteArray& xBuffer, qint32& xPos, const QDateTime& xFecha) {
 
 void EscribirTexto(QByteArray& xBuffer, qint32& xPos, const QString& xTexto,
                    const TablaCodigoPagina& xTabla) {
-    const auto largo = static_cast<qint32>(xTexto.size());
+    EscribirTextoCodificado(xBuffer, xPos, xTabla.Codificar(xTexto, Fuente("EscribirTexto")));
+}
+
+void EscribirTextoCodificado(QByteArray& xBuffer, qint32& xPos, QByteArrayView xBytes) {
+    const auto largo = static_cast<qint32>(xBytes.size());
     if (largo > 0) VerificarRango(xBuffer, xPos, largo, "EscribirTexto");
     const qint32 terminador = Sumar(xPos, largo, "EscribirTexto");
     if (terminador < 0) throw ErrorVB::SubscriptOutOfRange(Fuente("EscribirTexto"));
-    char* destino = xBuffer.data() + xPos;
-    for (qint32 k = 0; k < largo; ++k)
-        destino[k] = static_cast<char>(xTabla.Byte(xTexto.at(k)));
+    if (largo > 0) std::memcpy(xBuffer.data() + xPos, xBytes.data(), size_t(largo));
     // The buffer grows to reach one byte past the terminator: a spare zero at the record's end.
     const qint32 ultimo = Sumar(terminador, 1, "EscribirTexto");
     if (xBuffer.size() - 1 < ultimo) xBuffer.resize(qsizetype(ultimo) + 1, '\0');

@@ -1,9 +1,12 @@
 #pragma once
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QChar>
 #include <QDateTime>
 #include <QString>
+#include <QStringDecoder>
+#include <QStringEncoder>
 #include <QtGlobal>
 #include <vector>
 
@@ -13,24 +16,47 @@
 // move it past. An index outside the buffer raises ErrorVB 9, a position that overflows ErrorVB 6.
 namespace modFuncionesConversion {
 
-// The 256 characters of a single-byte code page and the way back. A byte the code page leaves
-// undefined reads as the character of the same number; a character it lacks is written as '?'.
+// A code page of the handheld's texts. A single-byte page is a table of its 256 characters and
+// the way back, built once: a byte the page leaves undefined reads as the character of the same
+// number. A multi-byte page (Shift_JIS, Big5, GBK, EUC-KR...) turns a lead byte and its trail
+// byte into one character through Qt's converter. Either way a text is zero-terminated and its
+// length counts bytes. A character the page cannot hold is never written: Codificar refuses it.
 class TablaCodigoPagina {
 public:
     // The table of a code page by name, built once and kept for the life of the program.
-    // Raises ErrorVB 5 when the name is not a code page.
+    // Raises ErrorVB 5 when the name is not a code page that keeps ASCII as it is.
     static const TablaCodigoPagina& Para(const QString& xCodigoPagina);
     static const TablaCodigoPagina& Predeterminada(); // windows-1252
+    // True when Para accepts the name.
+    static bool Conocida(const QString& xCodigoPagina);
 
+    const QString& Nombre() const { return mNombre; }
+    bool Multibyte() const { return mMultibyte; }
+    // Single-byte pages only.
     QChar Caracter(quint8 xByte) const { return mCaracteres[xByte]; }
-    quint8 Byte(QChar xCaracter) const;
+    QString Decodificar(QByteArrayView xBytes) const;
+    // The bytes of xTexto. Raises ErrorVB 5 (source xFuente) naming the first character the page
+    // cannot hold.
+    QByteArray Codificar(const QString& xTexto, const QString& xFuente) const;
 
 private:
     explicit TablaCodigoPagina(const QString& xCodigoPagina);
+    void LlenarTabla();
+    // True when the page holds every character of xTexto; its bytes go to xBytes when given.
+    bool Cabe(QStringView xTexto, QByteArray* xBytes) const;
 
+    QString mNombre;
+    QByteArray mNombreLatin1;
+    bool mMultibyte = false;
     QChar mCaracteres[256];
     std::vector<qint16> mBytes; // by UTF-16 code unit; -1 where the code page has no byte
+    // Made once: a converter is dear to make. Stateless, so each text stands alone.
+    mutable QStringDecoder mDecodificador;
+    mutable QStringEncoder mCodificador;
 };
+
+// Number of the error raised for a text the code page cannot hold.
+constexpr qint32 ErrorTextoNoCodificable = 5;
 
 float LeerSingle(const QByteArray& xBuffer, qint32& xPos);
 // The two bytes are gathered skipping zero bytes, so 05 00 reads as 5, as the data on handhelds
@@ -48,8 +74,11 @@ void EscribirLong(QByteArray& xBuffer, qint32& xPos, qint32 xValor);
 void EscribirInt(QByteArray& xBuffer, qint32& xPos, qint16 xValor);
 void EscribirFecha(QByteArray& xBuffer, qint32& xPos, const QDateTime& xFecha);
 // Grows the buffer when the text reaches its end, leaving one spare zero byte after the
-// terminator.
+// terminator. Raises ErrorTextoNoCodificable, leaving the buffer as it was, when the code page
+// cannot hold the text.
 void EscribirTexto(QByteArray& xBuffer, qint32& xPos, const QString& xTexto,
                    const TablaCodigoPagina& xTabla = TablaCodigoPagina::Predeterminada());
+// The same with the text's bytes already in the code page.
+void EscribirTextoCodificado(QByteArray& xBuffer, qint32& xPos, QByteArrayView xBytes);
 
 } // namespace modFuncionesConversion

@@ -41,8 +41,9 @@ int AnchoMinimo(clsConstructorBase::TipoCampo xTipo) {
 } // namespace
 
 clsConstructorBase::clsConstructorBase(const QString& xNombre, const QString& xTipo,
-                                       const QString& xCreador) {
-    mArchivo.Nombre = Texto(xNombre);
+                                       const QString& xCreador, const QString& xCodigoPagina)
+    : mCodigoPagina(xCodigoPagina) {
+    mArchivo.Nombre = Texto(xNombre, mCodigoPagina);
     mArchivo.Tipo = Codigo(xTipo);
     mArchivo.Creador = Codigo(xCreador);
     mArchivo.Version = 1;
@@ -71,7 +72,8 @@ QByteArray clsConstructorBase::BloqueCategorias() const {
     QByteArray bloque;
     AgregarU16(bloque, 0);
     for (int i = 0; i < 16; ++i) {
-        QByteArray nombre = i < mCategorias.size() ? Texto(mCategorias[i]).left(15) : QByteArray();
+        QByteArray nombre =
+            i < mCategorias.size() ? Texto(mCategorias[i], mCodigoPagina).left(15) : QByteArray();
         nombre.append(QByteArray(16 - nombre.size(), '\0'));
         bloque.append(nombre);
     }
@@ -94,14 +96,14 @@ void clsConstructorBase::EsquemaAppForge(const QString& xTabla, const QVector<Ca
     const int inicioPalabras = bloque.size();
     bloque.append(QByteArray(12, '\0'));
 
-    QByteArray nombres = Texto(xTabla).append('\0');
+    QByteArray nombres = Texto(xTabla, mCodigoPagina).append('\0');
     QByteArray descriptores;
     int longitudMinima = 0;
     for (const Campo& campo : xCampos) {
         AgregarU16(descriptores, quint16(nombres.size()));
         AgregarU16(descriptores, campo.Tipo);
         AgregarU16(descriptores, 0);
-        nombres.append(Texto(campo.Nombre)).append('\0');
+        nombres.append(Texto(campo.Nombre, mCodigoPagina)).append('\0');
         longitudMinima += AnchoMinimo(campo.Tipo);
     }
     bloque.append(descriptores).append(nombres);
@@ -138,7 +140,7 @@ QByteArray clsConstructorBase::CodificarRegistro(const QVariantList& xValores) c
             break;
         }
         case String:
-            bytes.append(Texto(valor.toString())).append('\0');
+            bytes.append(Texto(valor.toString(), mCodigoPagina)).append('\0');
             break;
         case Boolean:
             bytes.append(char(valor.toBool() ? 1 : 0));
@@ -189,8 +191,8 @@ quint32 clsConstructorBase::SegundosPalm(const QDateTime& xFecha) {
     return quint32(kEpocaPalm.secsTo(xFecha));
 }
 
-QByteArray clsConstructorBase::Texto(const QString& xTexto) {
-    QStringEncoder codificador("windows-1252");
+QByteArray clsConstructorBase::Texto(const QString& xTexto, const QString& xCodigoPagina) {
+    QStringEncoder codificador(xCodigoPagina.toLatin1().constData());
     if (!codificador.isValid()) return xTexto.toLatin1();
     return codificador.encode(xTexto);
 }

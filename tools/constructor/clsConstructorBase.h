@@ -27,7 +27,9 @@ public:
         TipoCampo Tipo;
     };
 
-    clsConstructorBase(const QString& xNombre, const QString& xTipo, const QString& xCreador);
+    // Texts (name, categories, schema, String values) are written in xCodigoPagina.
+    clsConstructorBase(const QString& xNombre, const QString& xTipo, const QString& xCreador,
+                       const QString& xCodigoPagina = QStringLiteral("windows-1252"));
 
     void Fechas(const QDateTime& xCreacion, const QDateTime& xModificacion,
                 const QDateTime& xBackup);
@@ -50,13 +52,15 @@ public:
 
     static quint32 Codigo(const QString& xCuatroLetras);
     static quint32 SegundosPalm(const QDateTime& xFecha);
-    static QByteArray Texto(const QString& xTexto);
+    static QByteArray Texto(const QString& xTexto,
+                            const QString& xCodigoPagina = QStringLiteral("windows-1252"));
 
 private:
     QByteArray BloqueCategorias() const;
     QByteArray CodificarRegistro(const QVariantList& xValores) const;
 
     clsArchivoPDB mArchivo;
+    QString mCodigoPagina;
     QStringList mCategorias;
     QVector<Campo> mCampos;
     quint32 mSiguienteID = 0x100001;
