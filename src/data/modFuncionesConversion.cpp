@@ -168,6 +168,11 @@ QByteArray TablaCodigoPagina::Codificar(const QString& xTexto, const QString& xF
                            mNombre));
 }
 
+QByteArray TablaCodigoPagina::CodificarSustituyendo(QStringView xTexto) const {
+    mCodificador.resetState();
+    return mCodificador(xTexto);
+}
+
 bool TablaCodigoPagina::Conocida(const QString& xCodigoPagina) {
     return GuardaAscii(xCodigoPagina.toLatin1().constData());
 }

@@ -38,6 +38,14 @@ public:
     // The bytes of xTexto. Raises ErrorVB 5 (source xFuente) naming the first character the page
     // cannot hold.
     QByteArray Codificar(const QString& xTexto, const QString& xFuente) const;
+    // For files other programs read (exports): a character the page cannot hold becomes the
+    // page's substitute. Byte is the same for one character of a single-byte page ('?').
+    QByteArray CodificarSustituyendo(QStringView xTexto) const;
+    quint8 Byte(QChar xCaracter) const {
+        const qint16 byte = mMultibyte ? -1 : mBytes[xCaracter.unicode()];
+        return byte < 0 ? quint8(xCaracter.unicode() < 128 ? xCaracter.unicode() : '?')
+                        : quint8(byte);
+    }
 
 private:
     explicit TablaCodigoPagina(const QString& xCodigoPagina);

@@ -6,6 +6,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <cstring>
 #include <utility>
 
 namespace modExportacion {
@@ -131,6 +132,10 @@ void clsArchivoExportacion::Celda(QStringView xTexto, bool xComillas, bool xPunt
 // The text in the handheld's code page, each character one byte.
 void clsArchivoExportacion::Agregar(QStringView xTexto, bool xPuntoDecimal,
                                     bool xDuplicarComillas) {
+    if (mTabla.Multibyte()) {
+        AgregarMultibyte(xTexto, xPuntoDecimal, xDuplicarComillas);
+        return;
+    }
     char* const inicio = Espacio(2 * xTexto.size());
     char* destino = inicio;
     for (const QChar c : xTexto) {
@@ -143,6 +148,20 @@ void clsArchivoExportacion::Agregar(QStringView xTexto, bool xPuntoDecimal,
         *destino++ = u < 128 ? mAscii[u] : char(mTabla.Byte(c));
     }
     mUsado += destino - inicio;
+}
+
+// The same in a page where a character may take two bytes: through the page's converter.
+void clsArchivoExportacion::AgregarMultibyte(QStringView xTexto, bool xPuntoDecimal,
+                                             bool xDuplicarComillas) {
+    QString texto;
+    texto.reserve(xTexto.size());
+    for (const QChar c : xTexto) {
+        if (xDuplicarComillas && c == u'"') texto += c;
+        texto += xPuntoDecimal && c == u',' ? QChar(u'.') : c;
+    }
+    const QByteArray bytes = mTabla.CodificarSustituyendo(texto);
+    std::memcpy(Espacio(bytes.size()), bytes.constData(), size_t(bytes.size()));
+    mUsado += bytes.size();
 }
 
 // Room for xBytes more bytes; a full block goes to the file first.

@@ -72,6 +72,7 @@ private:
     void Linea(const std::vector<QStringView>& xCeldas, bool xEncabezado);
     void Celda(QStringView xTexto, bool xComillas, bool xPuntoDecimal, bool xDuplicarComillas);
     void Agregar(QStringView xTexto, bool xPuntoDecimal, bool xDuplicarComillas);
+    void AgregarMultibyte(QStringView xTexto, bool xPuntoDecimal, bool xDuplicarComillas);
     char* Espacio(qsizetype xBytes);
     void Poner(char xByte);
     void Volcar();
