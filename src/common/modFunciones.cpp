@@ -168,4 +168,19 @@ QString MultiLinea(const QString& xTexto, double xAncho, int xSangria,
     }
 }
 
+double Val(const QString& xTexto) {
+    const QString texto = xTexto.trimmed();
+    qsizetype fin = 0;
+    if (fin < texto.size() && (texto[fin] == QLatin1Char('-') || texto[fin] == QLatin1Char('+')))
+        ++fin;
+    while (fin < texto.size() && texto[fin].isDigit())
+        ++fin;
+    if (fin < texto.size() && texto[fin] == QLatin1Char('.'))
+        for (++fin; fin < texto.size() && texto[fin].isDigit();)
+            ++fin;
+    bool ok = false;
+    const double valor = texto.left(fin).toDouble(&ok);
+    return ok ? valor : 0.0;
+}
+
 } // namespace modFunciones

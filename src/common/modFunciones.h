@@ -16,6 +16,9 @@ void OrdenarVector(QStringList& lista, int sentido);
 // The text without the blanks at both ends, the blanks being the characters of xBlancos.
 QStringView SinBlancos(QStringView xTexto, QStringView xBlancos = u" ");
 
+// The number at the start of a text, blanks before it skipped: "4" gives 4, " -4.5x" -4.5, "x" 0.
+double Val(const QString& xTexto);
+
 // Creates the folder and every missing folder above it; raises ErrorVB when it cannot.
 void CrearCarpeta(const QString& xCarpeta);
 

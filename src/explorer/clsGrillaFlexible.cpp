@@ -173,6 +173,14 @@ void clsGrillaFlexible::AddItems(const QStringList& xTextos, const QVector<qint3
     endInsertRows();
 }
 
+void clsGrillaFlexible::RemoveItem(qint32 xFila) {
+    ValidarFila(xFila);
+    if (xFila < mFilasFijas) throw ErrorVB::SubscriptOutOfRange(kFuente);
+    beginRemoveRows(QModelIndex(), xFila, xFila);
+    mFilas.removeAt(xFila);
+    endRemoveRows();
+}
+
 double clsGrillaFlexible::ValorNumerico(const QString& xTexto) const {
     bool ok = false;
     const QString texto = xTexto.trimmed();

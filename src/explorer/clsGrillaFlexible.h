@@ -67,6 +67,8 @@ public:
     qint32 AddItem(const QString& xTexto);
     // Appends many rows at once, each with its data word: what loading a large database uses.
     void AddItems(const QStringList& xTextos, const QVector<qint32>& xDatos);
+    // Removes one row; the fixed rows stay fixed, so a fixed row cannot be removed.
+    void RemoveItem(qint32 xFila);
     // Orders the scrolling rows (the fixed ones stay on top) on one column.
     void Sort(qint32 xModo, qint32 xColumna);
 
