@@ -1,0 +1,91 @@
+#include "constructor/clsConstructorAvi.h"
+#include "explorer/clsClipAvi.h"
+
+#include <QtEndian>
+#include <gtest/gtest.h>
+
+namespace {
+
+// Two frames of 5 x 3 (an odd width, so uncompressed rows carry padding): a gradient, and the
+// same with one row changed, so a row read upside down or a frame reused is caught.
+QVector<QByteArray> Cuadros() {
+    QByteArray primero(15, '\0');
+    for (int i = 0; i < 15; ++i)
+        primero[i] = static_cast<char>(i % 4);
+    QByteArray segundo = primero;
+    for (int x = 0; x < 5; ++x)
+        segundo[x] = 3;
+    return {primero, segundo};
+}
+
+QByteArray Clip(bool xRle8) {
+    clsConstructorAvi clip(5, 3, 50, {0x000000, 0xff0000, 0x00ff00, 0x0000ff});
+    for (const QByteArray& cuadro : Cuadros())
+        clip.AgregarCuadro(cuadro);
+    return clip.Escribir(xRle8);
+}
+
+TEST(clsClipAvi, ReadsBackWhatWasWritten) {
+    for (const bool rle8 : {true, false}) {
+        clsClipAvi clip;
+        ASSERT_TRUE(clip.Leer(Clip(rle8))) << clip.Error().toStdString();
+        EXPECT_EQ(clip.Ancho(), 5);
+        EXPECT_EQ(clip.Alto(), 3);
+        EXPECT_EQ(clip.MicrosegundosPorCuadro(), 50000);
+        EXPECT_EQ(clip.Paleta().at(1), 0xffff0000u);
+        EXPECT_EQ(clip.Paleta().at(3), 0xff0000ffu);
+        EXPECT_EQ(clip.Cuadros(), Cuadros()) << rle8;
+    }
+}
+
+// An RLE8 frame that skips pixels keeps those of the frame before it.
+TEST(clsClipAvi, AnRle8SkipKeepsThePreviousPixels) {
+    clsConstructorAvi constructor(5, 3, 50, {0, 0xffffff});
+    constructor.AgregarCuadro(Cuadros().at(0));
+    QByteArray avi = constructor.Escribir(true);
+    // A second frame: skip to the top row (the last stored), paint two pixels of index 1, end.
+    const QByteArray delta("\x00\x02\x01\x02\x02\x01\x00\x01", 8);
+    const qsizetype movi = avi.indexOf("movi");
+    QByteArray trozo("00dc", 4);
+    trozo.append("\x08\0\0\0", 4);
+    trozo += delta;
+    avi.insert(avi.indexOf("idx1"), trozo);
+    qToLittleEndian<quint32>(avi.size() - 8, avi.data() + 4);
+    const qsizetype lista = movi - 8;
+    qToLittleEndian<quint32>(qFromLittleEndian<quint32>(avi.constData() + lista + 4) + 16,
+                             avi.data() + lista + 4);
+    clsClipAvi clip;
+    ASSERT_TRUE(clip.Leer(avi)) << clip.Error().toStdString();
+    ASSERT_EQ(clip.Cuadros().size(), 2);
+    QByteArray esperado = Cuadros().at(0);
+    esperado[1] = esperado[2] = 1;
+    EXPECT_EQ(clip.Cuadros().at(1), esperado);
+}
+
+TEST(clsClipAvi, RefusesWhatIsNotSuchAClip) {
+    const QByteArray bueno = Clip(true);
+    QByteArray veinticuatro = bueno;
+    veinticuatro[veinticuatro.indexOf("strf") + 8 + 14] = 24;
+    QByteArray fuera = bueno;
+    fuera[fuera.indexOf("00dc") + 8] = static_cast<char>(200); // a run past the row
+    const struct {
+        const char* Nombre;
+        QByteArray Datos;
+    } casos[] = {
+        {"empty", QByteArray()},
+        {"not RIFF", QByteArray("RIFX") + bueno.mid(4)},
+        {"cut short", bueno.left(bueno.size() / 2)},
+        {"24-bit frames", veinticuatro},
+        {"a run past the picture", fuera},
+    };
+    for (const auto& c : casos) {
+        clsClipAvi clip;
+        EXPECT_FALSE(clip.Leer(c.Datos)) << c.Nombre;
+        EXPECT_FALSE(clip.Error().isEmpty()) << c.Nombre;
+        EXPECT_TRUE(clip.Cuadros().isEmpty()) << c.Nombre;
+    }
+    clsClipAvi clip;
+    EXPECT_FALSE(clip.Abrir("/nonexistent/Search.avi"));
+}
+
+} // namespace
