@@ -7,6 +7,7 @@
 #include "device/clsPalmInformation.h"
 #include "errors/MostrarMensajeError.h"
 #include "explorer/clsFuenteConProgreso.h"
+#include "explorer/clsNavegadorRegistros.h"
 #include "explorer/clsVistaGrilla.h"
 #include "shell/modDialogos.h"
 #include "shell/modRecursosGraficos.h"
@@ -122,7 +123,8 @@ void frmPandrel::CrearControles() {
             [this](QTreeWidgetItem* xNodo) { tvwDataBases_NodeClick(xNodo); });
     connect(tvwDataBases, &QTreeWidget::currentItemChanged, this,
             [this](QTreeWidgetItem* xNodo) { tvwDataBases_CurrentChange(xNodo); });
-    tvwDataBases->installEventFilter(this);
+    for (QWidget* control : findChildren<QWidget*>())
+        control->installEventFilter(this);
     connect(cmbTiposDB, qOverload<int>(&QComboBox::currentIndexChanged), this,
             &frmPandrel::cmbTiposDB_Click);
 }
@@ -243,7 +245,6 @@ void frmPandrel::Form_Load() {
     QWidget* ventana = parentWidget() ? parentWidget() : this;
     ventana->resize(grdCampos->TwipsAPixeles(kAnchoVentana),
                     grdCampos->TwipsAPixeles(kAltoVentana));
-    mColumnaOrden = -1;
     try {
         std::shared_ptr<clsFuentePalm> fuente = modHandheld::FuenteActual();
         if (!fuente)
@@ -294,21 +295,6 @@ bool frmPandrel::MostrarMemoria() {
                             QMessageBox::NoIcon, windowTitle());
     }
     return false;
-}
-
-double frmPandrel::Val(const QString& xTexto) {
-    const QString texto = xTexto.trimmed();
-    qsizetype fin = 0;
-    if (fin < texto.size() && (texto[fin] == QLatin1Char('-') || texto[fin] == QLatin1Char('+')))
-        ++fin;
-    while (fin < texto.size() && texto[fin].isDigit())
-        ++fin;
-    if (fin < texto.size() && texto[fin] == QLatin1Char('.'))
-        for (++fin; fin < texto.size() && texto[fin].isDigit();)
-            ++fin;
-    bool ok = false;
-    const double valor = texto.left(fin).toDouble(&ok);
-    return ok ? valor : 0.0;
 }
 
 bool frmPandrel::Atrapar(const QString& xProcedimiento, const std::function<void()>& xTrabajo) {

@@ -7,7 +7,10 @@
 #include <functional>
 #include <memory>
 
+class clsNavegadorRegistros;
 class clsPDBInterface;
+class QAction;
+class QModelIndex;
 class clsVistaGrilla;
 class QCheckBox;
 class QComboBox;
@@ -28,7 +31,9 @@ class QTreeWidgetItem;
 //
 // The class is written in units by concern: frmPandrel.cpp (the window, its controls, start-up
 // and memory panels), frmPandrelArbol.cpp (the tree and the node choice), frmPandrelPaneles.cpp
-// (the information, schema and application panels) and frmPandrelRegistros.cpp (the records).
+// (the information, schema and application panels), frmPandrelRegistros.cpp (the records grid and
+// the record panel) and frmPandrelEdicion.cpp (the record toolbar and keys). The records' rules
+// live in clsNavegadorRegistros.
 class frmPandrel : public QWidget {
     Q_OBJECT
 public:
@@ -44,6 +49,9 @@ public:
     void Form_Load();
 
     bool Ocupado() const { return mOcupado; }
+    // The browser over the records grid: export and print load every record through it.
+    clsNavegadorRegistros& Navegador() const { return *mNavegador; }
+    clsPDBInterface* Base() const { return mBase.get(); }
 
 signals:
     // For the frame's message panel.
@@ -84,8 +92,6 @@ private:
     void TerminarTrabajoLargo();
     void DejarPintar();
     void InformarProgreso(int xHechos, int xTotal);
-    // The numeric value at the start of a text ("4" gives 4, "4x" 4, "x" 0).
-    static double Val(const QString& xTexto);
 
     // frmPandrelArbol.cpp
     // The entries of a catalogue list, each of which ends in a tab; text after the last tab is
@@ -117,12 +123,30 @@ private:
     void CargarFormatoTabla();
     void CargarCategorias();
     void CargarTabla(bool xReiniciar, qint16 xCantidad);
-    void LeerRegistros(bool& xReiniciar, qint16 xCantidad);
-    void AplicarReglaFijas();
     void CargarInformacionRegistro();
+    void GuardarAtributos();
     void grdTabla_RowColChange();
+    void grdTabla_Click(const QModelIndex& xCelda);
+    void OrdenarPorColumnaActual();
     void RefrescarRegistro();
+    void cmbRecuperarSiguientes_Click();
+    void RecargarRegistros();
     qint16 CantidadARecuperar() const;
+    QString NombreBaseElegida() const;
+
+    // frmPandrelEdicion.cpp
+    void tlbOpciones_ButtonClick(QAction* xBoton);
+    // Looks the button up by key and runs the toolbar click with it; a key the toolbar does not
+    // have takes no action.
+    void PresionarBoton(const QString& xClave);
+    // The keys the window sees before its controls; returns whether the key was taken.
+    bool Form_KeyDown(QObject* xControl, int xTecla);
+    void EditarCelda();
+    void AgregarRegistro();
+    void EliminarRegistro();
+    void EliminarTodos();
+    void BuscarRegistro();
+    void RecargarBaseElegida();
 
     std::unique_ptr<clsPDBInterface> mBase;
     bool mOcupado = false;          // loading or processing a node choice
@@ -133,10 +157,7 @@ private:
     bool mMostrandoCatalogo = false;
     bool mTeclaEnArbol = false;
     QElapsedTimer mUltimoPintado;
-    qint16 mColumnaOrden = -1;
-    qint32 mModoOrden = 100;
-    QString mNombreUltimaBase;
-    qint32 mCantidadRegistros = 0;
+    std::unique_ptr<clsNavegadorRegistros> mNavegador;
     qint32 mTotalRegistros = 0;
     float mTotalTamanio = 0;
 

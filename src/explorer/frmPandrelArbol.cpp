@@ -2,8 +2,11 @@
 // choosing a node does.
 #include "explorer/frmPandrel.h"
 
+#include "common/modFunciones.h"
+
 #include "common/ErrorVB.h"
 #include "data/clsPDBInterface.h"
+#include "explorer/clsNavegadorRegistros.h"
 #include "explorer/clsVistaGrilla.h"
 #include "shell/frmMensajeConstruccion.h"
 #include "shell/modDialogos.h"
@@ -12,6 +15,7 @@
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QScopedValueRollback>
 #include <QTreeWidget>
 
@@ -95,7 +99,8 @@ void frmPandrel::CargarBases(QTreeWidgetItem* xNodo) {
         for (const QString& entrada : EntradasLista(lista)) {
             const qsizetype estrella = entrada.indexOf(QLatin1Char('*'));
             const QString nombre = estrella < 0 ? entrada : entrada.left(estrella);
-            const int imagen = estrella < 0 ? 0 : static_cast<int>(Val(entrada.mid(estrella + 1)));
+            const int imagen =
+                estrella < 0 ? 0 : static_cast<int>(modFunciones::Val(entrada.mid(estrella + 1)));
             AgregarNodo(xNodo, nombre + Clave(xNodo), nombre, imagen);
         }
     });
@@ -107,6 +112,8 @@ void frmPandrel::cmbTiposDB_Click() {
 }
 
 // A key that moves the tree's current node chooses that node, as a click does.
+// The window sees keys before its controls: the record keys act through the toolbar, and the
+// batch size box drops characters that are not part of a number.
 bool frmPandrel::eventFilter(QObject* xObjeto, QEvent* xEvento) {
     if (xObjeto == tvwDataBases) {
         if (xEvento->type() == QEvent::KeyPress)
@@ -114,6 +121,12 @@ bool frmPandrel::eventFilter(QObject* xObjeto, QEvent* xEvento) {
         else if (xEvento->type() == QEvent::KeyRelease || xEvento->type() == QEvent::FocusOut)
             mTeclaEnArbol = false;
     }
+    if (xEvento->type() != QEvent::KeyPress) return QWidget::eventFilter(xObjeto, xEvento);
+    const auto* tecla = static_cast<QKeyEvent*>(xEvento);
+    if (Form_KeyDown(xObjeto, tecla->key())) return true;
+    if (xObjeto == txtRegistrosARecuperar && !tecla->text().isEmpty() &&
+        !clsNavegadorRegistros::CaracterCantidadAceptado(tecla->text().at(0)))
+        return true;
     return QWidget::eventFilter(xObjeto, xEvento);
 }
 

@@ -1,5 +1,6 @@
 // The explorer's panels for the chosen database: the header facts, the schema grid, and for an
 // application the databases of its creator with their totals.
+#include "explorer/clsNavegadorRegistros.h"
 #include "explorer/frmPandrel.h"
 
 #include "common/ErrorVB.h"
@@ -44,11 +45,11 @@ constexpr qint32 kColumnasRecursoVisibles = 8;
 void frmPandrel::CargarInformacionBase() {
     mPaneles->setCurrentWidget(mBase->IsDataBase() ? fraDataBase : fraRecursos);
 
-    mCantidadRegistros = mBase->NumRecords();
-    lblCantidadRegistros->setText(
-        QStringLiteral("Record ") +
-        (mCantidadRegistros > 0 ? QStringLiteral("1") : QStringLiteral("0")) +
-        QStringLiteral("/ ") + QString::number(mCantidadRegistros));
+    const qint32 cantidad = mBase->NumRecords();
+    mNavegador->EstablecerCantidadRegistros(cantidad);
+    lblCantidadRegistros->setText(QStringLiteral("Record ") +
+                                  (cantidad > 0 ? QStringLiteral("1") : QStringLiteral("0")) +
+                                  QStringLiteral("/ ") + QString::number(cantidad));
 
     const clsConfiguracionRegional& regional = clsConfiguracionRegional::Actual();
     lblVersion->setText(modTextosPanel::TextoVersion(mBase->DBVersion(), regional));

@@ -3,9 +3,12 @@
 #include "explorer/frmPandrel.h"
 
 #include "common/ErrorVB.h"
+#include "common/modFunciones.h"
 #include "data/clsPDBInterface.h"
 #include "explorer/clsGrillaFlexible.h"
+#include "explorer/clsNavegadorRegistros.h"
 #include "explorer/clsVistaGrilla.h"
+#include "shell/modDialogos.h"
 #include "shell/modRecursosGraficos.h"
 
 #include <QCheckBox>
@@ -13,10 +16,12 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScopedValueRollback>
+#include <QSignalBlocker>
 #include <QToolBar>
 #include <QToolButton>
 #include <QTreeWidget>
@@ -25,18 +30,9 @@
 #include <limits>
 
 namespace {
-const QString kSeparador = QStringLiteral("\t");
-
-// Rows reach the grid in batches of this many, so a whole database loads in a blink.
-constexpr int kLote = 1000;
-
 // The batch size box runs from -1 (all records) to 1000.
 constexpr int kCantidadMinima = -1;
 constexpr int kCantidadMaxima = 1000;
-
-// Width of a field column, in twips.
-constexpr qint32 kAnchoCampo = 1000;
-constexpr qint32 kAnchoTexto = 2000;
 } // namespace
 
 QWidget* frmPandrel::CrearPanelRegistros() {
@@ -59,7 +55,9 @@ QWidget* frmPandrel::CrearPanelRegistros() {
     for (const auto& [clave, texto] : botones) {
         QAction* boton = tlbOpciones->addAction(modRecursosGraficos::IconoBoton(clave), texto);
         boton->setObjectName(clave);
+        boton->setData(clave);
     }
+    connect(tlbOpciones, &QToolBar::actionTriggered, this, &frmPandrel::tlbOpciones_ButtonClick);
 
     auto* Picture1 = new QWidget(fraGrilla);
     Picture1->setObjectName(QStringLiteral("Picture1"));
@@ -78,11 +76,24 @@ QWidget* frmPandrel::CrearPanelRegistros() {
 
     grdTabla = new clsVistaGrilla(fraGrilla);
     grdTabla->setObjectName(QStringLiteral("grdTabla"));
+    mNavegador = std::make_unique<clsNavegadorRegistros>(grdTabla->Grilla());
     connect(grdTabla->selectionModel(), &QItemSelectionModel::currentChanged, this,
             &frmPandrel::grdTabla_RowColChange);
+    connect(grdTabla, &QAbstractItemView::doubleClicked, this, [this] { EditarCelda(); });
+    connect(grdTabla, &QAbstractItemView::clicked, this, &frmPandrel::grdTabla_Click);
+    // The header row shows as the grid's heading: a click on it is a click on row 0.
+    connect(grdTabla->horizontalHeader(), &QHeaderView::sectionClicked, this, [this](int xColumna) {
+        grdTabla->SetCol(xColumna);
+        OrdenarPorColumnaActual();
+    });
 
     cmbRecuperarSiguientes = new QPushButton(QStringLiteral("Retrieve next Records"), fraGrilla);
     cmbRecuperarSiguientes->setObjectName(QStringLiteral("cmbRecuperarSiguientes"));
+    connect(cmbRecuperarSiguientes, &QPushButton::clicked, this,
+            &frmPandrel::cmbRecuperarSiguientes_Click);
+    connect(chkSoloModificados, &QCheckBox::toggled, this, &frmPandrel::RecargarRegistros);
+    connect(cmbCategorias, qOverload<int>(&QComboBox::currentIndexChanged), this,
+            &frmPandrel::RecargarRegistros);
 
     auto* filtros = new QHBoxLayout;
     filtros->addWidget(Picture1);
@@ -149,6 +160,9 @@ QWidget* frmPandrel::CrearPanelInformacionRegistro() {
         *c.Destino = new QCheckBox(c.Texto, fraAtributosRegistro);
         (*c.Destino)->setObjectName(c.Nombre);
         rejillaAtributos->addWidget(*c.Destino, casilla / 2, casilla % 2);
+        connect(*c.Destino, &QCheckBox::clicked, this, [this] {
+            if (!mCargando) GuardarAtributos();
+        });
         ++casilla;
     }
 
@@ -170,7 +184,8 @@ QWidget* frmPandrel::CrearSelectorCantidad() {
         flecha->setFixedSize(18, 11);
         flecha->setAutoRepeat(true);
         connect(flecha, &QToolButton::clicked, this, [this, paso] {
-            const int valor = static_cast<int>(Val(txtRegistrosARecuperar->text())) + paso;
+            const int valor =
+                static_cast<int>(modFunciones::Val(txtRegistrosARecuperar->text())) + paso;
             txtRegistrosARecuperar->setText(
                 QString::number(std::clamp(valor, kCantidadMinima, kCantidadMaxima)));
         });
@@ -180,57 +195,28 @@ QWidget* frmPandrel::CrearSelectorCantidad() {
 }
 
 qint16 frmPandrel::CantidadARecuperar() const {
-    const double valor = std::nearbyint(Val(txtRegistrosARecuperar->text()));
+    const double valor = std::nearbyint(modFunciones::Val(txtRegistrosARecuperar->text()));
     if (valor < std::numeric_limits<qint16>::min() || valor > std::numeric_limits<qint16>::max())
         throw ErrorVB::Overflow(QStringLiteral("frmPandrel"));
     return static_cast<qint16>(valor);
 }
 
-// While the grid holds records it has one fixed row and no fixed column; with the header alone,
-// no fixed row and every field column fixed, so the header still shows in the fixed colour.
-void frmPandrel::AplicarReglaFijas() {
-    clsGrillaFlexible& tabla = grdTabla->Grilla();
-    if (tabla.Rows() > 1) {
-        tabla.SetFixedCols(0);
-        tabla.SetFixedRows(1);
-    } else {
-        tabla.SetFixedRows(0);
-        tabla.SetFixedCols(std::max(0, tabla.Cols() - 1));
-    }
+QString frmPandrel::NombreBaseElegida() const {
+    QTreeWidgetItem* elegido = tvwDataBases->currentItem();
+    return elegido ? elegido->text(0) : QString();
 }
 
 void frmPandrel::CargarFormatoTabla() {
     Atrapar(QStringLiteral("CargarFormatoTabla"), [this] {
         QScopedValueRollback<bool> llenando(mLlenandoGrilla, true);
-        clsGrillaFlexible& tabla = grdTabla->Grilla();
-        clsGrillaFlexible& campos = grdCampos->Grilla();
-        tabla.SetRows(0);
-        campos.SetRows(1);
-        const qint16 cantidad = mBase->NumFields();
-        tabla.SetCols(cantidad + 1);
-        tabla.AddItem(mBase->FieldsTitles(kSeparador));
-        tabla.SetColWidth(cantidad, 0);
-        for (qint32 i = 0; i < cantidad; ++i) {
-            const QString tipo = mBase->FieldType(i);
-            const qint32 alineacion = mBase->FieldAlignment(i);
-            tabla.SetColWidth(i, alineacion == 1 && tipo == QStringLiteral("String") ? kAnchoTexto
-                                                                                     : kAnchoCampo);
-            if (alineacion == 0)
-                tabla.SetColAlignment(i, clsGrillaFlexible::DerechaArriba);
-            else if (alineacion == 1)
-                tabla.SetColAlignment(i, clsGrillaFlexible::IzquierdaCentro);
-            else if (alineacion == 2)
-                tabla.SetColAlignment(i, clsGrillaFlexible::CentroCentro);
-            campos.AddItem(tabla.TextMatrix(0, i) + kSeparador + tipo);
-        }
-        AplicarReglaFijas();
-        campos.SetFixedCols(0);
-        if (campos.Rows() > 1) campos.SetFixedRows(1);
+        mNavegador->EstablecerBase(mBase.get());
+        mNavegador->CargarFormatoTabla(grdCampos->Grilla());
     });
 }
 
 void frmPandrel::CargarCategorias() {
     Atrapar(QStringLiteral("CargarCategorias"), [this] {
+        QSignalBlocker bloqueo(cmbCategorias);
         cmbCategorias->clear();
         cmbCategorias->addItem(QStringLiteral("All"), -1);
         const qint32 cantidad = mBase->CategoriesCount();
@@ -244,71 +230,68 @@ void frmPandrel::CargarCategorias() {
 
 void frmPandrel::CargarTabla(bool xReiniciar, qint16 xCantidad) {
     Atrapar(QStringLiteral("CargarTabla"), [this, xReiniciar, xCantidad] {
-        clsGrillaFlexible& tabla = grdTabla->Grilla();
+        const clsGrillaFlexible& tabla = grdTabla->Grilla();
         {
             QScopedValueRollback<bool> llenando(mLlenandoGrilla, true);
-            if (xReiniciar) {
-                tabla.SetRows(1);
-                AplicarReglaFijas();
-            }
             // The chosen category shows as the total after "/ "; the reading takes every
             // category.
             if (cmbCategorias->currentIndex() > 0)
-                mCantidadRegistros = cmbCategorias->currentData().toInt();
-
-            bool reiniciar = xReiniciar;
-            LeerRegistros(reiniciar, xCantidad);
-
+                mNavegador->EstablecerCantidadRegistros(cmbCategorias->currentData().toInt());
+            const auto progreso = [this](qint32 xLeidos, qint32 xTotal) {
+                InformarProgreso(xLeidos, xTotal);
+            };
+            try {
+                mNavegador->CargarTabla(xReiniciar, xCantidad, chkSoloModificados->isChecked(),
+                                        progreso);
+            } catch (...) {
+                lblTotalRecuperado->setText(QString::number(tabla.Rows() - 1));
+                throw;
+            }
             if (tabla.Rows() > 1) grdTabla->SetRow(1);
             lblTotalRecuperado->setText(QString::number(tabla.Rows() - 1));
         }
         RefrescarRegistro();
-
-        QTreeWidgetItem* elegido = tvwDataBases->currentItem();
-        const QString nombre = elegido ? elegido->text(0) : QString();
-        if (nombre == mNombreUltimaBase && mColumnaOrden != -1) {
-            grdTabla->SetCol(mColumnaOrden);
-            tabla.Sort(mModoOrden, mColumnaOrden);
-        } else {
-            mColumnaOrden = -1;
-            mModoOrden = 100;
-        }
-        mNombreUltimaBase = nombre;
+        const qint16 columna = mNavegador->RecordarBase(NombreBaseElegida());
+        if (columna != clsNavegadorRegistros::SinColumna) grdTabla->SetCol(columna);
     });
 }
 
-// Reads up to xCantidad records (-1: all) and appends one row per record, its unique ID in the
-// row's data word. Rows read before a failure stay in the grid.
-void frmPandrel::LeerRegistros(bool& xReiniciar, qint16 xCantidad) {
-    clsGrillaFlexible& tabla = grdTabla->Grilla();
-    const bool soloModificados = chkSoloModificados->isChecked();
-    QStringList textos;
-    QVector<qint32> ids;
-    const auto volcar = [&] {
-        if (textos.isEmpty()) return;
-        tabla.AddItems(textos, ids);
-        textos.clear();
-        ids.clear();
-        AplicarReglaFijas();
-    };
-    try {
-        qint32 id = 0;
-        for (qint32 k = 0; id != -1 && (xCantidad == -1 || k < xCantidad); ++k) {
-            QString registro;
-            id = mBase->ReadRecord(xReiniciar, registro, kSeparador, -1, soloModificados);
-            if (id == -1) continue;
-            textos << registro;
-            ids << id;
-            if (textos.size() >= kLote) {
-                volcar();
-                InformarProgreso(tabla.Rows() - 1, std::max(mCantidadRegistros, tabla.Rows() - 1));
-            }
-        }
-    } catch (...) {
-        volcar();
-        throw;
-    }
-    volcar();
+// Another batch after the last record read; the grid stays where the user left it.
+void frmPandrel::cmbRecuperarSiguientes_Click() {
+    if (mOcupado || !mBase || !mBase->IsDataBase() || !mBase->IsAppForgeDB()) return;
+    const int arriba = grdTabla->rowAt(0);
+    const int fila = grdTabla->Row();
+    const int columna = grdTabla->Col();
+    qint16 cantidad = 0;
+    if (!Atrapar(QStringLiteral("cmbRecuperarSiguientes_Click"),
+                 [&] { cantidad = CantidadARecuperar(); }))
+        return;
+    CargarTabla(false, cantidad);
+    if (fila >= 0 && fila < grdTabla->Grilla().Rows())
+        grdTabla->setCurrentIndex(grdTabla->Grilla().index(fila, std::max(0, columna)));
+    if (arriba >= 0)
+        grdTabla->scrollTo(grdTabla->Grilla().index(arriba, 0), QAbstractItemView::PositionAtTop);
+}
+
+// "Only Modified" or a category: the records again from the first.
+void frmPandrel::RecargarRegistros() {
+    if (mOcupado || !mBase || !mBase->IsDataBase() || !mBase->IsAppForgeDB()) return;
+    qint16 cantidad = 0;
+    if (!Atrapar(QStringLiteral("CargarTabla"), [&] { cantidad = CantidadARecuperar(); })) return;
+    CargarTabla(true, cantidad);
+}
+
+// A click on the header row sorts by the current column.
+void frmPandrel::grdTabla_Click(const QModelIndex& xCelda) {
+    if (xCelda.row() == 0) OrdenarPorColumnaActual();
+}
+
+void frmPandrel::OrdenarPorColumnaActual() {
+    if (!mBase || !mBase->IsDataBase() || !mBase->IsAppForgeDB()) return;
+    const int columna = grdTabla->Col();
+    if (columna < 0 || columna >= grdTabla->Grilla().Cols() - 1) return;
+    Atrapar(QStringLiteral("grdTabla_Click"),
+            [this, columna] { mNavegador->OrdenarPorColumna(static_cast<qint16>(columna)); });
 }
 
 // While the grid is being filled its current cell moves with the rows; the fill shows the
@@ -329,8 +312,8 @@ void frmPandrel::CargarInformacionRegistro() {
         for (QCheckBox* casilla : {chkArchive, chkDeleted, chkDirty, chkSecret})
             casilla->setChecked(false);
         const clsGrillaFlexible& tabla = grdTabla->Grilla();
-        if (tabla.Rows() <= 1) {
-            lblCantidadRegistros->setText(QStringLiteral("Record 0/ 0"));
+        if (!mNavegador->TieneRegistros()) {
+            lblCantidadRegistros->setText(mNavegador->TextoPosicion(0));
             for (QLabel* etiqueta : {lblCategoria, lblRecordID, lblIndice, lblLongitudRegistro})
                 etiqueta->setText(QStringLiteral("0"));
             return;
@@ -342,11 +325,23 @@ void frmPandrel::CargarInformacionRegistro() {
         chkDeleted->setChecked(atributos & 0x80);
         chkDirty->setChecked(atributos & 0x40);
         chkSecret->setChecked(atributos & 0x10);
-        lblCantidadRegistros->setText(
-            QStringLiteral("Record %1/ %2").arg(fila).arg(mCantidadRegistros));
+        lblCantidadRegistros->setText(mNavegador->TextoPosicion(fila));
         lblCategoria->setText(QString::number(mBase->CategoryID(id)));
         lblRecordID->setText(QString::number(id));
         lblIndice->setText(QString::number(mBase->RecordIndex(id)));
         lblLongitudRegistro->setText(QString::number(mBase->RecordLength(id)));
+    });
+}
+
+void frmPandrel::GuardarAtributos() {
+    Atrapar(QStringLiteral("GuardarAtributos"), [this] {
+        if (!mNavegador->TieneRegistros()) return;
+        const qint32 atributos =
+            clsNavegadorRegistros::ByteAtributos(chkDeleted->isChecked(), chkDirty->isChecked(),
+                                                 chkArchive->isChecked(), chkSecret->isChecked());
+        const qint32 id = grdTabla->Grilla().RowData(grdTabla->Row());
+        if (!mBase->WriteRecordAttributes(id, atributos))
+            modDialogos::MsgBox(this, QStringLiteral("Can´t update Record Attributes."),
+                                QMessageBox::Ok, QMessageBox::NoIcon, windowTitle());
     });
 }

@@ -140,6 +140,17 @@ void Salir(QPainter& p) {
     p.drawLine(QPointF(24, 21), QPointF(29, 16));
 }
 
+void Tilde(QPainter& p) {
+    p.setPen(Trazo(QColor(30, 130, 50), 4));
+    p.drawPolyline(QPolygonF({{6, 17}, {13, 24}, {26, 8}}));
+}
+
+void Cancelar(QPainter& p) {
+    p.setPen(Trazo(QColor(190, 40, 40), 4));
+    p.drawLine(QPointF(8, 8), QPointF(24, 24));
+    p.drawLine(QPointF(24, 8), QPointF(8, 24));
+}
+
 void Mas(QPainter& p) {
     p.setPen(Trazo(QColor(20, 110, 40)));
     p.setBrush(QColor(60, 170, 80));
@@ -215,6 +226,8 @@ QIcon IconoBoton(const QString& xClave) {
         {QStringLiteral("Informacion"), Icono(Informacion)},
         {QStringLiteral("Volver"), Icono(Salir)},
         {QStringLiteral("Agregar"), Icono(Mas)},
+        {QStringLiteral("Aceptar"), Icono(Tilde)},
+        {QStringLiteral("Cancelar"), Icono(Cancelar)},
         {QStringLiteral("Modificar"), Icono(Lapiz)},
         {QStringLiteral("Eliminar"), Icono(Eliminar)},
         {QStringLiteral("Imprimir"), Icono(Impresora)},
