@@ -287,9 +287,10 @@ TEST_F(frmPandrelRegistrosTest, TheUpdateDialogWritesOrRefuses) {
         if (c.Acepta) {
             EXPECT_EQ(Tabla().TextMatrix(2, c.Columna), c.Valor);
             // The record grew or shrank by the change in the text's length.
-            if (c.Columna == 0)
+            if (c.Columna == 0) {
                 EXPECT_EQ(Texto("lblLongitudRegistro").toInt() - largo,
                           c.Valor.size() - anterior.size());
+            }
         } else {
             EXPECT_EQ(Mensajes.takeLast(),
                       "The record can´t be updated.\r\nPlease, check the value assigned.");
