@@ -171,9 +171,9 @@ public:
     }
     qint64 EspacioLibre() const { return QStorageInfo(mCarpeta).bytesAvailable(); }
 
-private:
     QString Ruta(const QString& xArchivo) const { return QDir(mCarpeta).filePath(xArchivo); }
 
+private:
     QTemporaryDir mRaiz;
     QString mCarpeta;
 };
@@ -649,6 +649,40 @@ TYPED_TEST(FuenteDeBases, UnCambioDeOtroEscritorSobreviveALaEscrituraSiguiente) 
         EXPECT_EQ(despues.Registros[4].Datos, QByteArray(caso.Nombre));
         EXPECT_EQ(despues.Registros[0].Datos, caso.Primero) << caso.Nombre;
         EXPECT_EQ(nuestro->LeerPorID(5).Bytes, despues.Registros[0].Datos) << caso.Nombre;
+    }
+}
+
+// A file that holds another database now (replaced by a copy of another, say) is not written.
+TYPED_TEST(FuenteDeBases, UnaEscrituraNoCaeEnOtraBase) {
+    const struct {
+        const char* Caso;
+        std::function<void(clsArchivoPDB&)> Cambiar;
+    } casos[] = {
+        {"another name", [](clsArchivoPDB& x) { x.Nombre = "Beta"; }},
+        {"another type", [](clsArchivoPDB& x) { x.Tipo = Codigo("Data"); }},
+        {"another creator", [](clsArchivoPDB& x) { x.Creador = Codigo("OTRO"); }},
+        {"another creation date", [](clsArchivoPDB& x) { x.FechaCreacion += 1; }},
+    };
+    for (const auto& caso : casos) {
+        TypeParam fabrica;
+        fabrica.Poner("v.pdb", BaseVariada());
+        auto fuente = fabrica.Crear();
+        auto adaptador = fuente->CrearGestor()->AbrirBaseRegistros("Variada", "", 208);
+        clsArchivoPDB otra = BaseVariada();
+        caso.Cambiar(otra);
+        fabrica.CambiarPorFuera("v.pdb", otra);
+        const QByteArray antes = fabrica.Contenido("v.pdb");
+        const std::vector<std::function<void()>> escrituras = {
+            [&] { adaptador->EscribirRegistro(9, 0, 0, "no"); },
+            [&] { adaptador->EscribirRegistro(0, 0, 0, "no"); },
+            [&] { adaptador->CambiarRegistro(9, [](RegistroPalm& x) { x.Bytes = "no"; }); },
+            [&] { adaptador->BorrarRegistro(9); },
+            [&] { adaptador->BorrarTodos(0, 255); },
+        };
+        for (const auto& escritura : escrituras)
+            EsperarError(ErroresFuente::BaseCambiada, escritura, "changed on disk");
+        EXPECT_EQ(fabrica.Contenido("v.pdb"), antes) << caso.Caso;
+        EXPECT_EQ(fabrica.Sobrantes(), QStringList({"v.pdb"})) << caso.Caso;
     }
 }
 

@@ -611,6 +611,57 @@ TEST_F(PalmPDBTest, Borrar) {
     EXPECT_TRUE(Archivo("Clientes").Registros.isEmpty());
 }
 
+// Two objects over two sources stand for two programs: both read record 10 ("abc", 5, True),
+// the other one writes first.
+TEST_F(PalmPDBTest, DosEscritoresDeUnRegistro) {
+    const struct {
+        const char* caso;
+        std::function<void(clsPalmPDB&)> otro;
+        std::function<void(clsPalmPDB&)> nuestro;
+        QByteArray despues; // record 10 on disk; empty: it is gone
+        qint32 atributos;
+    } casos[] = {
+        {"different fields both land", [](clsPalmPDB& x) { x.UpdateRecord(10, 1, "7"); },
+         [](clsPalmPDB& x) { x.UpdateRecord(10, 0, "xy"); }, "787900000701", 0},
+        {"the same field: the last one wins", [](clsPalmPDB& x) { x.UpdateRecord(10, 0, "otro"); },
+         [](clsPalmPDB& x) { x.UpdateRecord(10, 0, "xy"); }, "787900000501", 0},
+        {"attributes keep the other's field", [](clsPalmPDB& x) { x.UpdateRecord(10, 1, "7"); },
+         [](clsPalmPDB& x) { x.WriteRecordAttributes(10, 0x10); }, "61626300000701", 0x10},
+        {"a field keeps the other's attributes",
+         [](clsPalmPDB& x) { x.WriteRecordAttributes(10, 0x10); },
+         [](clsPalmPDB& x) { x.UpdateRecord(10, 1, "7"); }, "61626300000701", 0x10},
+        {"an update of a record gone", [](clsPalmPDB& x) { x.DeleteRecord(10); },
+         [](clsPalmPDB& x) {
+             EsperarError([&] { x.UpdateRecord(10, 0, "xy"); }, ErroresFuente::RegistroNoEncontrado,
+                          "LeerPorID");
+             EsperarError([&] { x.WriteRecordAttributes(10, 0x10); },
+                          ErroresFuente::RegistroNoEncontrado, "LeerPorID");
+             EXPECT_FALSE(x.DeleteRecord(10));
+         },
+         "", 0},
+    };
+    for (const auto& caso : casos) {
+        GuardarClientes({"61626300000501", "00", "00"});
+        clsPalmPDB otro(Fuente()), nuestro(Fuente());
+        QString texto;
+        for (clsPalmPDB* pdb : {&otro, &nuestro}) {
+            ASSERT_TRUE(pdb->OpenFile("Clientes"));
+            ASSERT_TRUE(pdb->ReadRecordByID(10, texto, "\t"));
+        }
+        caso.otro(otro);
+        const QByteArray antes = Bytes("Clientes");
+        caso.nuestro(nuestro);
+        const clsArchivoPDB archivo = Archivo("Clientes");
+        if (caso.despues.isEmpty()) {
+            EXPECT_EQ(Bytes("Clientes"), antes) << caso.caso;
+            continue;
+        }
+        ASSERT_EQ(archivo.Registros[0].ID, 10u);
+        EXPECT_EQ(archivo.Registros[0].Datos.toHex(), caso.despues) << caso.caso;
+        EXPECT_EQ(nuestro.RecordAttributes(10), caso.atributos) << caso.caso;
+    }
+}
+
 TEST_F(PalmPDBTest, UnaBaseDeRecursos) {
     ASSERT_TRUE(mBase->OpenFile("Aplicacion"));
     EXPECT_FALSE(mBase->IsDataBase());

@@ -4,8 +4,7 @@
 
 #include <utility>
 
-clsAdaptadorRecursosCarpeta::clsAdaptadorRecursosCarpeta(
-    std::unique_ptr<clsBaseAbiertaCarpeta> xBase)
+clsAdaptadorRecursosCarpeta::clsAdaptadorRecursosCarpeta(std::unique_ptr<clsBaseAbierta> xBase)
     : mBase(std::move(xBase)) {}
 
 qint32 clsAdaptadorRecursosCarpeta::CantidadRecursos() {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/clsBaseAbiertaCarpeta.h"
+#include "data/clsBaseAbierta.h"
 #include "data/clsFuentePalm.h"
 
 #include <memory>
@@ -8,12 +8,12 @@
 // The resource adapter of one resource database (an application) of the folder.
 class clsAdaptadorRecursosCarpeta : public clsAdaptadorRecursos {
 public:
-    explicit clsAdaptadorRecursosCarpeta(std::unique_ptr<clsBaseAbiertaCarpeta> xBase);
+    explicit clsAdaptadorRecursosCarpeta(std::unique_ptr<clsBaseAbierta> xBase);
 
     qint32 CantidadRecursos() override;
     // Raises RegistroNoEncontrado outside 0 .. CantidadRecursos() - 1.
     RecursoPalm LeerRecurso(qint32 xIndice) override;
 
 private:
-    std::unique_ptr<clsBaseAbiertaCarpeta> mBase;
+    std::unique_ptr<clsBaseAbierta> mBase;
 };

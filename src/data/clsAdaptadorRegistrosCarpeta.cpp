@@ -8,8 +8,8 @@ namespace {
 constexpr qint32 AtributoModificado = 0x40;
 } // namespace
 
-clsAdaptadorRegistrosCarpeta::clsAdaptadorRegistrosCarpeta(
-    std::unique_ptr<clsBaseAbiertaCarpeta> xBase, QString xCodigoPagina)
+clsAdaptadorRegistrosCarpeta::clsAdaptadorRegistrosCarpeta(std::unique_ptr<clsBaseAbierta> xBase,
+                                                           QString xCodigoPagina)
     : mBase(std::move(xBase)), mCodigoPagina(std::move(xCodigoPagina)) {}
 
 QByteArray clsAdaptadorRegistrosCarpeta::LeerAppInfo() {
@@ -98,6 +98,26 @@ qint32 clsAdaptadorRegistrosCarpeta::EscribirRegistro(qint32 xID, qint32 xCatego
                                                       qint32 xAtributos, const QByteArray& xBytes) {
     const quint8 byte = clsArchivoPDB::UnirAtributos(xAtributos, xCategoria);
     return static_cast<qint32>(mBase->EscribirRegistro(static_cast<quint32>(xID), byte, xBytes));
+}
+
+RegistroPalm
+clsAdaptadorRegistrosCarpeta::CambiarRegistro(qint32 xID,
+                                              const std::function<void(RegistroPalm&)>& xCambio) {
+    RegistroPalm registro;
+    mBase->CambiarRegistro(static_cast<quint32>(xID), [&](quint8& xAtributos, QByteArray& xBytes) {
+        registro.ID = xID;
+        clsArchivoPDB::SepararAtributos(xAtributos, registro.Atributos, registro.Categoria);
+        registro.Bytes = std::move(xBytes);
+        const qint32 atributos = registro.Atributos;
+        const qint32 categoria = registro.Categoria;
+        xCambio(registro);
+        // Left alone, the byte keeps the bits that reading it into flags and category drops.
+        if (registro.Atributos != atributos || registro.Categoria != categoria)
+            xAtributos = clsArchivoPDB::UnirAtributos(registro.Atributos, registro.Categoria);
+        xBytes = registro.Bytes;
+    });
+    registro.Indice = mBase->IndicePorID(static_cast<quint32>(xID));
+    return registro;
 }
 
 void clsAdaptadorRegistrosCarpeta::BorrarRegistro(qint32 xID) {

@@ -1,18 +1,18 @@
 #pragma once
 
-#include "data/clsBaseAbiertaCarpeta.h"
+#include "data/clsBaseAbierta.h"
 #include "data/clsCategoriasCarpeta.h"
 #include "data/clsFuentePalm.h"
 
 #include <memory>
 
-// The record adapter of one record database of the folder. Sequential reads walk the records in
-// file order, whatever their flags; the end flag is set once a read has consumed the last record
-// (or found nothing more), and reads after it return false until IrAlPrincipio.
+// The record adapter of one open record database (of a folder or any other store). Sequential reads
+// walk the records in file order, whatever their flags; the end flag is set once a read has
+// consumed the last record (or found nothing more), and reads after it return false until
+// IrAlPrincipio.
 class clsAdaptadorRegistrosCarpeta : public clsAdaptadorRegistros {
 public:
-    clsAdaptadorRegistrosCarpeta(std::unique_ptr<clsBaseAbiertaCarpeta> xBase,
-                                 QString xCodigoPagina);
+    clsAdaptadorRegistrosCarpeta(std::unique_ptr<clsBaseAbierta> xBase, QString xCodigoPagina);
 
     QByteArray LeerAppInfo() override;
     QByteArray LeerInfoOrden() override;
@@ -25,6 +25,8 @@ public:
     RegistroPalm LeerPorID(qint32 xID) override;
     qint32 EscribirRegistro(qint32 xID, qint32 xCategoria, qint32 xAtributos,
                             const QByteArray& xBytes) override;
+    RegistroPalm CambiarRegistro(qint32 xID,
+                                 const std::function<void(RegistroPalm&)>& xCambio) override;
     void BorrarRegistro(qint32 xID) override;
     void BorrarTodos(qint32 xDesde, qint32 xHasta) override;
     const clsCategoriasPalm& Categorias() override;
@@ -35,7 +37,7 @@ private:
     RegistroPalm Registro(qint32 xIndice) const;
     qint32 CantidadRegistros() const;
 
-    std::unique_ptr<clsBaseAbiertaCarpeta> mBase;
+    std::unique_ptr<clsBaseAbierta> mBase;
     QString mCodigoPagina;
     qint32 mCursor = 0;
     // One object for the adapter's life, so a reference to it stays valid; refreshed on each call.

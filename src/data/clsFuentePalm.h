@@ -5,6 +5,7 @@
 #include <QString>
 #include <QStringList>
 #include <QtGlobal>
+#include <functional>
 #include <memory>
 
 // The source of Palm databases: everything the database layer needs of a handheld, by role.
@@ -62,13 +63,19 @@ public:
     virtual bool LeerSiguiente(RegistroPalm& xRegistro) = 0;
     virtual bool LeerSiguienteModificado(RegistroPalm& xRegistro) = 0;
     virtual bool LeerSiguienteEnCategoria(qint32 xCategoria, RegistroPalm& xRegistro) = 0;
-    virtual bool LeerSiguienteModificadoEnCategoria(qint32 xCategoria,
-                                                    RegistroPalm& xRegistro) = 0;
+    virtual bool LeerSiguienteModificadoEnCategoria(qint32 xCategoria, RegistroPalm& xRegistro) = 0;
     // Raises when no record has that ID.
     virtual RegistroPalm LeerPorID(qint32 xID) = 0;
     // xID 0 writes a new record; returns the record's unique ID.
     virtual qint32 EscribirRegistro(qint32 xID, qint32 xCategoria, qint32 xAtributos,
                                     const QByteArray& xBytes) = 0;
+    // Hands xCambio the record with that ID as the database holds it at the moment of writing
+    // (so another writer's change since it was read is kept) and writes what xCambio leaves;
+    // returns the record as written. The attribute byte is stored again only when xCambio
+    // changed the attributes or the category. Raises RegistroNoEncontrado when the database no
+    // longer holds the ID; whatever xCambio raises stops the write.
+    virtual RegistroPalm CambiarRegistro(qint32 xID,
+                                         const std::function<void(RegistroPalm&)>& xCambio) = 0;
     virtual void BorrarRegistro(qint32 xID) = 0;
     virtual void BorrarTodos(qint32 xDesde, qint32 xHasta) = 0;
     virtual const clsCategoriasPalm& Categorias() = 0;
@@ -155,4 +162,6 @@ constexpr qint32 BaseEnUso = static_cast<qint32>(0x80042007u); // cannot be read
 constexpr qint32 RegistroNoEncontrado = static_cast<qint32>(0x80042009u);
 constexpr qint32 EscrituraFallida = static_cast<qint32>(0x8004200Au);
 constexpr qint32 HandheldInaccesible = static_cast<qint32>(0x8004200Bu);
+// The file of an open database holds another database now: nothing was written.
+constexpr qint32 BaseCambiada = static_cast<qint32>(0x8004200Cu);
 } // namespace ErroresFuente

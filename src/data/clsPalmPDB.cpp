@@ -613,11 +613,22 @@ void clsPalmPDB::DesplazarBytes(QByteArray& xBuffer, qint32 xInicio, qint32 xCam
     }
 }
 
+// The field is encoded into the record as the database holds it when the write is made, so a
+// change another writer made to the record's other fields stays.
 qint32 clsPalmPDB::UpdateRecord(qint32 xRecordID, qint32 xNroCampo, const QString& xValor) {
     VerificarAbierta("UpdateRecord");
     clsAdaptadorRegistros& adaptador = Registros("UpdateRecord");
     mIDActual = xRecordID;
-    TomarRegistro(adaptador.LeerPorID(xRecordID));
+    TomarRegistro(adaptador.CambiarRegistro(xRecordID, [&](RegistroPalm& xActual) {
+        TomarRegistro(xActual);
+        CodificarCampo(xNroCampo, xValor);
+        xActual.Bytes = mRegistroActual;
+    }));
+    return mIDActual;
+}
+
+// Writes xValor into field xNroCampo of mRegistroActual.
+void clsPalmPDB::CodificarCampo(qint32 xNroCampo, const QString& xValor) {
     qint32 pos = PosicionCampo(xNroCampo);
     if (xNroCampo < 0 || xNroCampo >= CantidadTipos())
         throw ErrorVB::SubscriptOutOfRange(QStringLiteral("UpdateRecord"));
@@ -667,8 +678,6 @@ qint32 clsPalmPDB::UpdateRecord(qint32 xRecordID, qint32 xNroCampo, const QStrin
     case Desconocido:
         break;
     }
-    adaptador.EscribirRegistro(mIDActual, mCategoria, mAtributos, mRegistroActual);
-    return mIDActual;
 }
 
 qint32 clsPalmPDB::NewRecord() {
@@ -736,9 +745,10 @@ bool clsPalmPDB::WriteRecordAttributes(qint32 xRecordID, qint32 xAttributes) {
     VerificarAbierta("WriteRecordAttributes");
     clsAdaptadorRegistros& adaptador = Registros("WriteRecordAttributes");
     mIDActual = xRecordID;
-    TomarRegistro(adaptador.LeerPorID(xRecordID));
-    if (xAttributes & FlagsAtributos) mAtributos = xAttributes;
-    adaptador.EscribirRegistro(mIDActual, mCategoria, mAtributos, mRegistroActual);
+    // Only the attribute byte of the record as it is on disk changes.
+    TomarRegistro(adaptador.CambiarRegistro(xRecordID, [xAttributes](RegistroPalm& xActual) {
+        if (xAttributes & FlagsAtributos) xActual.Atributos = xAttributes;
+    }));
     return true;
 }
 

@@ -62,6 +62,7 @@ private:
     void AgregarCampo(TextoRegistro& xTexto, quint8 xCodigoTipo, qint32& xPos,
                       const QString& xSeparator);
     qint32 PosicionCampo(qint32 xNroCampo);
+    void CodificarCampo(qint32 xNroCampo, const QString& xValor);
     void DesplazarBytes(QByteArray& xBuffer, qint32 xInicio, qint32 xCambio);
 
     void VerificarAbierta(const char* xOperacion) const;
