@@ -7,8 +7,11 @@
 #include <QFileInfo>
 #include <QStorageInfo>
 #include <QTemporaryDir>
+#include <chrono>
 #include <functional>
+#include <future>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 namespace {
 
@@ -830,4 +833,34 @@ TYPED_TEST(FuenteDeBases, LosArchivosDeUnHandheldReal) {
     EXPECT_EQ(despues.AppInfo, antes.AppInfo);
     EXPECT_EQ(despues.RellenoNombre, antes.RellenoNombre);
     EXPECT_EQ(despues.SemillaID, antes.SemillaID);
+}
+
+// What stands in the folder under a database's name but is not a regular file (a FIFO, a link to
+// one, a folder) is reported and never read: reading a FIFO would wait for a writer forever.
+TEST(CarpetaDeBases, LoQueNoEsUnArchivoSeAvisaSinEsperar) {
+    FabricaCarpeta fabrica;
+    fabrica.Poner("v.pdb", BaseVariada());
+    const QString carpeta = QFileInfo(fabrica.Ruta("v.pdb")).path();
+    ASSERT_EQ(::mkfifo(QFile::encodeName(fabrica.Ruta("cola.pdb")).constData(), 0600), 0);
+    ASSERT_EQ(::mkfifo(QFile::encodeName(fabrica.Ruta("Handheld.ini")).constData(), 0600), 0);
+    ASSERT_TRUE(QFile::link(fabrica.Ruta("cola.pdb"), fabrica.Ruta("enlace.prc")));
+    ASSERT_TRUE(QDir(carpeta).mkdir("carpeta.pdb"));
+
+    auto trabajo = std::async(std::launch::async, [&] {
+        auto fuente = fabrica.Crear();
+        const QStringList bases = fuente->CrearGestor()->ListarBases(-1);
+        EsperarError(
+            ErroresFuente::HandheldInaccesible, [&] { fuente->CrearSistema()->TarjetaMemoria(); },
+            "Handheld.ini");
+        return std::make_pair(bases, FabricaCarpeta::Avisos(*fuente));
+    });
+    if (trabajo.wait_for(std::chrono::seconds(20)) != std::future_status::ready) {
+        ADD_FAILURE() << "reading the folder did not end";
+        std::_Exit(1); // the reading thread cannot be stopped
+    }
+    const auto [bases, avisos] = trabajo.get();
+    EXPECT_EQ(bases, QStringList({"Variada"}));
+    ASSERT_EQ(avisos.size(), 3) << avisos.join('\n').toStdString();
+    for (const char* nombre : {"carpeta.pdb", "cola.pdb", "enlace.prc"})
+        EXPECT_EQ(avisos.filter(nombre).size(), 1) << nombre;
 }

@@ -28,7 +28,8 @@ constexpr qint64 PrimeraLectura = 4096;
 // [Handheld] Encoding of the folder's Handheld.ini, "" when there is none.
 QString CodigoPaginaPedido(const QString& xCarpeta) {
     const QString ini = QDir(xCarpeta).filePath(QStringLiteral("Handheld.ini"));
-    if (!QFileInfo::exists(ini)) return {};
+    // Anything but a regular file is not read: a FIFO would block the reading.
+    if (!QFileInfo(ini).isFile()) return {};
     const QSettings ajustes(ini, QSettings::IniFormat);
     return ajustes.value(QStringLiteral("Handheld/Encoding")).toString().trimmed();
 }
@@ -102,15 +103,16 @@ QStringList clsCatalogoCarpeta::Archivos() const {
     // listing would look at every file once more.
     DIR* carpeta = ::opendir(QFile::encodeName(mCarpeta).constData());
     if (!carpeta) ComprobarCarpeta();
+    // Every entry named like a database is taken, whatever it is: one that is not a regular
+    // file (a folder, a FIFO, a device) is reported when it is read.
     while (const dirent* entrada = carpeta ? ::readdir(carpeta) : nullptr) {
-        const bool archivo =
-            entrada->d_type == DT_REG || entrada->d_type == DT_LNK || entrada->d_type == DT_UNKNOWN;
-        if (archivo && EsBase(entrada->d_name)) archivos.append(QFile::decodeName(entrada->d_name));
+        if (EsBase(entrada->d_name)) archivos.append(QFile::decodeName(entrada->d_name));
     }
     if (carpeta) ::closedir(carpeta);
 #else
     archivos = QDir(mCarpeta).entryList({QStringLiteral("*.pdb"), QStringLiteral("*.prc")},
-                                        QDir::Files, QDir::Unsorted);
+                                        QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot,
+                                        QDir::Unsorted);
 #endif
     std::sort(archivos.begin(), archivos.end());
     return archivos;
@@ -121,13 +123,16 @@ clsCatalogoCarpeta::Lectura clsCatalogoCarpeta::Leer(const QString& xRuta) {
     clsLecturaArchivo archivo(xRuta);
     lectura.Momento = archivo.Momento();
     if (!archivo.Abierto()) {
-        // Gone since the folder was listed, or not a file: nothing to report. Otherwise the file
-        // is there and cannot be read.
+        // Gone since the folder was listed: nothing to report. Otherwise something is there that
+        // cannot be read or is not a regular file.
         lectura.Estado = clsLecturaArchivo::EstadoDe(xRuta);
+        const QFileInfo info(xRuta);
+        lectura.Presente = info.exists() || info.isSymLink();
         lectura.Motivo = QStringLiteral("it cannot be read (%1)").arg(archivo.Error());
         return lectura;
     }
     lectura.Estado = archivo.Estado();
+    lectura.Presente = true;
     const qint64 tamano = lectura.Estado.Tamano;
     QByteArray inicio;
     if (!archivo.Leer(0, qMin(tamano, PrimeraLectura), inicio)) {
@@ -180,7 +185,7 @@ void clsCatalogoCarpeta::Actualizar() {
         const QString ruta = prefijo + archivo;
         presentes.insert(ruta);
         const Lectura& lectura = LeerConCache(ruta);
-        if (!lectura.Estado.Existe) continue; // gone since the folder was listed
+        if (!lectura.Presente) continue; // gone since the folder was listed
         if (!lectura.Valida) {
             avisos.append(QStringLiteral("%1 is not a Palm database and was left out: %2.")
                               .arg(archivo, lectura.Motivo));
@@ -288,6 +293,7 @@ void clsCatalogoCarpeta::Anotar(const QString& xArchivo, const CabeceraPDB& xCab
     lectura.Estado = xContenido.Estado;
     lectura.Momento = xContenido.Momento;
     lectura.Valida = true;
+    lectura.Presente = true;
     lectura.NombreLeido = Decodificar(xCabecera.Nombre);
     lectura.Ficha = {xArchivo,  lectura.NombreLeido,     xCabecera,
                      xEntradas, xContenido.Bytes.size(), xContenido.Estado};

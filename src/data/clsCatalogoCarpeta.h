@@ -81,6 +81,7 @@ private:
     struct Lectura {
         EstadoArchivo Estado;
         qint64 Momento = 0;
+        bool Presente = false; // something stands at the path (it may not be a regular file)
         bool Valida = false;
         FichaBaseCarpeta Ficha;
         QString NombreLeido; // the header's name, when it could be read

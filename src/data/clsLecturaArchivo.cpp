@@ -58,9 +58,18 @@ qint64 clsLecturaArchivo::Ahora() {
 
 #ifdef Q_OS_LINUX
 
+// Only a regular file is opened, and without waiting: a FIFO or a device named like a database
+// would otherwise block the open (or the first read) for as long as nobody writes to it. The
+// look before the open spares devices the open; the non-blocking open covers a file replaced by
+// one in between.
 clsLecturaArchivo::clsLecturaArchivo(const QString& xRuta) : mMomento(Ahora()) {
-    mDescriptor = ::open(QFile::encodeName(xRuta).constData(), O_RDONLY | O_CLOEXEC);
+    const QByteArray ruta = QFile::encodeName(xRuta);
     struct stat datos;
+    if (::stat(ruta.constData(), &datos) == 0 && !S_ISREG(datos.st_mode)) {
+        mError = QStringLiteral("not a regular file");
+        return;
+    }
+    mDescriptor = ::open(ruta.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
     if (mDescriptor < 0 || ::fstat(mDescriptor, &datos) != 0) {
         mError = QString::fromLocal8Bit(std::strerror(errno));
         return;

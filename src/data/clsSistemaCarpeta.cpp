@@ -29,10 +29,13 @@ clsSistemaCarpeta::clsSistemaCarpeta(std::shared_ptr<clsCatalogoCarpeta> xCatalo
 QVariantMap clsSistemaCarpeta::Ajustes(const QString& xOperacion) const {
     mCatalogo->Actualizar(); // raises when the folder cannot be read
     const QString ruta = QDir(mCatalogo->Carpeta()).filePath(NombreIni);
-    if (!QFileInfo::exists(ruta)) return {};
+    const QFileInfo info(ruta);
+    if (!info.exists()) return {};
+    // Only a regular file is read: a FIFO would block the reading.
     QFile prueba(ruta);
-    QSettings ajustes(ruta, QSettings::IniFormat);
-    if (!prueba.open(QIODevice::ReadOnly) || ajustes.status() != QSettings::NoError)
+    const bool legible = info.isFile() && prueba.open(QIODevice::ReadOnly);
+    const QSettings ajustes(legible ? ruta : QString(), QSettings::IniFormat);
+    if (!legible || ajustes.status() != QSettings::NoError)
         throw ErrorVB(ErroresFuente::HandheldInaccesible, xOperacion,
                       QStringLiteral("%1 of the handheld folder \"%2\" cannot be read.")
                           .arg(NombreIni, mCatalogo->Carpeta()));
