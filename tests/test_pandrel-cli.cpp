@@ -344,4 +344,47 @@ TEST_F(PandrelCli, BatchRunsEachLineAsACommandAndKeepsItsDatabaseOpen) {
     for (int i = 0; i < esperados.size(); ++i)
         EXPECT_TRUE(errores[i].startsWith(esperados[i])) << errores[i].toStdString();
 }
+
+// A batch holds the database open while another process writes the same record: each write lands
+// on the record as it is on disk, and a file that now holds another database is not written.
+TEST_F(PandrelCli, TwoWritersOfOneRecordThroughBatch) {
+    const QString id = Ejecutar({"records", "VisitLogDB"}).Salida.section('\t', 0, 0);
+    const QByteArray ref = id.toUtf8();
+    Lote lote(Handheld());
+    ASSERT_EQ(lote.Enviar("get VisitLogDB " + ref).second, 0);
+    const struct {
+        const char* Caso;
+        QStringList Otro;   // the other process's update: field and value
+        QByteArray Nuestro; // the batch's update: field and value
+        QStringList Campos; // fields 0 and 2 afterwards
+    } casos[] = {
+        {"different fields", {"2", "77"}, "0 Zinnia", {"Zinnia", "77"}},
+        {"the same field", {"0", "Theirs"}, "0 Ours", {"Ours", "77"}},
+    };
+    for (const auto& caso : casos) {
+        ASSERT_EQ(Ejecutar(QStringList{"update", "VisitLogDB", id} + caso.Otro).Estado, 0);
+        EXPECT_EQ(lote.Enviar("update VisitLogDB " + ref + " " + caso.Nuestro),
+                  std::make_pair(id + "\n", 0))
+            << caso.Caso;
+        const QString registro = Ejecutar({"get", "VisitLogDB", id}).Salida;
+        EXPECT_EQ(QStringList({registro.section('\t', 0, 0), registro.section('\t', 2, 2)}),
+                  caso.Campos)
+            << caso.Caso;
+    }
+
+    QFile::remove(Handheld() + "/VisitLogDB.pdb");
+    ASSERT_TRUE(QFile::copy(Handheld() + "/PriceListDB.pdb", Handheld() + "/VisitLogDB.pdb"));
+    for (const QByteArray& escritura :
+         {"update VisitLogDB " + ref + " 0 Nope", QByteArray("add VisitLogDB"),
+          QByteArray("delete-all VisitLogDB")})
+        EXPECT_EQ(lote.Enviar(escritura), std::make_pair(QString(), 1)) << escritura.data();
+    const QStringList errores = std::get<2>(lote.Terminar(""));
+    ASSERT_EQ(errores.size(), 3);
+    EXPECT_TRUE(errores[0].contains("changed on disk")) << errores[0].toStdString();
+    QFile archivo(Handheld() + "/VisitLogDB.pdb");
+    ASSERT_TRUE(archivo.open(QIODevice::ReadOnly));
+    QFile original(Handheld() + "/PriceListDB.pdb");
+    ASSERT_TRUE(original.open(QIODevice::ReadOnly));
+    EXPECT_EQ(archivo.readAll(), original.readAll());
+}
 } // namespace
