@@ -1,7 +1,8 @@
 // Builds the benchmark handhelds:
 //   FOLDER/big   one AppForge database "BenchBig" of 65,535 records with eight fields (one of each
 //                type and a second String), the largest a database can hold;
-//   FOLDER/many  1,000 databases under 250 creators, a third of them AppForge databases.
+//   FOLDER/many  1,000 databases under 250 creators, a third of them AppForge databases;
+//   FOLDER/report one AppForge database "BenchReport" of 2,000 records with the same fields.
 
 #include "constructor/clsConstructorBase.h"
 
@@ -38,6 +39,14 @@ void GrandeEn(const QString& xCarpeta) {
     for (int i = 0; i < 65535; ++i)
         base.AgregarRegistro(Valores(i), i % 10 == 0 ? 0x40 : 0, i % 3);
     base.Guardar(xCarpeta + "/BenchBig.pdb");
+}
+
+void InformeEn(const QString& xCarpeta) {
+    C base("BenchReport", "DATA", "BnRp");
+    base.EsquemaAppForge("Bench", kCampos);
+    for (int i = 0; i < 2000; ++i)
+        base.AgregarRegistro(Valores(i));
+    base.Guardar(xCarpeta + "/BenchReport.pdb");
 }
 
 void MuchasEn(const QString& xCarpeta) {
@@ -78,6 +87,8 @@ int main(int argc, char** argv) {
         GrandeEn(carpeta + "/big");
         Crear(carpeta + "/many");
         MuchasEn(carpeta + "/many");
+        Crear(carpeta + "/report");
+        InformeEn(carpeta + "/report");
     } catch (const std::exception& error) {
         std::fprintf(stderr, "bench-inputs: %s\n", error.what());
         return 1;

@@ -10,7 +10,9 @@ inputs="$build/bench-inputs-data"
 cli="$build/pandrel-cli"
 
 cmake --build "$build" --target pandrel-cli bench-inputs >/dev/null
-[ -f "$inputs/big/BenchBig.pdb" ] || "$build/bench/bench-inputs" "$inputs"
+mkdir -p "$build/bench-out"
+[ -f "$inputs/big/BenchBig.pdb" ] && [ -f "$inputs/report/BenchReport.pdb" ] ||
+    "$build/bench/bench-inputs" "$inputs"
 
 # measure NAME RUNS COMMAND...: runs the command RUNS times with its output to /dev/null.
 measure() {
@@ -39,6 +41,7 @@ echo "BenchBig.pdb: $((big / 1024)) KB, 65535 records; many/: $(ls "$inputs/many
 measure "records (65,535 x 8 fields)" "$runs" "$cli" --handheld "$inputs/big" records BenchBig
 measure "export (65,535 x 8 fields, tab)" "$runs" "$cli" --handheld "$inputs/big" export BenchBig "$build/bench-out/BenchBig.txt"
 measure "export --csv (65,535 x 8 fields)" "$runs" "$cli" --handheld "$inputs/big" export BenchBig "$build/bench-out/BenchBig.csv" --csv
+measure "report (2,000 rows to PDF)" "$runs" "$cli" --handheld "$inputs/report" report BenchReport --pdf "$build/bench-out/BenchReport.pdf"
 measure "creators --kind appforge (1,000)" "$runs" "$cli" --handheld "$inputs/many" creators --kind appforge
 measure "update one String, mid-database" "$runs" "$cli" --handheld "$inputs/big" update BenchBig 1081344 4 "Customer {i}"
 

@@ -1,5 +1,6 @@
 #include "constructor/clsConstructorBase.h"
 
+#include <QDir>
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -239,6 +240,34 @@ TEST_F(PandrelCli, EncodingNamesTheCodePage) {
         EXPECT_EQ(resultado.Estado, caso.Estado) << comando;
         EXPECT_EQ(resultado.Salida, caso.Salida) << comando;
     }
+}
+
+// The report through the Qt printer: a page holds 41 rows and every later page 40, so the 320
+// records fill 8 pages; a report that cannot be written leaves no file.
+TEST_F(PandrelCli, ReportPrintsThePagesToAPdfFile) {
+    const QString archivo = mCarpeta.filePath("stock.pdf");
+    const Resultado resultado = Ejecutar({"report", "InvTrackDB", "--pdf", archivo});
+    ASSERT_EQ(resultado.Estado, 0) << resultado.Errores.toStdString();
+    EXPECT_EQ(resultado.Salida + resultado.Errores, "");
+    QFile pdf(archivo);
+    ASSERT_TRUE(pdf.open(QIODevice::ReadOnly));
+    const QByteArray contenido = pdf.readAll();
+    EXPECT_TRUE(contenido.startsWith("%PDF"));
+    EXPECT_EQ(contenido.count("/Type /Page\n"), 8);
+
+    const struct {
+        QStringList Argumentos;
+        int Estado;
+    } fallos[] = {
+        {{"report", "InvTrackDB", "--pdf", mCarpeta.filePath("none/stock.pdf")}, 1},
+        {{"report", "Field Notes", "--pdf", mCarpeta.filePath("notes.pdf")}, 1},
+        {{"report", "InvTrackDB", archivo}, 2},
+    };
+    for (const auto& fallo : fallos) {
+        EXPECT_EQ(Ejecutar(fallo.Argumentos).Estado, fallo.Estado)
+            << fallo.Argumentos.join(' ').toStdString();
+    }
+    EXPECT_EQ(QDir(mCarpeta.path()).entryList({"*.pdf*"}), QStringList{"stock.pdf"});
 }
 
 TEST_F(PandrelCli, InfoShowsTheHandheld) {

@@ -4,8 +4,17 @@
 #include "data/clsPDBInterface.h"
 #include "data/modFuncionesConversion.h"
 #include "data/modHandheld.h"
+#include "explorer/clsGrillaFlexible.h"
+#include "printing/clsImpresora.h"
+#include "printing/modInformeBase.h"
 
+#include <QCoreApplication>
+#include <QFile>
 #include <QFileInfo>
+#include <QLibrary>
+#include <QTemporaryFile>
+#include <cstdio>
+#include <cstring>
 #include <vector>
 
 namespace modComandosInforme {
@@ -31,7 +40,113 @@ const modExportacion::Respuestas& RespuestasScript() {
     return respuestas;
 }
 
+// The drawing part of pandrel-cli, a module beside the program, and what it makes.
+const QString kModuloPdf = QStringLiteral("pandrel-pdf");
+using FabricaAplicacion = QCoreApplication* (*)(int*, char**);
+using FabricaImpresora = clsImpresora* (*)(const QString*);
+FabricaImpresora gImpresoraPdf = nullptr;
+QString gErrorModulo;
+
+// The command is the first argument after the options, each of which takes a value.
+bool ImprimeInforme(int xArgc, char** xArgv) {
+    int i = 1;
+    while (i < xArgc && std::strncmp(xArgv[i], "--", 2) == 0)
+        i += 2;
+    return i < xArgc && std::strcmp(xArgv[i], "report") == 0;
+}
+
+QString CarpetaPrograma(char** xArgv) {
+    QString programa = QFileInfo(QStringLiteral("/proc/self/exe")).canonicalFilePath();
+    if (programa.isEmpty()) programa = QFile::decodeName(xArgv[0]);
+    return QFileInfo(programa).absolutePath();
+}
+
+// The explorer's records grid for the open database: the titles in the header row, every
+// record in a row of its own, each field's width and alignment as the explorer lays them out.
+void LlenarGrilla(clsPDBInterface& xBase, clsGrillaFlexible& xTabla) {
+    const qint16 campos = xBase.NumFields();
+    xTabla.SetCols(campos + 1);
+    xTabla.AddItem(xBase.FieldsTitles(kTab));
+    xTabla.SetColWidth(campos, 0);
+    static const qint32 alineaciones[] = {clsGrillaFlexible::DerechaArriba,
+                                          clsGrillaFlexible::IzquierdaCentro,
+                                          clsGrillaFlexible::CentroCentro};
+    for (qint32 campo = 0; campo < campos; ++campo) {
+        const qint32 alineacion = xBase.FieldAlignment(campo);
+        const bool texto = alineacion == 1 && xBase.FieldType(campo) == QLatin1String("String");
+        xTabla.SetColWidth(campo, texto ? 2000 : 1000);
+        if (alineacion >= 0 && alineacion <= 2)
+            xTabla.SetColAlignment(campo, alineaciones[alineacion]);
+    }
+    QStringList registros;
+    QVector<qint32> ids;
+    bool alPrincipio = true;
+    QString registro;
+    for (qint32 id; (id = xBase.ReadRecord(alPrincipio, registro, kTab)) != -1;) {
+        registros << registro;
+        ids << id;
+    }
+    xTabla.AddItems(registros, ids);
+}
+
+// Raised with the file's name and what went wrong.
+ErrorVB ErrorPdf(const QString& xArchivo, const QString& xCausa) {
+    return ErrorVB(75, QStringLiteral("report"),
+                   QStringLiteral("The file %1 cannot be written (%2)").arg(xArchivo, xCausa));
+}
+
 } // namespace
+
+std::unique_ptr<QCoreApplication> CrearAplicacion(int& xArgc, char** xArgv) {
+    if (ImprimeInforme(xArgc, xArgv)) {
+        // The library stays loaded for the life of the program: the application lives in it.
+        QLibrary modulo(CarpetaPrograma(xArgv) + QLatin1Char('/') + kModuloPdf);
+        const auto aplicacion =
+            reinterpret_cast<FabricaAplicacion>(modulo.resolve("PandrelAplicacionGrafica"));
+        gImpresoraPdf = reinterpret_cast<FabricaImpresora>(modulo.resolve("PandrelImpresoraPdf"));
+        if (aplicacion && gImpresoraPdf)
+            return std::unique_ptr<QCoreApplication>(aplicacion(&xArgc, xArgv));
+        gErrorModulo = modulo.errorString();
+        gImpresoraPdf = nullptr;
+    }
+    return std::make_unique<QCoreApplication>(xArgc, xArgv);
+}
+
+std::optional<QString> LeerOrdenInforme(const QStringList& xArgumentos) {
+    if (xArgumentos.size() != 3 || xArgumentos[1] != QLatin1String("--pdf")) return std::nullopt;
+    return xArgumentos[2];
+}
+
+void Informe(clsPDBInterface& xBase, const QString& xNombre, const QString& xArchivo) {
+    if (!gImpresoraPdf)
+        throw ErrorVB(482, QStringLiteral("report"),
+                      QStringLiteral("The PDF printer cannot be loaded: ") + gErrorModulo);
+    clsGrillaFlexible tabla;
+    LlenarGrilla(xBase, tabla);
+
+    // The report is printed beside its name and put in place when whole.
+    const QString destino = QFileInfo(xArchivo).absoluteFilePath();
+    QTemporaryFile temporal(destino + QStringLiteral(".XXXXXX"));
+    if (!temporal.open()) throw ErrorPdf(destino, temporal.errorString());
+    temporal.close();
+    const QString nombreTemporal = temporal.fileName();
+    std::shared_ptr<clsImpresora> impresora(gImpresoraPdf(&nombreTemporal));
+    const modImpresionGRD::DialogoImpresora pdf{
+        [&](qint32& xCopias) {
+            xCopias = 1;
+            return impresora;
+        },
+        [](const QString& xTexto, const QString& xTitulo) { throw ErrorVB(482, xTitulo, xTexto); },
+        {}};
+    modInformeBase::ImprimirInforme(
+        xBase, QStringLiteral("Explorer [") + xNombre + QLatin1Char(']'), tabla, pdf);
+    impresora.reset();
+    temporal.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner |
+                            QFileDevice::ReadGroup | QFileDevice::ReadOther);
+    if (std::rename(QFile::encodeName(nombreTemporal).constData(),
+                    QFile::encodeName(destino).constData()) != 0)
+        throw ErrorPdf(destino, QString::fromLocal8Bit(std::strerror(errno)));
+}
 
 std::optional<OrdenExportar> LeerOrdenExportar(const QStringList& xArgumentos) {
     if (xArgumentos.size() < 2) return std::nullopt;

@@ -47,6 +47,7 @@ const char* const kUso =
     "  categories DB\n"
     "  info\n"
     "  export DB FILE [--csv] [--rfc4180]\n"
+    "  report DB --pdf FILE\n"
     "  batch                  commands from stdin, one per line, each followed by #end STATUS\n"
     "The handheld is a folder of .pdb/.prc files (default: the sample's working copy).\n"
     "--encoding names the handheld's code page, over the one its Handheld.ini names.\n"
@@ -322,6 +323,13 @@ void Exportar(const Contexto& xContexto) {
     xContexto.Salida.Linea(modComandosInforme::Exportar(xContexto.Base, *orden));
 }
 
+void Informe(const Contexto& xContexto) {
+    const auto archivo = modComandosInforme::LeerOrdenInforme(xContexto.Argumentos);
+    if (!archivo) throw ErrorUso();
+    Abrir(xContexto);
+    modComandosInforme::Informe(xContexto.Base, Argumento(xContexto, 0), *archivo);
+}
+
 using Comando = std::function<void(const Contexto&)>;
 
 const std::map<QString, Comando>& Comandos() {
@@ -332,7 +340,8 @@ const std::map<QString, Comando>& Comandos() {
         {QStringLiteral("update"), Actualizar},    {QStringLiteral("add"), Agregar},
         {QStringLiteral("delete"), Borrar},        {QStringLiteral("delete-all"), BorrarTodos},
         {QStringLiteral("attributes"), Atributos}, {QStringLiteral("categories"), Categorias},
-        {QStringLiteral("info"), Informacion},     {QStringLiteral("export"), Exportar}};
+        {QStringLiteral("info"), Informacion},     {QStringLiteral("export"), Exportar},
+        {QStringLiteral("report"), Informe}};
     return comandos;
 }
 
@@ -447,7 +456,7 @@ int Ejecutar(const LineaComandos& xLinea) {
 } // namespace
 
 int main(int argc, char** argv) {
-    QCoreApplication aplicacion(argc, argv);
+    const auto aplicacion = modComandosInforme::CrearAplicacion(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("Pandrel"));
     CargarMensajes();
     try {

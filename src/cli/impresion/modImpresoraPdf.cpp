@@ -1,0 +1,51 @@
+// The part of pandrel-cli that draws: loaded only by the commands that print, so every other
+// command starts without the graphics libraries. It makes the application object able to draw
+// (on Qt's offscreen platform unless another is asked for) and the printer that writes a PDF file.
+
+#include "common/ErrorVB.h"
+#include "printing/clsImpresoraQt.h"
+
+#include <QGuiApplication>
+#include <QMarginsF>
+#include <QPageLayout>
+#include <QPageSize>
+#include <QPrinter>
+#include <cstdio>
+
+namespace {
+
+// The printer owns the PDF printer it paints on.
+struct ConPdf {
+    explicit ConPdf(const QString& xArchivo) : mPdf(QPrinter::HighResolution) {
+        mPdf.setOutputFormat(QPrinter::PdfFormat);
+        mPdf.setOutputFileName(xArchivo);
+        // A Letter sheet with quarter-inch margins, the sheet the report's widths are made for.
+        mPdf.setPageLayout(QPageLayout(QPageSize(QPageSize::Letter), QPageLayout::Portrait,
+                                       QMarginsF(18, 18, 18, 18), QPageLayout::Point));
+    }
+    QPrinter mPdf;
+};
+
+class clsImpresoraPdf : private ConPdf, public clsImpresoraQt {
+public:
+    explicit clsImpresoraPdf(const QString& xArchivo) : ConPdf(xArchivo), clsImpresoraQt(mPdf) {}
+};
+
+// The platform's notes (a missing runtime folder, say) are not the program's: stderr carries only
+// its errors and warnings.
+void SoloErroresGraves(QtMsgType xTipo, const QMessageLogContext&, const QString& xMensaje) {
+    if (xTipo == QtCriticalMsg || xTipo == QtFatalMsg)
+        std::fprintf(stderr, "%s\n", qUtf8Printable(xMensaje));
+}
+
+} // namespace
+
+extern "C" Q_DECL_EXPORT QCoreApplication* PandrelAplicacionGrafica(int* xArgc, char** xArgv) {
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    qInstallMessageHandler(SoloErroresGraves);
+    return new QGuiApplication(*xArgc, xArgv);
+}
+
+extern "C" Q_DECL_EXPORT clsImpresora* PandrelImpresoraPdf(const QString* xArchivo) {
+    return new clsImpresoraPdf(*xArchivo);
+}
