@@ -1,10 +1,13 @@
 // Times the windows on the benchmark handhelds that bench-inputs builds (FOLDER/many, FOLDER/big):
 //   start-up   the program opened on 1,000 databases until its first explorer shows the tree;
 //   choose     choosing the 65,535-record AppForge database until its panels and first batch show;
-//   all        the same with the batch size -1 (every record).
+//   all        the same with the batch size -1 (every record);
+//   export     Export pressed after the first batch: every other record loaded, then the
+//              tab-delimited file written (FOLDER/window-export.txt).
 // Usage: bench-explorador FOLDER [REPETITIONS]. Runs on the offscreen platform unless told.
 
 #include "shell/frmInicio.h"
+#include "shell/modDialogos.h"
 #include "shell/modMain.h"
 
 #include <QAction>
@@ -14,6 +17,7 @@
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QToolBar>
 #include <QTreeWidget>
 #include <algorithm>
 #include <cstdio>
@@ -103,6 +107,32 @@ int main(int argc, char** argv) {
                 repeticiones);
     const auto* recuperados = explorador->findChild<QLabel*>(QStringLiteral("lblTotalRecuperado"));
     std::printf("choose it with every record (-1): median %.1f ms (%s rows)\n", Mediana(todas),
+                qPrintable(recuperados->text()));
+
+    // Export from the first batch, the file replaced each time.
+    const QString salida = carpeta + QStringLiteral("/window-export.txt");
+    modDialogos::ResponderArchivos(
+        [&](const modDialogos::PeticionArchivo&, QString*) { return salida; });
+    modDialogos::ResponderMensajes(
+        [](const modDialogos::PeticionMensaje&) { return QMessageBox::Yes; });
+    QAction* exportar = nullptr;
+    for (QAction* boton :
+         explorador->findChild<QToolBar*>(QStringLiteral("tlbOpciones"))->actions())
+        if (boton->data().toString() == QStringLiteral("Exportar")) exportar = boton;
+    QVector<double> exportaciones;
+    for (int i = 0; i < repeticiones; ++i) {
+        cantidad->setText(QStringLiteral("40"));
+        Elegir(arbol, grande);
+        QElapsedTimer reloj;
+        reloj.start();
+        exportar->trigger();
+        QApplication::processEvents();
+        exportaciones << Milisegundos(reloj);
+    }
+    std::printf("export after the first batch (every record loaded, then written): median %.1f ms, "
+                "worst %.1f ms (%s rows)\n",
+                Mediana(exportaciones),
+                *std::max_element(exportaciones.begin(), exportaciones.end()),
                 qPrintable(recuperados->text()));
     inicio->close();
     return 0;

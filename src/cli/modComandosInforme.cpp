@@ -5,6 +5,7 @@
 #include "data/modFuncionesConversion.h"
 #include "data/modHandheld.h"
 #include "explorer/clsGrillaFlexible.h"
+#include "explorer/clsNavegadorRegistros.h"
 #include "printing/clsImpresora.h"
 #include "printing/modInformeBase.h"
 
@@ -61,34 +62,6 @@ QString CarpetaPrograma(char** xArgv) {
     return QFileInfo(programa).absolutePath();
 }
 
-// The explorer's records grid for the open database: the titles in the header row, every
-// record in a row of its own, each field's width and alignment as the explorer lays them out.
-void LlenarGrilla(clsPDBInterface& xBase, clsGrillaFlexible& xTabla) {
-    const qint16 campos = xBase.NumFields();
-    xTabla.SetCols(campos + 1);
-    xTabla.AddItem(xBase.FieldsTitles(kTab));
-    xTabla.SetColWidth(campos, 0);
-    static const qint32 alineaciones[] = {clsGrillaFlexible::DerechaArriba,
-                                          clsGrillaFlexible::IzquierdaCentro,
-                                          clsGrillaFlexible::CentroCentro};
-    for (qint32 campo = 0; campo < campos; ++campo) {
-        const qint32 alineacion = xBase.FieldAlignment(campo);
-        const bool texto = alineacion == 1 && xBase.FieldType(campo) == QLatin1String("String");
-        xTabla.SetColWidth(campo, texto ? 2000 : 1000);
-        if (alineacion >= 0 && alineacion <= 2)
-            xTabla.SetColAlignment(campo, alineaciones[alineacion]);
-    }
-    QStringList registros;
-    QVector<qint32> ids;
-    bool alPrincipio = true;
-    QString registro;
-    for (qint32 id; (id = xBase.ReadRecord(alPrincipio, registro, kTab)) != -1;) {
-        registros << registro;
-        ids << id;
-    }
-    xTabla.AddItems(registros, ids);
-}
-
 // Raised with the file's name and what went wrong.
 ErrorVB ErrorPdf(const QString& xArchivo, const QString& xCausa) {
     return ErrorVB(75, QStringLiteral("report"),
@@ -121,8 +94,13 @@ void Informe(clsPDBInterface& xBase, const QString& xNombre, const QString& xArc
     if (!gImpresoraPdf)
         throw ErrorVB(482, QStringLiteral("report"),
                       QStringLiteral("The PDF printer cannot be loaded: ") + gErrorModulo);
+    // The explorer's records grid holding every record.
     clsGrillaFlexible tabla;
-    LlenarGrilla(xBase, tabla);
+    clsGrillaFlexible campos;
+    clsNavegadorRegistros navegador(tabla);
+    navegador.EstablecerBase(&xBase);
+    navegador.CargarFormatoTabla(campos);
+    navegador.CargarTodos();
 
     // The report is printed beside its name and put in place when whole.
     const QString destino = QFileInfo(xArchivo).absoluteFilePath();

@@ -32,8 +32,8 @@ class QTreeWidgetItem;
 // The class is written in units by concern: frmPandrel.cpp (the window, its controls, start-up
 // and memory panels), frmPandrelArbol.cpp (the tree and the node choice), frmPandrelPaneles.cpp
 // (the information, schema and application panels), frmPandrelRegistros.cpp (the records grid and
-// the record panel) and frmPandrelEdicion.cpp (the record toolbar and keys). The records' rules
-// live in clsNavegadorRegistros.
+// the record panel), frmPandrelEdicion.cpp (the record toolbar and keys) and
+// frmPandrelExportar.cpp (export and print). The records' rules live in clsNavegadorRegistros.
 class frmPandrel : public QWidget {
     Q_OBJECT
 public:
@@ -122,7 +122,8 @@ private:
     QWidget* CrearSelectorCantidad();
     void CargarFormatoTabla();
     void CargarCategorias();
-    void CargarTabla(bool xReiniciar, qint16 xCantidad);
+    // Returns false when the loading failed (and the failure was shown).
+    bool CargarTabla(bool xReiniciar, qint16 xCantidad);
     void CargarInformacionRegistro();
     void GuardarAtributos();
     void grdTabla_RowColChange();
@@ -147,6 +148,11 @@ private:
     void EliminarTodos();
     void BuscarRegistro();
     void RecargarBaseElegida();
+
+    // frmPandrelExportar.cpp
+    void ExportarInformacion();
+    bool ValidarArchivoExportacion(const QString& xArchivo);
+    void Imprimir();
 
     std::unique_ptr<clsPDBInterface> mBase;
     bool mOcupado = false;          // loading or processing a node choice

@@ -38,6 +38,10 @@ void frmPandrel::tlbOpciones_ButtonClick(QAction* xBoton) {
         BuscarRegistro();
     else if (clave == QStringLiteral("EliminarTodos"))
         EliminarTodos();
+    else if (clave == QStringLiteral("Exportar"))
+        ExportarInformacion();
+    else if (clave == QStringLiteral("Imprimir"))
+        Imprimir();
 }
 
 void frmPandrel::PresionarBoton(const QString& xClave) {

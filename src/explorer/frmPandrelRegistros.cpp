@@ -228,8 +228,8 @@ void frmPandrel::CargarCategorias() {
     });
 }
 
-void frmPandrel::CargarTabla(bool xReiniciar, qint16 xCantidad) {
-    Atrapar(QStringLiteral("CargarTabla"), [this, xReiniciar, xCantidad] {
+bool frmPandrel::CargarTabla(bool xReiniciar, qint16 xCantidad) {
+    return Atrapar(QStringLiteral("CargarTabla"), [this, xReiniciar, xCantidad] {
         const clsGrillaFlexible& tabla = grdTabla->Grilla();
         {
             QScopedValueRollback<bool> llenando(mLlenandoGrilla, true);

@@ -45,6 +45,11 @@ QString NombreConExtension(const QString& xNombre, int xIndiceFiltro) {
     return nombre + (xIndiceFiltro == 1 ? QStringLiteral(".txt") : QStringLiteral(".csv"));
 }
 
+int IndiceFiltro(const QString& xFiltroElegido) {
+    const qsizetype indice = kFiltros.split(QStringLiteral(";;")).indexOf(xFiltroElegido);
+    return indice < 0 ? 1 : int(indice) + 1;
+}
+
 Formato FormatoDeFiltro(int xIndiceFiltro) {
     return xIndiceFiltro == 1 ? Formato::Tabulado : Formato::Comas;
 }

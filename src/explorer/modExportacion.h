@@ -39,6 +39,8 @@ extern const QString kFiltros;
 QString NombreConExtension(const QString& xNombre, int xIndiceFiltro);
 
 Formato FormatoDeFiltro(int xIndiceFiltro);
+// The 1-based index of the filter the save dialog reports as chosen (1 when it reports none).
+int IndiceFiltro(const QString& xFiltroElegido);
 
 // The answers ValidarArchivoExportacion needs from the person.
 struct Respuestas {
