@@ -3,7 +3,7 @@
 # the build folder. Does nothing that is already done.
 set -euo pipefail
 
-packages=(cmake g++ ninja-build qt6-base-dev libgl-dev libgtest-dev fonts-liberation)
+packages=(cmake g++ ninja-build pkg-config qt6-base-dev libgl-dev libgtest-dev libzip-dev fonts-liberation)
 missing=()
 for package in "${packages[@]}"; do
     dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q "install ok installed" ||

@@ -1,10 +1,13 @@
 #include "common/ErrorVB.h"
 #include "data/clsArchivoPDB.h"
 #include "data/clsFuenteCarpeta.h"
+#include "data/clsFuenteZip.h"
+#include "support/modZipPrueba.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QMap>
 #include <QStorageInfo>
 #include <QTemporaryDir>
 #include <chrono>
@@ -128,6 +131,7 @@ public:
         QFile archivo(Ruta(xArchivo));
         ASSERT_TRUE(archivo.open(QIODevice::WriteOnly | QIODevice::Truncate));
         archivo.write(xBytes);
+        mPuestos.append(xArchivo);
     }
     void Poner(const QString& xArchivo, const clsArchivoPDB& xBase) {
         Poner(xArchivo, xBase.Escribir());
@@ -161,8 +165,13 @@ public:
     void HacerCarpetaSoloLectura() {
         QFile::setPermissions(mCarpeta, QFile::ReadOwner | QFile::ExeOwner);
     }
+    // Files left beside the handheld's own: locks, temporary files.
     QStringList Sobrantes() const {
-        return QDir(mCarpeta).entryList(QDir::Files | QDir::Hidden | QDir::NoDotAndDotDot);
+        QStringList archivos =
+            QDir(mCarpeta).entryList(QDir::Files | QDir::Hidden | QDir::NoDotAndDotDot);
+        for (const QString& puesto : mPuestos)
+            archivos.removeAll(puesto);
+        return archivos;
     }
 
     std::shared_ptr<clsFuentePalm> Crear() { return std::make_shared<clsFuenteCarpeta>(mCarpeta); }
@@ -179,6 +188,100 @@ public:
 private:
     QTemporaryDir mRaiz;
     QString mCarpeta;
+    QStringList mPuestos;
+};
+
+// A handheld that is a zip backup in a temporary directory: every change the test makes rewrites
+// the archive whole, as another program would.
+class FabricaZip {
+public:
+    FabricaZip() : mArchivo(mRaiz.filePath(QStringLiteral("Palm.zip"))) { Guardar(); }
+    ~FabricaZip() {
+        QFile::setPermissions(QFileInfo(mArchivo).absolutePath(),
+                              QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    }
+
+    // The handheld as a desktop backup of that user (<user>/Backup.zip).
+    void ComoRespaldoDe(const QString& xUsuario) {
+        QDir().mkpath(mRaiz.filePath(xUsuario));
+        mArchivo = mRaiz.filePath(xUsuario + QStringLiteral("/Backup.zip"));
+        Guardar();
+    }
+    QString NombreHandheld() const { return QFileInfo(mArchivo).completeBaseName(); }
+
+    void Poner(const QString& xArchivo, const QByteArray& xBytes) {
+        Leer();
+        mEntradas[xArchivo] = xBytes;
+        Guardar();
+    }
+    void Poner(const QString& xArchivo, const clsArchivoPDB& xBase) {
+        Poner(xArchivo, xBase.Escribir());
+    }
+    void PonerAjustes(const QByteArray& xTexto) { Poner(QStringLiteral("Handheld.ini"), xTexto); }
+    QByteArray Contenido(const QString& xArchivo) {
+        Leer();
+        return mEntradas.value(xArchivo);
+    }
+    void CambiarPorFuera(const QString& xArchivo, const clsArchivoPDB& xBase) {
+        Poner(xArchivo, xBase);
+    }
+    // Another program rewrites the archive with the same size and sets its time back.
+    void CambiarEnSuSitio(const QString& xArchivo, const QByteArray& xAntes,
+                          const QByteArray& xDespues) {
+        Leer();
+        const QDateTime hora = QFileInfo(mArchivo).lastModified();
+        ASSERT_GT(mEntradas[xArchivo].indexOf(xAntes), 0);
+        mEntradas[xArchivo].replace(xAntes, xDespues);
+        Guardar();
+        QFile archivo(mArchivo);
+        ASSERT_TRUE(archivo.open(QIODevice::ReadWrite));
+        archivo.setFileTime(hora, QFileDevice::FileModificationTime);
+    }
+    void Quitar(const QString& xArchivo) {
+        Leer();
+        mEntradas.remove(xArchivo);
+        Guardar();
+    }
+    void HacerSoloLectura(const QString&) {
+        QFile::setPermissions(mArchivo, QFile::ReadOwner | QFile::ReadGroup);
+    }
+    void HacerCarpetaSoloLectura() {
+        QFile::setPermissions(QFileInfo(mArchivo).absolutePath(),
+                              QFile::ReadOwner | QFile::ExeOwner);
+    }
+    QStringList Sobrantes() const {
+        QStringList archivos =
+            QFileInfo(mArchivo).dir().entryList(QDir::Files | QDir::Hidden | QDir::NoDotAndDotDot);
+        archivos.removeAll(QFileInfo(mArchivo).fileName());
+        return archivos;
+    }
+
+    std::shared_ptr<clsFuentePalm> Crear() { return std::make_shared<clsFuenteZip>(mArchivo); }
+    std::shared_ptr<clsFuentePalm> CrearInaccesible() {
+        return std::make_shared<clsFuenteZip>(mRaiz.filePath(QStringLiteral("nowhere.zip")));
+    }
+    static QStringList Avisos(const clsFuentePalm& xFuente) {
+        return FabricaCarpeta::Avisos(xFuente);
+    }
+    qint64 EspacioLibre() const { return QStorageInfo(mRaiz.path()).bytesAvailable(); }
+
+private:
+    // The entries as the archive holds them now: the source under test may have rewritten it.
+    void Leer() {
+        mEntradas.clear();
+        for (const auto& [nombre, bytes] : modZipPrueba::Leer(mArchivo))
+            mEntradas.insert(nombre, bytes);
+    }
+    void Guardar() {
+        modZipPrueba::Entradas entradas;
+        for (auto i = mEntradas.cbegin(); i != mEntradas.cend(); ++i)
+            entradas.append({i.key(), i.value()});
+        ASSERT_TRUE(modZipPrueba::GuardarZip(mArchivo, entradas));
+    }
+
+    QTemporaryDir mRaiz;
+    QString mArchivo;
+    QMap<QString, QByteArray> mEntradas;
 };
 
 // The suite is written against the source roles and a factory that lays databases out in a
@@ -205,7 +308,7 @@ protected:
     T mFabrica;
 };
 
-using Fabricas = ::testing::Types<FabricaCarpeta>;
+using Fabricas = ::testing::Types<FabricaCarpeta, FabricaZip>;
 TYPED_TEST_SUITE(FuenteDeBases, Fabricas);
 
 } // namespace
@@ -540,7 +643,7 @@ TYPED_TEST(FuenteDeBases, EscribirUnRegistroDejaTodoLoDemasComoEstaba) {
     EXPECT_EQ(leido.Bytes, QByteArray("DOS nuevo"));
     EXPECT_EQ(leido.Categoria, 4);
     EXPECT_EQ(leido.Atributos, 0x50);
-    EXPECT_EQ(this->mFabrica.Sobrantes(), QStringList({"v.pdb"})); // no lock or temporary left
+    EXPECT_EQ(this->mFabrica.Sobrantes(), QStringList()); // no lock or temporary left
 }
 
 TYPED_TEST(FuenteDeBases, UnRegistroNuevoRecibeElIDSiguienteAlMayor) {
@@ -685,21 +788,21 @@ TYPED_TEST(FuenteDeBases, UnaEscrituraNoCaeEnOtraBase) {
         for (const auto& escritura : escrituras)
             EsperarError(ErroresFuente::BaseCambiada, escritura, "changed on disk");
         EXPECT_EQ(fabrica.Contenido("v.pdb"), antes) << caso.Caso;
-        EXPECT_EQ(fabrica.Sobrantes(), QStringList({"v.pdb"})) << caso.Caso;
+        EXPECT_EQ(fabrica.Sobrantes(), QStringList()) << caso.Caso;
     }
 }
 
 TYPED_TEST(FuenteDeBases, UnaEscrituraQueFallaNoCambiaNada) {
     struct Caso {
         const char* Nombre;
-        std::function<void(FabricaCarpeta&)> Impedir;
+        std::function<void(TypeParam&)> Impedir;
     };
     const std::vector<Caso> casos = {
-        {"read-only file", [](FabricaCarpeta& x) { x.HacerSoloLectura("v.pdb"); }},
-        {"read-only folder", [](FabricaCarpeta& x) { x.HacerCarpetaSoloLectura(); }},
+        {"read-only file", [](TypeParam& x) { x.HacerSoloLectura("v.pdb"); }},
+        {"read-only folder", [](TypeParam& x) { x.HacerCarpetaSoloLectura(); }},
     };
     for (const Caso& caso : casos) {
-        FabricaCarpeta fabrica;
+        TypeParam fabrica;
         fabrica.Poner("v.pdb", BaseVariada());
         const QByteArray antes = fabrica.Contenido("v.pdb");
         auto fuente = fabrica.Crear();
@@ -715,7 +818,7 @@ TYPED_TEST(FuenteDeBases, UnaEscrituraQueFallaNoCambiaNada) {
             EsperarError(ErroresFuente::EscrituraFallida, escritura, "read-only");
         EXPECT_EQ(fabrica.Contenido("v.pdb"), antes) << caso.Nombre;
         EXPECT_EQ(adaptador->LeerPorID(9).Bytes, QByteArray("dos")) << caso.Nombre;
-        EXPECT_EQ(fabrica.Sobrantes(), QStringList({"v.pdb"})) << caso.Nombre;
+        EXPECT_EQ(fabrica.Sobrantes(), QStringList()) << caso.Nombre;
     }
 }
 

@@ -1,4 +1,5 @@
 #include "constructor/clsConstructorBase.h"
+#include "support/modZipPrueba.h"
 
 #include <QDir>
 #include <QFile>
@@ -268,6 +269,38 @@ TEST_F(PandrelCli, ReportPrintsThePagesToAPdfFile) {
             << fallo.Argumentos.join(' ').toStdString();
     }
     EXPECT_EQ(QDir(mCarpeta.path()).entryList({"*.pdf*"}), QStringList{"stock.pdf"});
+}
+
+// The sample zipped reads as its folder does, and an update rewrites the archive with every other
+// entry as it was.
+TEST_F(PandrelCli, AZipBackupReadsAsItsFolderAndTakesUpdates) {
+    const QString zip = mCarpeta.filePath("sample.zip");
+    ASSERT_TRUE(modZipPrueba::GuardarZip(zip, modZipPrueba::DeCarpeta(Handheld())));
+    const QList<QStringList> comandos = {{"creators", "--kind", "all"},
+                                         {"databases", "VsLg"},
+                                         {"header", "InvTrackDB"},
+                                         {"categories", "VisitLogDB"},
+                                         {"records", "InvTrackDB"},
+                                         {"records", "VisitLogDB"},
+                                         {"info"}};
+    for (const QStringList& comando : comandos) {
+        const Resultado carpeta = Ejecutar(comando);
+        const Resultado archivo = Ejecutar(QStringList{"--handheld", zip} + comando);
+        EXPECT_EQ(archivo.Estado, 0) << archivo.Errores.toStdString();
+        EXPECT_EQ(archivo.Salida, carpeta.Salida) << comando.join(' ').toStdString();
+    }
+    const modZipPrueba::Entradas antes = modZipPrueba::Leer(zip, true);
+    const QString id = Ejecutar({"records", "VisitLogDB"}).Salida.section('\t', 0, 0);
+    EXPECT_EQ(Ejecutar({"--handheld", zip, "update", "VisitLogDB", id, "0", "Zipped"}).Salida,
+              id + "\n");
+    EXPECT_EQ(Ejecutar({"--handheld", zip, "get", "VisitLogDB", id}).Salida.section('\t', 0, 0),
+              "Zipped");
+    const modZipPrueba::Entradas despues = modZipPrueba::Leer(zip, true);
+    ASSERT_EQ(despues.size(), antes.size());
+    for (int i = 0; i < antes.size(); ++i)
+        if (antes[i].first != "VisitLogDB.pdb") {
+            EXPECT_EQ(despues[i], antes[i]) << antes[i].first.toStdString();
+        }
 }
 
 TEST_F(PandrelCli, InfoShowsTheHandheld) {

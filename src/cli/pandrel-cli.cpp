@@ -31,7 +31,7 @@
 namespace {
 
 const char* const kUso =
-    "usage: pandrel-cli [--handheld DIR] [--locale NAME] [--encoding NAME] COMMAND ...\n"
+    "usage: pandrel-cli [--handheld PATH] [--locale NAME] [--encoding NAME] COMMAND ...\n"
     "commands:\n"
     "  creators [--kind appforge|other|all]\n"
     "  databases CREATOR\n"
@@ -49,7 +49,8 @@ const char* const kUso =
     "  export DB FILE [--csv] [--rfc4180]\n"
     "  report DB --pdf FILE\n"
     "  batch                  commands from stdin, one per line, each followed by #end STATUS\n"
-    "The handheld is a folder of .pdb/.prc files (default: the sample's working copy).\n"
+    "The handheld is a folder of .pdb/.prc files or a .zip backup of them (default: the sample's\n"
+    "working copy).\n"
     "--encoding names the handheld's code page, over the one its Handheld.ini names.\n"
     "SEP \\t stands for the tab character.\n";
 
@@ -443,7 +444,7 @@ int Ejecutar(const LineaComandos& xLinea) {
         !modFuncionesConversion::TablaCodigoPagina::Conocida(xLinea.CodigoPagina))
         throw ErrorVB(modFuncionesConversion::ErrorTextoNoCodificable, QStringLiteral("--encoding"),
                       QStringLiteral("The code page \"%1\" is unknown.").arg(xLinea.CodigoPagina));
-    const auto fuente = std::make_shared<clsFuenteCarpeta>(carpeta, xLinea.CodigoPagina);
+    const auto fuente = modHandheld::CrearFuente(carpeta, xLinea.CodigoPagina);
     modHandheld::EstablecerFuente(fuente);
     Sesion sesion{fuente, clsPalmPDB(fuente), QString(), QStringList()};
     if (xLinea.Comando == kLote)

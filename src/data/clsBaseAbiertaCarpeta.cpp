@@ -9,12 +9,6 @@ namespace {
 constexpr QFileDevice::Permissions PermisosEscritura =
     QFileDevice::WriteOwner | QFileDevice::WriteGroup | QFileDevice::WriteOther;
 
-// A file or folder whose write permissions are all cleared is read-only for this program even
-// when the user could override them (as an administrator can).
-bool SoloLectura(const QFileInfo& xInfo) {
-    return !xInfo.isWritable() || (xInfo.permissions() & PermisosEscritura) == 0;
-}
-
 // True when the file holds exactly xBytes. It is compared piece by piece, so that checking a
 // large database for another writer's change does not need a second copy of it.
 bool MismoContenido(clsLecturaArchivo& xArchivo, const QByteArray& xBytes) {
@@ -46,6 +40,12 @@ clsBaseAbiertaCarpeta::clsBaseAbiertaCarpeta(std::shared_ptr<clsCatalogoCarpeta>
     if (static_cast<const CabeceraPDB&>(Disposicion()) != xFicha.Cabecera ||
         Disposicion().Entradas != xFicha.Entradas)
         Tomado();
+}
+
+// A file or folder whose write permissions are all cleared is read-only for this program even
+// when the user could override them (as an administrator can).
+bool clsBaseAbiertaCarpeta::SoloLectura(const QFileInfo& xInfo) {
+    return !xInfo.isWritable() || (xInfo.permissions() & PermisosEscritura) == 0;
 }
 
 QString clsBaseAbiertaCarpeta::ArchivoCandado() const {

@@ -3,6 +3,7 @@
 #include "data/clsBaseAbierta.h"
 #include "data/clsCatalogoCarpeta.h"
 
+#include <QFileInfo>
 #include <QString>
 #include <memory>
 
@@ -19,6 +20,10 @@ public:
     clsBaseAbiertaCarpeta(std::shared_ptr<clsCatalogoCarpeta> xCatalogo,
                           const FichaBaseCarpeta& xFicha, const QString& xNombre,
                           ContenidoArchivo xContenido, const QString& xOperacion);
+
+    // True when this program must not write the file or folder: also when all its write
+    // permissions are cleared, though the user could override them (as an administrator can).
+    static bool SoloLectura(const QFileInfo& xInfo);
 
 protected:
     QString ArchivoCandado() const override;

@@ -1,6 +1,7 @@
 #include "data/clsCatalogoCarpeta.h"
 
 #include "common/ErrorVB.h"
+#include "data/clsBaseAbiertaCarpeta.h"
 #include "data/clsFuentePalm.h"
 #include "data/clsLectorBytes.h"
 #include "data/modFuncionesConversion.h"
@@ -21,6 +22,7 @@
 namespace {
 
 const QString CodigoPaginaPredeterminado = QStringLiteral("windows-1252");
+const QString NombreIni = QStringLiteral("Handheld.ini");
 
 // Most headers and entry lists of a folder's files fit in one read of this size.
 constexpr qint64 PrimeraLectura = 4096;
@@ -49,8 +51,13 @@ bool EsBase(const char* xNombre) {
 } // namespace
 
 clsCatalogoCarpeta::clsCatalogoCarpeta(const QString& xCarpeta, const QString& xCodigoPagina)
-    : mCarpeta(QDir(xCarpeta).absolutePath()), mCodigoPagina(CodigoPaginaPredeterminado) {
-    const QString pedido = xCodigoPagina.isEmpty() ? CodigoPaginaPedido(mCarpeta) : xCodigoPagina;
+    : clsCatalogoCarpeta(QDir(xCarpeta).absolutePath(), xCodigoPagina,
+                         CodigoPaginaPedido(QDir(xCarpeta).absolutePath())) {}
+
+clsCatalogoCarpeta::clsCatalogoCarpeta(const QString& xUbicacion, const QString& xCodigoPagina,
+                                       const QString& xCodigoPaginaIni)
+    : mCarpeta(xUbicacion), mCodigoPagina(CodigoPaginaPredeterminado) {
+    const QString pedido = xCodigoPagina.isEmpty() ? xCodigoPaginaIni : xCodigoPagina;
     if (!pedido.isEmpty() && modFuncionesConversion::TablaCodigoPagina::Conocida(pedido))
         mCodigoPagina = pedido;
     else if (!pedido.isEmpty())
@@ -84,6 +91,41 @@ quint32 clsCatalogoCarpeta::SegundosPalm(const QDateTime& xFecha) {
     qint32 posicion = 0;
     modFuncionesConversion::EscribirFecha(campo, posicion, xFecha);
     return qFromBigEndian<quint32>(campo.constData());
+}
+
+QString clsCatalogoCarpeta::NombreHandheld() const {
+    return QDir(mCarpeta).dirName();
+}
+
+EstadoArchivo clsCatalogoCarpeta::EstadoDe(const QString& xRuta) const {
+    return clsLecturaArchivo::EstadoDe(xRuta);
+}
+
+std::unique_ptr<clsBaseAbierta> clsCatalogoCarpeta::AbrirBase(const FichaBaseCarpeta& xFicha,
+                                                              const QString& xNombre,
+                                                              ContenidoArchivo xContenido,
+                                                              const QString& xOperacion) {
+    return std::make_unique<clsBaseAbiertaCarpeta>(shared_from_this(), xFicha, xNombre,
+                                                   std::move(xContenido), xOperacion);
+}
+
+QVariantMap clsCatalogoCarpeta::Ajustes(const QString& xOperacion) {
+    Actualizar(); // raises when the folder cannot be read
+    const QString ruta = QDir(mCarpeta).filePath(NombreIni);
+    const QFileInfo info(ruta);
+    if (!info.exists()) return {};
+    // Only a regular file is read: a FIFO would block the reading.
+    QFile prueba(ruta);
+    const bool legible = info.isFile() && prueba.open(QIODevice::ReadOnly);
+    const QSettings ajustes(legible ? ruta : QString(), QSettings::IniFormat);
+    if (!legible || ajustes.status() != QSettings::NoError)
+        throw ErrorVB(ErroresFuente::HandheldInaccesible, xOperacion,
+                      QStringLiteral("%1 of the handheld folder \"%2\" cannot be read.")
+                          .arg(NombreIni, mCarpeta));
+    QVariantMap valores;
+    for (const QString& clave : ajustes.allKeys())
+        valores.insert(clave, ajustes.value(clave));
+    return valores;
 }
 
 void clsCatalogoCarpeta::ComprobarCarpeta() const {
@@ -133,37 +175,48 @@ clsCatalogoCarpeta::Lectura clsCatalogoCarpeta::Leer(const QString& xRuta) {
     }
     lectura.Estado = archivo.Estado();
     lectura.Presente = true;
-    const qint64 tamano = lectura.Estado.Tamano;
+    Interpretar(lectura, xRuta,
+                [&archivo](qint64 xDesde, qint64 xCantidad, QByteArray& xBytes, QString& xError) {
+                    if (archivo.Leer(xDesde, xCantidad, xBytes)) return true;
+                    xError = archivo.Error();
+                    return false;
+                });
+    return lectura;
+}
+
+void clsCatalogoCarpeta::Interpretar(Lectura& xLectura, const QString& xRuta,
+                                     const LectorBytes& xLeer) {
+    const qint64 tamano = xLectura.Estado.Tamano;
     QByteArray inicio;
-    if (!archivo.Leer(0, qMin(tamano, PrimeraLectura), inicio)) {
-        lectura.Motivo = QStringLiteral("it cannot be read (%1)").arg(archivo.Error());
-        return lectura;
+    QString error;
+    if (!xLeer(0, qMin(tamano, PrimeraLectura), inicio, error)) {
+        xLectura.Motivo = QStringLiteral("it cannot be read (%1)").arg(error);
+        return;
     }
     clsLectorBytes lectorNombre(QByteArrayView(inicio).first(qMin<qsizetype>(inicio.size(), 32)));
     QByteArrayView nombre;
-    if (lectorNombre.LeerTextoTerminado(nombre)) lectura.NombreLeido = Decodificar(nombre);
+    if (lectorNombre.LeerTextoTerminado(nombre)) xLectura.NombreLeido = Decodificar(nombre);
     try {
         const qint64 indice = clsArchivoPDB::TamanoIndice(inicio);
         if (indice > inicio.size() && indice <= tamano &&
-            !archivo.Leer(inicio.size(), indice - inicio.size(), inicio)) {
-            lectura.Motivo = QStringLiteral("it cannot be read (%1)").arg(archivo.Error());
-            return lectura;
+            !xLeer(inicio.size(), indice - inicio.size(), inicio, error)) {
+            xLectura.Motivo = QStringLiteral("it cannot be read (%1)").arg(error);
+            return;
         }
         const DisposicionPDB disposicion = clsArchivoPDB::Analizar(inicio, tamano, true);
-        lectura.Ficha = {xRuta,  lectura.NombreLeido, disposicion, disposicion.Entradas,
-                         tamano, lectura.Estado};
-        lectura.Valida = true;
+        xLectura.Ficha = {xRuta,  xLectura.NombreLeido, disposicion, disposicion.Entradas,
+                          tamano, xLectura.Estado};
+        xLectura.Valida = true;
     } catch (const ErrorFormatoPDB& error) {
-        lectura.Motivo = QString::fromStdString(error.what());
+        xLectura.Motivo = QString::fromStdString(error.what());
     }
-    return lectura;
 }
 
 const clsCatalogoCarpeta::Lectura& clsCatalogoCarpeta::LeerConCache(const QString& xRuta) {
     const auto encontrada = mCache.constFind(xRuta);
     // The look at the file is spared when what was read cannot be proved by one.
     if (encontrada != mCache.constEnd() && encontrada->Estado.Seguro(encontrada->Momento) &&
-        encontrada->Estado.SinCambios(clsLecturaArchivo::EstadoDe(xRuta), encontrada->Momento))
+        encontrada->Estado.SinCambios(EstadoDe(xRuta), encontrada->Momento))
         return *encontrada;
     return *mCache.insert(xRuta, Leer(xRuta));
 }

@@ -9,7 +9,12 @@
 #include <QString>
 #include <QStringDecoder>
 #include <QStringList>
+#include <QVariantMap>
 #include <QVector>
+#include <functional>
+#include <memory>
+
+class clsBaseAbierta;
 
 // One database of the folder, as its header describes it.
 struct FichaBaseCarpeta {
@@ -38,13 +43,28 @@ struct ContenidoArchivo {
 // lookups by name answer from what the catalogue knows without touching the disk; opening a
 // database reads its file, which tells whether it changed, and the writes of this program update
 // the catalogue as they land.
-class clsCatalogoCarpeta {
+//
+// Another store of database files (an archive) derives from it and supplies how files are
+// listed, looked at, read and opened for writing; the rules above stay the same.
+class clsCatalogoCarpeta : public std::enable_shared_from_this<clsCatalogoCarpeta> {
 public:
     // xCodigoPagina, when not empty, is the code page of the handheld's texts whatever
     // Handheld.ini says.
     explicit clsCatalogoCarpeta(const QString& xCarpeta, const QString& xCodigoPagina = QString());
+    virtual ~clsCatalogoCarpeta() = default;
 
+    // Where the handheld is: the folder (or the archive) as an absolute path.
     const QString& Carpeta() const { return mCarpeta; }
+    // The handheld's own name where it has no other: the folder's name.
+    virtual QString NombreHandheld() const;
+    // The values of Handheld.ini by "Section/Key"; none when there is no Handheld.ini. Raises
+    // HandheldInaccesible when the handheld or its Handheld.ini cannot be read.
+    virtual QVariantMap Ajustes(const QString& xOperacion);
+    // The open database of xFicha, whose whole file xContenido was just read.
+    virtual std::unique_ptr<clsBaseAbierta> AbrirBase(const FichaBaseCarpeta& xFicha,
+                                                      const QString& xNombre,
+                                                      ContenidoArchivo xContenido,
+                                                      const QString& xOperacion);
     // The handheld's code page: [Handheld] Encoding of Handheld.ini, windows-1252 by default.
     const QString& CodigoPagina() const { return mCodigoPagina; }
     QString Decodificar(QByteArrayView xTexto) const;
@@ -77,7 +97,12 @@ public:
     static QDateTime FechaPalm(quint32 xSegundos);
     static quint32 SegundosPalm(const QDateTime& xFecha);
 
-private:
+protected:
+    // For a derived store: xUbicacion is absolute, xCodigoPaginaIni the code page its
+    // Handheld.ini names ("" without one).
+    clsCatalogoCarpeta(const QString& xUbicacion, const QString& xCodigoPagina,
+                       const QString& xCodigoPaginaIni);
+
     struct Lectura {
         EstadoArchivo Estado;
         qint64 Momento = 0;
@@ -88,14 +113,26 @@ private:
         QString Motivo;      // why the file is not a database
     };
 
-    Lectura Leer(const QString& xRuta);
+    // Appends to xBytes xCantidad bytes of a file from xDesde on (fewer at its end); false, with
+    // xError set, when they cannot be read.
+    using LectorBytes =
+        std::function<bool(qint64 xDesde, qint64 xCantidad, QByteArray& xBytes, QString& xError)>;
+    // Fills a reading whose Estado gives the file's size from the file's header and entry list.
+    void Interpretar(Lectura& xLectura, const QString& xRuta, const LectorBytes& xLeer);
+
+    // The store's part: the paths of its database files (sorted), a look at one, its reading.
+    virtual QStringList Archivos() const;
+    virtual EstadoArchivo EstadoDe(const QString& xRuta) const;
+    virtual Lectura Leer(const QString& xRuta);
+    virtual bool LeerContenido(const FichaBaseCarpeta& xFicha, ContenidoArchivo& xContenido,
+                               QString& xError);
+    // Raises HandheldInaccesible when the store cannot be read.
+    virtual void ComprobarCarpeta() const;
+
+private:
     // The file's reading, from the cache when a look at the file shows it unchanged. A file
     // that is gone gives a reading whose state says so.
     const Lectura& LeerConCache(const QString& xRuta);
-    static bool LeerContenido(const FichaBaseCarpeta& xFicha, ContenidoArchivo& xContenido,
-                              QString& xError);
-    QStringList Archivos() const;
-    void ComprobarCarpeta() const;
     [[noreturn]] void Falta(const QString& xNombre, const QString& xArchivoConocido,
                             const QString& xOperacion) const;
 

@@ -4,8 +4,13 @@
 #include "data/clsGestorCarpeta.h"
 #include "data/clsSistemaCarpeta.h"
 
+#include <utility>
+
 clsFuenteCarpeta::clsFuenteCarpeta(const QString& xCarpeta, const QString& xCodigoPagina)
     : mCatalogo(std::make_shared<clsCatalogoCarpeta>(xCarpeta, xCodigoPagina)) {}
+
+clsFuenteCarpeta::clsFuenteCarpeta(std::shared_ptr<clsCatalogoCarpeta> xCatalogo)
+    : mCatalogo(std::move(xCatalogo)) {}
 
 std::unique_ptr<clsGestorBases> clsFuenteCarpeta::CrearGestor() {
     return std::make_unique<clsGestorCarpeta>(mCatalogo);

@@ -29,6 +29,10 @@ public:
     // What the last reading of the folder found wrong, one sentence each.
     QStringList Avisos() const;
 
+protected:
+    // A source over another store of database files (see clsCatalogoCarpeta).
+    explicit clsFuenteCarpeta(std::shared_ptr<clsCatalogoCarpeta> xCatalogo);
+
 private:
     std::shared_ptr<clsCatalogoCarpeta> mCatalogo;
 };

@@ -3,7 +3,7 @@
 #include "common/ErrorVB.h"
 #include "data/clsAdaptadorRecursosCarpeta.h"
 #include "data/clsAdaptadorRegistrosCarpeta.h"
-#include "data/clsBaseAbiertaCarpeta.h"
+#include "data/clsBaseAbierta.h"
 #include "data/clsInfoBaseCarpeta.h"
 
 #include <utility>
@@ -47,12 +47,12 @@ clsGestorCarpeta::EnumerarBases(const QString& xCreador, const QString& xTipo, b
     return nullptr;
 }
 
-std::unique_ptr<clsBaseAbiertaCarpeta>
-clsGestorCarpeta::Abrir(const QString& xNombre, bool xRecursos, const QString& xOperacion) {
+std::unique_ptr<clsBaseAbierta> clsGestorCarpeta::Abrir(const QString& xNombre, bool xRecursos,
+                                                        const QString& xOperacion) {
     FichaBaseCarpeta ficha;
     ContenidoArchivo contenido = mCatalogo->Contenido(xNombre, xOperacion, ficha);
-    auto base = std::make_unique<clsBaseAbiertaCarpeta>(mCatalogo, ficha, xNombre,
-                                                        std::move(contenido), xOperacion);
+    std::unique_ptr<clsBaseAbierta> base =
+        mCatalogo->AbrirBase(ficha, xNombre, std::move(contenido), xOperacion);
     const DisposicionPDB& disposicion = base->Disposicion();
     QString motivo;
     if (mCatalogo->Decodificar(disposicion.Nombre) != xNombre)

@@ -27,8 +27,8 @@ public:
     static QString Codigo(quint32 xCodigo);
 
 private:
-    std::unique_ptr<class clsBaseAbiertaCarpeta> Abrir(const QString& xNombre, bool xRecursos,
-                                                       const QString& xOperacion);
+    std::unique_ptr<class clsBaseAbierta> Abrir(const QString& xNombre, bool xRecursos,
+                                                const QString& xOperacion);
 
     std::shared_ptr<clsCatalogoCarpeta> mCatalogo;
     QVector<FichaBaseCarpeta> mEnumeracion;

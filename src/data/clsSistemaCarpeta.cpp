@@ -3,9 +3,7 @@
 #include "common/ErrorVB.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
-#include <QSettings>
 #include <QStorageInfo>
 #include <utility>
 
@@ -27,22 +25,7 @@ clsSistemaCarpeta::clsSistemaCarpeta(std::shared_ptr<clsCatalogoCarpeta> xCatalo
     : mCatalogo(std::move(xCatalogo)) {}
 
 QVariantMap clsSistemaCarpeta::Ajustes(const QString& xOperacion) const {
-    mCatalogo->Actualizar(); // raises when the folder cannot be read
-    const QString ruta = QDir(mCatalogo->Carpeta()).filePath(NombreIni);
-    const QFileInfo info(ruta);
-    if (!info.exists()) return {};
-    // Only a regular file is read: a FIFO would block the reading.
-    QFile prueba(ruta);
-    const bool legible = info.isFile() && prueba.open(QIODevice::ReadOnly);
-    const QSettings ajustes(legible ? ruta : QString(), QSettings::IniFormat);
-    if (!legible || ajustes.status() != QSettings::NoError)
-        throw ErrorVB(ErroresFuente::HandheldInaccesible, xOperacion,
-                      QStringLiteral("%1 of the handheld folder \"%2\" cannot be read.")
-                          .arg(NombreIni, mCatalogo->Carpeta()));
-    QVariantMap valores;
-    for (const QString& clave : ajustes.allKeys())
-        valores.insert(clave, ajustes.value(clave));
-    return valores;
+    return mCatalogo->Ajustes(xOperacion);
 }
 
 void clsSistemaCarpeta::ValorInvalido(const QString& xOperacion, const QString& xClave,
@@ -106,7 +89,7 @@ TarjetaPalm clsSistemaCarpeta::TarjetaMemoria() {
     tarjeta.TamanoRam = Entero(ajustes, "Card/RamSize", tamanoBases, operacion);
     tarjeta.RamLibre = Entero(ajustes, "Card/FreeRam",
                               QStorageInfo(mCatalogo->Carpeta()).bytesAvailable(), operacion);
-    tarjeta.Nombre = Texto(ajustes, "Card/Name", QDir(mCatalogo->Carpeta()).dirName());
+    tarjeta.Nombre = Texto(ajustes, "Card/Name", mCatalogo->NombreHandheld());
     tarjeta.Fabricante = Texto(ajustes, "Card/Manufacturer", QString());
     tarjeta.CantidadBasesRom =
         static_cast<qint32>(Entero(ajustes, "Card/RomDbCount", 0, operacion));
@@ -118,11 +101,10 @@ TarjetaPalm clsSistemaCarpeta::TarjetaMemoria() {
 UsuarioPalm clsSistemaCarpeta::InformacionUsuario() {
     const QString operacion = QStringLiteral("InformacionUsuario");
     const QVariantMap ajustes = Ajustes(operacion);
-    QDir carpeta(mCatalogo->Carpeta());
+    // A desktop backup is <user>/Backup (or <user>/Backup.zip).
     QString nombre;
-    if (carpeta.dirName().compare(QLatin1String("Backup"), Qt::CaseInsensitive) == 0 &&
-        carpeta.cdUp())
-        nombre = carpeta.dirName();
+    if (mCatalogo->NombreHandheld().compare(QLatin1String("Backup"), Qt::CaseInsensitive) == 0)
+        nombre = QFileInfo(mCatalogo->Carpeta()).dir().dirName();
     UsuarioPalm usuario;
     usuario.Nombre = Texto(ajustes, "User/Name", nombre);
     usuario.Clave = Texto(ajustes, "User/Password", QString());

@@ -1,6 +1,9 @@
 #include "data/modHandheld.h"
 
 #include "common/ErrorVB.h"
+#include "data/clsFuenteZip.h"
+
+#include <QFileInfo>
 
 #include <utility>
 
@@ -12,6 +15,17 @@ std::shared_ptr<clsFuentePalm>& Fuente() {
 } // namespace
 
 namespace modHandheld {
+
+bool EsArchivo(const QString& xRuta) {
+    const QFileInfo info(xRuta);
+    return info.isFile() || (!info.exists() &&
+                             info.suffix().compare(QLatin1String("zip"), Qt::CaseInsensitive) == 0);
+}
+
+std::shared_ptr<clsFuenteCarpeta> CrearFuente(const QString& xRuta, const QString& xCodigoPagina) {
+    if (EsArchivo(xRuta)) return std::make_shared<clsFuenteZip>(xRuta, xCodigoPagina);
+    return std::make_shared<clsFuenteCarpeta>(xRuta, xCodigoPagina);
+}
 
 void EstablecerFuente(std::shared_ptr<clsFuentePalm> xFuente) {
     Fuente() = std::move(xFuente);

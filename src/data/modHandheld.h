@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/clsFuenteCarpeta.h"
 #include "data/clsFuentePalm.h"
 
 #include <QString>
@@ -8,6 +9,12 @@
 // The handheld the program works on. Every clsPalmPDB and clsPalmInformation made without an
 // explicit source uses this one.
 namespace modHandheld {
+// The handheld at xRuta: a zip backup when it is a file, a folder of database files otherwise.
+// xCodigoPagina, when not empty, overrides the code page its Handheld.ini names.
+std::shared_ptr<clsFuenteCarpeta> CrearFuente(const QString& xRuta,
+                                              const QString& xCodigoPagina = QString());
+// True when xRuta names a zip backup rather than a folder.
+bool EsArchivo(const QString& xRuta);
 void EstablecerFuente(std::shared_ptr<clsFuentePalm> xFuente);
 std::shared_ptr<clsFuentePalm> FuenteActual();
 } // namespace modHandheld

@@ -14,8 +14,8 @@ void Preparar(QCommandLineParser& xOpciones) {
     xOpciones.addHelpOption();
     xOpciones.addPositionalArgument(
         QStringLiteral("HANDHELD"),
-        QStringLiteral("Folder of the handheld's .pdb and .prc files (default: a working copy "
-                       "of the sample handheld)."),
+        QStringLiteral("Folder of the handheld's .pdb and .prc files, or a .zip backup of them "
+                       "(default: a working copy of the sample handheld)."),
         QStringLiteral("[HANDHELD]"));
 }
 } // namespace

@@ -2,7 +2,6 @@
 
 #include "common/clsConfiguracionRegional.h"
 #include "data/MensajesError.h"
-#include "data/clsFuenteCarpeta.h"
 #include "data/modHandheld.h"
 #include "data/modMuestra.h"
 #include "shell/frmInicio.h"
@@ -18,7 +17,7 @@ QString CarpetaHandheld(const QString& xNombrada) {
 
 frmInicio* Main(const QString& xCarpeta) {
     CargarMensajes();
-    modHandheld::EstablecerFuente(std::make_shared<clsFuenteCarpeta>(xCarpeta));
+    modHandheld::EstablecerFuente(modHandheld::CrearFuente(xCarpeta));
     clsConfiguracionRegional::EstablecerActual(QLocale::system());
     auto* inicio = new frmInicio;
     inicio->setAttribute(Qt::WA_DeleteOnClose);
