@@ -34,6 +34,15 @@ bool NecesitaComillas(QStringView xTexto, bool xSinComas) {
     return false;
 }
 
+// Every character below 128; written to let the compiler test many at once.
+bool EsAscii(QStringView xTexto) {
+    char16_t todos = 0;
+    const char16_t* c = xTexto.utf16();
+    for (qsizetype i = 0; i < xTexto.size(); ++i)
+        todos |= c[i];
+    return todos < 128;
+}
+
 } // namespace
 
 QString NombreConExtension(const QString& xNombre, int xIndiceFiltro) {
@@ -85,9 +94,11 @@ clsArchivoExportacion::clsArchivoExportacion(
     mArchivo.setDirectWriteFallback(false);
     if (!mArchivo.open(QIODevice::WriteOnly))
         throw ErrorArchivo(75, QStringLiteral("The file cannot be created"), mArchivo);
-    for (int c = 0; c < 128; ++c)
+    for (int c = 0; c < 128; ++c) {
         mAscii[c] = char(mTabla.Byte(QChar(c)));
-    mBuffer.resize(kBloque);
+        mAsciiIgual = mAsciiIgual && mAscii[c] == char(c);
+    }
+    mBuffer.resize(size_t(kBloque));
 }
 
 void clsArchivoExportacion::Encabezado(const std::vector<QStringView>& xCeldas) {
@@ -142,6 +153,14 @@ void clsArchivoExportacion::Agregar(QStringView xTexto, bool xPuntoDecimal,
         return;
     }
     char* const inicio = Espacio(2 * xTexto.size());
+    // Most cells are plain ASCII with nothing to change: one narrowing copy.
+    if (mAsciiIgual && !xPuntoDecimal && !xDuplicarComillas && EsAscii(xTexto)) {
+        const char16_t* origen = xTexto.utf16();
+        for (qsizetype i = 0; i < xTexto.size(); ++i)
+            inicio[i] = char(origen[i]);
+        mUsado += xTexto.size();
+        return;
+    }
     char* destino = inicio;
     for (const QChar c : xTexto) {
         const char16_t u = c.unicode();
@@ -171,20 +190,15 @@ void clsArchivoExportacion::AgregarMultibyte(QStringView xTexto, bool xPuntoDeci
 
 // Room for xBytes more bytes; a full block goes to the file first.
 char* clsArchivoExportacion::Espacio(qsizetype xBytes) {
-    if (mUsado + xBytes > mBuffer.size()) {
+    if (mUsado + xBytes > qsizetype(mBuffer.size())) {
         Volcar();
-        if (xBytes > mBuffer.size()) mBuffer.resize(xBytes);
+        if (xBytes > qsizetype(mBuffer.size())) mBuffer.resize(size_t(xBytes));
     }
     return mBuffer.data() + mUsado;
 }
 
-void clsArchivoExportacion::Poner(char xByte) {
-    *Espacio(1) = xByte;
-    ++mUsado;
-}
-
 void clsArchivoExportacion::Volcar() {
-    if (mUsado > 0 && mArchivo.write(mBuffer.constData(), mUsado) != mUsado)
+    if (mUsado > 0 && mArchivo.write(mBuffer.data(), mUsado) != mUsado)
         throw ErrorArchivo(57, QStringLiteral("The file cannot be written"), mArchivo);
     mUsado = 0;
 }

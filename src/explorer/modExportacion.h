@@ -76,7 +76,10 @@ private:
     void Agregar(QStringView xTexto, bool xPuntoDecimal, bool xDuplicarComillas);
     void AgregarMultibyte(QStringView xTexto, bool xPuntoDecimal, bool xDuplicarComillas);
     char* Espacio(qsizetype xBytes);
-    void Poner(char xByte);
+    void Poner(char xByte) {
+        if (mUsado == qsizetype(mBuffer.size())) Volcar();
+        mBuffer[size_t(mUsado++)] = xByte;
+    }
     void Volcar();
 
     QSaveFile mArchivo;
@@ -86,8 +89,9 @@ private:
     std::vector<bool> mEsSingle;
     const modFuncionesConversion::TablaCodigoPagina& mTabla;
     char mSeparador;
-    char mAscii[128]; // the code page's bytes of the first 128 characters, looked up inline
-    QByteArray mBuffer;
+    char mAscii[128];        // the code page's bytes of the first 128 characters, looked up inline
+    bool mAsciiIgual = true; // the page writes those characters as their own codes
+    std::vector<char> mBuffer;
     qsizetype mUsado = 0;
     std::vector<QStringView> mCeldas;
 };
