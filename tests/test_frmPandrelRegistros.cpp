@@ -1,25 +1,31 @@
 // The records half of the explorer, driven as a person does: the toolbar, the keys, the dialogs
 // (answered in place of the person) and the file on disk read back after every change.
+#include "common/ErrorVB.h"
 #include "common/clsConfiguracionRegional.h"
 #include "constructor/clsConstructorBase.h"
 #include "data/MensajesError.h"
 #include "data/clsFuenteCarpeta.h"
 #include "data/clsPalmPDB.h"
 #include "data/modHandheld.h"
+#include "errors/frmMensajeError.h"
 #include "explorer/clsGrillaFlexible.h"
 #include "explorer/clsVistaGrilla.h"
 #include "explorer/frmActualizarValor.h"
 #include "explorer/frmBuscarRegistro.h"
 #include "explorer/frmPandrel.h"
+#include "printing/clsImpresoraGrabadora.h"
+#include "printing/clsImpresoraQt.h"
 #include "shell/modDialogos.h"
 
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
+#include <QFile>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPrinter>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTemporaryDir>
@@ -341,6 +347,85 @@ TEST_F(frmPandrelRegistrosTest, SortingAndFindingByAColumn) {
             EXPECT_EQ(Texto("lblRecordID"), QString::number(Tabla().RowData(mGrilla->Row())));
         }
     }
+}
+
+// Export asks the file and format, loads every record and writes them; cancel and No change
+// nothing; a failure goes to the error report under the export's procedure.
+TEST_F(frmPandrelRegistrosTest, ExportWritesEveryRecordToTheChosenFile) {
+    QString filtros;
+    const auto exportar = [&](const QString& xArchivo, int xFiltro) {
+        modDialogos::ResponderArchivos(
+            [&](const modDialogos::PeticionArchivo& xPeticion, QString* xElegido) {
+                filtros = xPeticion.Filtro;
+                *xElegido = xPeticion.Filtro.split(";;").value(xFiltro);
+                return xArchivo;
+            });
+        Boton("Exportar");
+        modDialogos::ResponderArchivos({});
+    };
+    const QString carpeta = mDirectorio.path() + "/out/";
+    const QString pregunta =
+        "The Folder " + carpeta + " not exist.\r\nDo you want to create this Folder?";
+    Respuesta = QMessageBox::No;
+    exportar("", 0);
+    exportar(carpeta + "stock", 0);
+    EXPECT_EQ(Tabla().Rows(), 41) << "nothing was loaded";
+    Respuesta = QMessageBox::Yes;
+    exportar(carpeta + "stock", 0);
+    exportar(carpeta + "stock.", 1);
+    EXPECT_EQ(filtros, "Tab Delimited (*.txt);;Comma Delimited(*.csv)");
+    EXPECT_EQ(Tabla().Rows(), kRegistros + 1);
+    EXPECT_EQ(Mensajes, QStringList({pregunta, pregunta}));
+    const struct {
+        QString Archivo;
+        QByteArray Inicio;
+    } archivos[] = {{"stock.txt", "Name\tQty\tOk\tWhen\r\nItem00\t0\tTrue\t1/1/2000\r\n"},
+                    {"stock.csv", "Name,Qty,Ok,When\r\n\"Item00\",0,True,1/1/2000\r\n"}};
+    for (const auto& archivo : archivos) {
+        QFile escrito(carpeta + archivo.Archivo);
+        ASSERT_TRUE(escrito.open(QIODevice::ReadOnly)) << archivo.Archivo.toStdString();
+        const QByteArray bytes = escrito.readAll();
+        EXPECT_TRUE(bytes.startsWith(archivo.Inicio)) << bytes.left(60).toStdString();
+        EXPECT_EQ(bytes.count("\r\n"), kRegistros + 1);
+    }
+
+    QStringList vistos;
+    AlAbrir<frmMensajeError>([&](frmMensajeError* xVentana) {
+        for (const QLabel* etiqueta : xVentana->findChildren<QLabel*>())
+            vistos << etiqueta->text();
+        xVentana->close();
+    });
+    exportar(carpeta + "stock.txt/inner.txt", 0);
+    EXPECT_TRUE(vistos.contains("ExportarInformacion")) << vistos.join('|').toStdString();
+}
+
+// Print prints the grid as it stands under the caption; a cancelled dialog and a failing printer
+// each give their message box.
+TEST_F(frmPandrelRegistrosTest, PrintPrintsTheGridUnderTheCaption) {
+    auto grabadora = std::make_shared<clsImpresoraGrabadora>();
+    clsImpresoraQt::Sustituir([&](QPrinter&) { return grabadora; });
+    bool confirmar = true;
+    modDialogos::ResponderImpresora([&](QPrinter&) { return confirmar; });
+    Boton("Imprimir");
+    QStringList textos;
+    for (const auto& texto : grabadora->Textos())
+        textos << texto.Texto;
+    for (const QString esperado :
+         {"Explorer [Stock]", "Data Base Report", "Item39", "End of Report"})
+        EXPECT_TRUE(textos.contains(esperado)) << esperado.toStdString();
+    EXPECT_FALSE(textos.contains("Item40")) << "only the rows the grid holds";
+
+    confirmar = false;
+    Boton("Imprimir");
+    grabadora = std::make_shared<clsImpresoraGrabadora>();
+    grabadora->FallarEn("EndDoc", ErrorVB(482, "clsImpresoraQt", "Printer error"));
+    confirmar = true;
+    Boton("Imprimir");
+    modDialogos::ResponderImpresora({});
+    clsImpresoraQt::Sustituir({});
+    EXPECT_EQ(Mensajes,
+              QStringList({"Error de la Impresora, verifique que esté lista para imprimir.",
+                           "Printing error."}));
 }
 
 } // namespace

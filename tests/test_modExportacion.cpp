@@ -112,9 +112,6 @@ TEST(modExportacion, ValidationAsksBeforeReplacingOrCreating) {
         {"  ", true, false, "!Invalid file name"},
         {existente, false, false, "The file already exist, replace it?"},
         {existente, true, true, "The file already exist, replace it?"},
-        {nueva, false, false,
-         "The Folder " + carpeta.filePath("a/b/") +
-             " not exist.\r\nDo you want to create this Folder?"},
         {nueva, true, true,
          "The Folder " + carpeta.filePath("a/b/") +
              " not exist.\r\nDo you want to create this Folder?"},

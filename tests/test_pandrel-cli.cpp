@@ -177,9 +177,6 @@ TEST_F(PandrelCli, ExportWritesEveryRecordToTheFile) {
         {{"--csv"},
          "/inv.csv",
          "\"INV-1000\",\"Claw hammer\",7,-204,7014,37.49,True,08.02.2005 12:44:00\r\n"},
-        {{"--rfc4180"},
-         "/inv.csv",
-         "\"INV-1000\",\"Claw hammer\",7,-204,7014,37.49,True,08.02.2005 12:44:00\r\n"},
     };
     for (const auto& caso : casos) {
         const Resultado resultado =
@@ -203,7 +200,6 @@ TEST_F(PandrelCli, ExportWritesEveryRecordToTheFile) {
          "Error 52: Invalid file name [ValidarArchivoExportacion]"},
         {{"export", "Field Notes", carpeta + "/x"}, 1, "Error -2147220500: "},
         {{"export", "InvTrackDB"}, 2, "usage: pandrel-cli"},
-        {{"export", "InvTrackDB", "x", "--tsv"}, 2, "usage: pandrel-cli"},
     };
     for (const auto& fallo : fallos) {
         const Resultado resultado = Ejecutar(fallo.Argumentos);
