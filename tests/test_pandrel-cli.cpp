@@ -264,7 +264,14 @@ TEST_F(PandrelCli, ReportPrintsThePagesToAPdfFile) {
         EXPECT_EQ(Ejecutar(fallo.Argumentos).Estado, fallo.Estado)
             << fallo.Argumentos.join(' ').toStdString();
     }
-    EXPECT_EQ(QDir(mCarpeta.path()).entryList({"*.pdf*"}), QStringList{"stock.pdf"});
+    // A batch prints one too.
+    QProcess lote;
+    lote.start(PANDREL_CLI, {"--handheld", Handheld(), "batch"});
+    lote.write("report InvTrackDB --pdf " + mCarpeta.filePath("batch.pdf").toUtf8() + "\n");
+    lote.closeWriteChannel();
+    lote.waitForFinished(30000);
+    EXPECT_EQ(lote.readAllStandardOutput(), "#end 0\n");
+    EXPECT_EQ(QDir(mCarpeta.path()).entryList({"*.pdf*"}), QStringList({"batch.pdf", "stock.pdf"}));
 }
 
 // The sample zipped reads as its folder does, and an update rewrites the archive with every other

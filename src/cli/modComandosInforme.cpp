@@ -48,12 +48,14 @@ using FabricaImpresora = clsImpresora* (*)(const QString*);
 FabricaImpresora gImpresoraPdf = nullptr;
 QString gErrorModulo;
 
-// The command is the first argument after the options, each of which takes a value.
-bool ImprimeInforme(int xArgc, char** xArgv) {
+// The command is the first argument after the options, each of which takes a value. A batch may
+// hold a report too.
+bool PuedeImprimir(int xArgc, char** xArgv) {
     int i = 1;
     while (i < xArgc && std::strncmp(xArgv[i], "--", 2) == 0)
         i += 2;
-    return i < xArgc && std::strcmp(xArgv[i], "report") == 0;
+    return i < xArgc &&
+           (std::strcmp(xArgv[i], "report") == 0 || std::strcmp(xArgv[i], "batch") == 0);
 }
 
 QString CarpetaPrograma(char** xArgv) {
@@ -71,7 +73,7 @@ ErrorVB ErrorPdf(const QString& xArchivo, const QString& xCausa) {
 } // namespace
 
 std::unique_ptr<QCoreApplication> CrearAplicacion(int& xArgc, char** xArgv) {
-    if (ImprimeInforme(xArgc, xArgv)) {
+    if (PuedeImprimir(xArgc, xArgv)) {
         // The library stays loaded for the life of the program: the application lives in it.
         QLibrary modulo(CarpetaPrograma(xArgv) + QLatin1Char('/') + kModuloPdf);
         const auto aplicacion =

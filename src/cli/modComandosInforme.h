@@ -14,9 +14,9 @@ class clsPDBInterface;
 // database's records and its printed report.
 namespace modComandosInforme {
 
-// The application object of the run: one that can draw when the command line's command prints
-// a report, a plain one otherwise, so that the other commands start without the graphics
-// libraries.
+// The application object of the run: one that can draw when the command line's command may
+// print a report (report, batch), a plain one otherwise, so that the other commands start without
+// the graphics libraries.
 std::unique_ptr<QCoreApplication> CrearAplicacion(int& xArgc, char** xArgv);
 
 // export DB FILE [--csv] [--rfc4180]
