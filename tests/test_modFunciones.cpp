@@ -95,13 +95,25 @@ TEST(CrearCarpeta, CreaCadaNivelYFallaSobreUnArchivo) {
         EXPECT_THROW(modFunciones::CrearCarpeta(mala), ErrorVB) << mala.toStdString();
 }
 
+TEST(NombreUsuario, UnNombreLargoSeCortaEnSuDecimoquintoCaracter) {
+    const struct {
+        QString Nombre, Cortado;
+    } casos[] = {{"root", "root"},
+                 {"administrators", "administrators"},
+                 {"studentaccount1", "studentaccount"},
+                 {"shortname-with-s", "shortname"},
+                 {QString(300, 'a'), ""}};
+    for (const auto& caso : casos)
+        EXPECT_EQ(modFunciones::CortarNombreUsuario(caso.Nombre), caso.Cortado);
+}
+
 TEST(NombreUsuario, DevuelveElUsuarioDeLaSesion) {
     const QString nombre = modFunciones::NombreUsuario();
     EXPECT_FALSE(nombre.isEmpty());
     EXPECT_LE(nombre.size(), 255);
     const QString usuario = qEnvironmentVariable("USER");
     if (!usuario.isEmpty()) {
-        EXPECT_EQ(nombre, usuario);
+        EXPECT_EQ(nombre, modFunciones::CortarNombreUsuario(usuario));
     }
 }
 

@@ -76,7 +76,15 @@ void CrearCarpeta(const QString& xCarpeta) {
 }
 
 QString NombreUsuario() {
-    return NombreDelSistema().left(255);
+    return CortarNombreUsuario(NombreDelSistema());
+}
+
+QString CortarNombreUsuario(const QString& xNombre) {
+    constexpr qsizetype Buffer = 255;
+    constexpr qsizetype Marca = 14; // the 15th character
+    const QString nombre = xNombre.left(Buffer);
+    if (nombre.size() <= Marca) return nombre;
+    return nombre.left(nombre.indexOf(nombre.at(Marca)));
 }
 
 namespace {

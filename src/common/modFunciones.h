@@ -22,8 +22,12 @@ double Val(const QString& xTexto);
 // Creates the folder and every missing folder above it; raises ErrorVB when it cannot.
 void CrearCarpeta(const QString& xCarpeta);
 
-// Login name of the user of this computer (at most 255 characters).
+// Login name of the user of this computer (at most 255 characters), as CortarNombreUsuario cuts it.
 QString NombreUsuario();
+// The name as the program has always read it from its 255-character buffer: cut before the first
+// occurrence of the buffer's 15th character. For a name of up to 14 characters that character is
+// the end of the name; a longer name is cut at the first place its own 15th character appears.
+QString CortarNombreUsuario(const QString& xNombre);
 
 // Breaks a text into lines no wider than xAncho, measured with xDispositivo's own TextWidth in its
 // current scale. Blanks at both ends go, runs of blanks separate words; every line after the first
