@@ -1,18 +1,25 @@
 #include "common/clsConfiguracionRegional.h"
+#include "common/modRecientes.h"
 #include "constructor/clsConstructorBase.h"
 #include "data/MensajesError.h"
 #include "data/clsFuenteCarpeta.h"
+#include "data/clsFuenteZip.h"
 #include "data/modHandheld.h"
 #include "explorer/frmPandrel.h"
 #include "shell/frmInicio.h"
 #include "shell/modDialogos.h"
+#include "shell/modMain.h"
+#include "support/modZipPrueba.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QMenuBar>
 #include <QPointer>
+#include <QSettings>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <gtest/gtest.h>
@@ -189,6 +196,87 @@ TEST_F(frmInicioTest, AHandheldThatCannotBeReadEndsInConnectionError) {
     EXPECT_EQ(Mensajes, QStringList{"Palm Database connection error."});
     // The window stays open with what was built.
     EXPECT_EQ(Hijas().size(), 1);
+}
+
+// The handheld menu sits before Window; the existing menus keep their order, and no two menus
+// share a mnemonic.
+TEST_F(frmInicioTest, TheHandheldMenuKeepsTheOtherMenusAndTheirMnemonics) {
+    QStringList textos;
+    QString letras;
+    for (QAction* menu : mInicio->menuBar()->actions()) {
+        textos << menu->text();
+        letras += menu->text().at(menu->text().indexOf('&') + 1).toLower();
+    }
+    EXPECT_EQ(textos, QStringList({"&File Debugger", "System &Information", "Ha&ndheld", "&Window",
+                                   "&Help"}));
+    for (const QChar letra : letras)
+        EXPECT_EQ(letras.count(letra), 1) << letras.toStdString();
+}
+
+// Opening a backup asks before closing the explorers of the handheld open now; the new handheld
+// becomes the current one and the first recent one, and its code page can be changed from the
+// menu. A handheld that cannot be read is reported and the previous one stays.
+TEST_F(frmInicioTest, TheHandheldMenuOpensABackupAfterClosingTheExplorers) {
+    QStandardPaths::setTestModeEnabled(true);
+    QSettings().remove("Handhelds/Recent");
+    QTemporaryDir otra;
+    const QString zip = otra.filePath("Backup.zip");
+    ASSERT_TRUE(modZipPrueba::GuardarZip(zip, modZipPrueba::DeCarpeta(mCarpeta)));
+    QString elegido = zip;
+    QStringList titulos;
+    modDialogos::ResponderArchivos([&](const modDialogos::PeticionArchivo& xPeticion, QString*) {
+        titulos << xPeticion.Titulo;
+        return elegido;
+    });
+    QMessageBox::StandardButton respuesta = QMessageBox::No;
+    modDialogos::ResponderMensajes([&](const modDialogos::PeticionMensaje& xPeticion) {
+        Mensajes << xPeticion.Texto;
+        return respuesta;
+    });
+    const auto previa = modHandheld::FuenteActual();
+
+    Menu("mnuFileDebugger")->trigger();
+    Menu("mnuHandheldArchive")->trigger();
+    EXPECT_EQ(Hijas().size(), 1) << "No keeps the explorer and the handheld";
+    EXPECT_EQ(modHandheld::FuenteActual(), previa);
+
+    respuesta = QMessageBox::Yes;
+    Menu("mnuHandheldArchive")->trigger();
+    EXPECT_EQ(Hijas().size(), 0);
+    EXPECT_NE(dynamic_cast<clsFuenteZip*>(modHandheld::FuenteActual().get()), nullptr);
+    EXPECT_EQ(modRecientes::Lista().value(0), zip);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(Menu("mnuHandheldRecent1")->text().endsWith(zip));
+    EXPECT_TRUE(Menu("mnuHandheldRecent1")->isChecked());
+    EXPECT_TRUE(Menu("mnuCodePage_windows-1252")->isChecked());
+
+    Menu("mnuCodePage_Shift_JIS")->trigger();
+    EXPECT_EQ(modHandheld::FuenteActual()->CodigoPagina(), "Shift_JIS");
+    elegido = mCarpeta;
+    Menu("mnuHandheldFolder")->trigger();
+    EXPECT_EQ(dynamic_cast<clsFuenteCarpeta&>(*modHandheld::FuenteActual()).Carpeta(), mCarpeta);
+    EXPECT_EQ(modRecientes::Lista().mid(0, 2), QStringList({mCarpeta, zip}));
+    EXPECT_EQ(titulos,
+              QStringList({"Open Backup Archive", "Open Backup Archive", "Open Handheld Folder"}));
+
+    const auto carpeta = modHandheld::FuenteActual();
+    elegido = otra.filePath("missing.zip");
+    EXPECT_EQ(ConModales([&] { Menu("mnuHandheldArchive")->trigger(); }),
+              QStringList{"frmMensajeError"});
+    EXPECT_EQ(modHandheld::FuenteActual(), carpeta);
+    EXPECT_EQ(Mensajes.size(), 2) << "only the openings with an explorer open ask";
+    modDialogos::ResponderArchivos({});
+}
+
+// A database file given to the program opens its folder and an explorer with it chosen.
+TEST_F(frmInicioTest, ADatabaseFileOpensItsFolderAndChoosesIt) {
+    QStandardPaths::setTestModeEnabled(true);
+    delete mInicio.data();
+    mInicio = modMain::Main(mCarpeta + "/Clients.pdb");
+    ASSERT_EQ(Hijas().size(), 1);
+    EXPECT_EQ(Hijas()[0]->widget()->windowTitle(), "Explorer [Clients]");
+    EXPECT_EQ(dynamic_cast<clsFuenteCarpeta&>(*modHandheld::FuenteActual()).Carpeta(), mCarpeta);
+    EXPECT_TRUE(Mensajes.isEmpty());
 }
 
 } // namespace

@@ -15,6 +15,11 @@ std::shared_ptr<clsFuenteCarpeta> CrearFuente(const QString& xRuta,
                                               const QString& xCodigoPagina = QString());
 // True when xRuta names a zip backup rather than a folder.
 bool EsArchivo(const QString& xRuta);
+// True when xRuta names one database file (.pdb or .prc) rather than a handheld.
+bool EsBase(const QString& xRuta);
+// The name in the header of the database file xArchivo, in the code page of the handheld xFuente;
+// "" when it has none.
+QString NombreDeBase(const QString& xArchivo, const clsFuentePalm& xFuente);
 void EstablecerFuente(std::shared_ptr<clsFuentePalm> xFuente);
 std::shared_ptr<clsFuentePalm> FuenteActual();
 } // namespace modHandheld

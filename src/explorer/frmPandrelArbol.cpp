@@ -6,6 +6,7 @@
 
 #include "common/ErrorVB.h"
 #include "data/clsPDBInterface.h"
+#include "data/modHandheld.h"
 #include "explorer/clsNavegadorRegistros.h"
 #include "explorer/clsVistaGrilla.h"
 #include "shell/frmMensajeConstruccion.h"
@@ -104,6 +105,34 @@ void frmPandrel::CargarBases(QTreeWidgetItem* xNodo) {
             AgregarNodo(xNodo, nombre + Clave(xNodo), nombre, imagen);
         }
     });
+}
+
+namespace {
+QTreeWidgetItem* Hijo(QTreeWidgetItem* xNodo, const QString& xTexto) {
+    for (int i = 0; xNodo && i < xNodo->childCount(); ++i)
+        if (xNodo->child(i)->text(0) == xTexto) return xNodo->child(i);
+    return nullptr;
+}
+} // namespace
+
+void frmPandrel::ElegirBase(const QString& xNombre) {
+    QTreeWidgetItem* base = nullptr;
+    Atrapar(QStringLiteral("ElegirBase"), [&] {
+        const std::shared_ptr<clsFuentePalm> fuente = modHandheld::FuenteActual();
+        const QString creador =
+            fuente->CodigoATexto(fuente->CrearGestor()->BuscarBase(xNombre)->Creador(), -1);
+        QTreeWidgetItem* nodo = Hijo(tvwDataBases->topLevelItem(0), creador);
+        if (!nodo) {
+            cmbTiposDB->setCurrentIndex(TiposDB().size() - 1);
+            nodo = Hijo(tvwDataBases->topLevelItem(0), creador);
+        }
+        if (!nodo) return;
+        nodo->setExpanded(true);
+        base = Hijo(nodo, xNombre);
+    });
+    if (!base) return;
+    tvwDataBases->setCurrentItem(base);
+    tvwDataBases_NodeClick(base);
 }
 
 void frmPandrel::cmbTiposDB_Click() {

@@ -1,17 +1,23 @@
 #include "shell/frmInicio.h"
 
 #include "common/ErrorVB.h"
+#include "common/modRecientes.h"
+#include "data/modHandheld.h"
 #include "device/frmInformacion.h"
 #include "errors/MostrarMensajeError.h"
 #include "explorer/frmPandrel.h"
 #include "shell/frmSplash.h"
+#include "shell/modDialogos.h"
 #include "shell/modRecursosGraficos.h"
 
 #include <QCloseEvent>
 #include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QMenu>
 #include <QMenuBar>
 #include <QProgressBar>
 #include <QStatusBar>
@@ -24,6 +30,25 @@ const QString kFormulario = QStringLiteral("frmInicio");
 constexpr int kCascada = 0;
 constexpr int kMosaicoHorizontal = 1;
 constexpr int kMosaicoVertical = 2;
+
+// The code pages the menu offers; the current handheld's is added when it is another.
+const QStringList& CodigosPagina() {
+    static const QStringList paginas = {
+        QStringLiteral("windows-1252"), QStringLiteral("windows-1250"),
+        QStringLiteral("windows-1251"), QStringLiteral("Shift_JIS"),
+        QStringLiteral("Big5"),         QStringLiteral("GBK"),
+        QStringLiteral("EUC-KR")};
+    return paginas;
+}
+
+// The code page of the current handheld; "" when there is none.
+QString CodigoPaginaActual() {
+    try {
+        return modHandheld::FuenteActual()->CodigoPagina();
+    } catch (const ErrorVB&) {
+        return {};
+    }
+}
 
 template <typename Trabajo> void ConTrampa(const QString& xProcedimiento, Trabajo xTrabajo) {
     try {
@@ -87,6 +112,7 @@ void frmInicio::CrearMenu() {
 
     QMenu* ventana = barra->addMenu(QStringLiteral("&Window"));
     ventana->menuAction()->setObjectName(QStringLiteral("mnuWindow"));
+    CrearMenuHandheld(barra, ventana->menuAction());
     const QPair<QString, QString> arreglos[] = {
         {QStringLiteral("mnuWindowTileHorizontal"), QStringLiteral("Tile &Horizontal")},
         {QStringLiteral("mnuWindowTileVertical"), QStringLiteral("Tile &Vertical")},
@@ -104,6 +130,105 @@ void frmInicio::CrearMenu() {
     ayuda->addSeparator()->setObjectName(QStringLiteral("mnuHelpSeparador"));
     connect(accion(ayuda, QStringLiteral("mnuHelpExit"), QStringLiteral("&Exit")),
             &QAction::triggered, this, pulsar(QStringLiteral("Volver")));
+}
+
+// The handheld menu comes before Window; the other menus keep their order and mnemonics.
+void frmInicio::CrearMenuHandheld(QMenuBar* xBarra, QAction* xAntes) {
+    mnuHandheld = new QMenu(QStringLiteral("Ha&ndheld"), this);
+    mnuHandheld->menuAction()->setObjectName(QStringLiteral("mnuHandheld"));
+    xBarra->insertMenu(xAntes, mnuHandheld);
+    connect(mnuHandheld, &QMenu::aboutToShow, this, &frmInicio::RefrescarMenuHandheld);
+    RefrescarMenuHandheld();
+}
+
+void frmInicio::RefrescarMenuHandheld() {
+    mnuHandheld->clear();
+    const auto item = [this](QMenu* xMenu, const QString& xNombre, const QString& xTexto) {
+        QAction* accion = xMenu->addAction(xTexto);
+        accion->setObjectName(xNombre);
+        return accion;
+    };
+    connect(item(mnuHandheld, QStringLiteral("mnuHandheldFolder"),
+                 QStringLiteral("Open Handheld &Folder...")),
+            &QAction::triggered, this, &frmInicio::ElegirCarpeta);
+    connect(item(mnuHandheld, QStringLiteral("mnuHandheldArchive"),
+                 QStringLiteral("Open &Backup Archive...")),
+            &QAction::triggered, this, &frmInicio::ElegirArchivo);
+    mnuHandheld->addSeparator();
+    const QStringList recientes = modRecientes::Lista();
+    for (int i = 0; i < recientes.size(); ++i) {
+        QString texto = recientes[i];
+        QAction* reciente =
+            item(mnuHandheld, QStringLiteral("mnuHandheldRecent%1").arg(i + 1),
+                 QStringLiteral("&%1 %2").arg(i + 1).arg(texto.replace('&', QStringLiteral("&&"))));
+        reciente->setCheckable(true);
+        reciente->setChecked(recientes[i] == mRuta);
+        connect(reciente, &QAction::triggered, this,
+                [this, ruta = recientes[i]] { AbrirHandheld(ruta); });
+    }
+    if (!recientes.isEmpty()) mnuHandheld->addSeparator();
+
+    QMenu* paginas = mnuHandheld->addMenu(QStringLiteral("&Code Page"));
+    paginas->menuAction()->setObjectName(QStringLiteral("mnuHandheldCodePage"));
+    paginas->setEnabled(!mRuta.isEmpty());
+    const QString actual = CodigoPaginaActual();
+    QStringList lista = CodigosPagina();
+    if (!actual.isEmpty() && !lista.contains(actual, Qt::CaseInsensitive)) lista.prepend(actual);
+    for (const QString& pagina : lista) {
+        QAction* opcion = item(paginas, QStringLiteral("mnuCodePage_") + pagina, pagina);
+        opcion->setCheckable(true);
+        opcion->setChecked(pagina.compare(actual, Qt::CaseInsensitive) == 0);
+        connect(opcion, &QAction::triggered, this,
+                [this, pagina] { AbrirHandheld(mRuta, pagina); });
+    }
+}
+
+void frmInicio::ElegirCarpeta() {
+    const QString carpeta = modDialogos::ElegirCarpeta(this, QStringLiteral("Open Handheld Folder"),
+                                                       QFileInfo(mRuta).absolutePath());
+    if (!carpeta.isEmpty()) AbrirHandheld(carpeta);
+}
+
+void frmInicio::ElegirArchivo() {
+    const QString archivo = modDialogos::AbrirArchivo(
+        this, QStringLiteral("Open Backup Archive"), QFileInfo(mRuta).absolutePath(),
+        QStringLiteral("Backup archives (*.zip);;All files (*)"));
+    if (!archivo.isEmpty()) AbrirHandheld(archivo);
+}
+
+bool frmInicio::AbrirHandheld(const QString& xRuta, const QString& xCodigoPagina) {
+    if (!mArea->subWindowList().isEmpty()) {
+        if (modDialogos::MsgBox(this,
+                                QStringLiteral("Opening another handheld closes the explorers of "
+                                               "this one. Do you want to go on?"),
+                                QMessageBox::Yes | QMessageBox::No, QMessageBox::Question,
+                                windowTitle()) != QMessageBox::Yes)
+            return false;
+        mArea->closeAllSubWindows();
+        if (!mArea->subWindowList().isEmpty()) return false;
+    }
+    bool abierto = false;
+    ConTrampa(QStringLiteral("AbrirHandheld"), [&] {
+        const auto fuente = modHandheld::CrearFuente(xRuta, xCodigoPagina);
+        // A handheld that cannot be read fails here, and the previous one stays.
+        fuente->CrearGestor()->ListarBases(-1);
+        modHandheld::EstablecerFuente(fuente);
+        TomarHandheld(xRuta);
+        abierto = true;
+    });
+    return abierto;
+}
+
+void frmInicio::TomarHandheld(const QString& xRuta) {
+    mRuta = QDir::cleanPath(QFileInfo(xRuta).absoluteFilePath());
+    modRecientes::Agregar(mRuta);
+    mMensaje->setText(mRuta);
+    // Later: the menu may be showing the item that asked for this.
+    QMetaObject::invokeMethod(this, &frmInicio::RefrescarMenuHandheld, Qt::QueuedConnection);
+}
+
+void frmInicio::AbrirBase(const QString& xNombre) {
+    if (frmPandrel* explorador = AnalizarArchivos()) explorador->ElegirBase(xNombre);
 }
 
 void frmInicio::CrearBarraEstado() {
@@ -136,8 +261,9 @@ void frmInicio::tlbOpciones_ButtonClick(QAction* xBoton) {
         close();
 }
 
-void frmInicio::AnalizarArchivos() {
-    ConTrampa(QStringLiteral("AnalizarArchivos"), [this] {
+frmPandrel* frmInicio::AnalizarArchivos() {
+    frmPandrel* abierto = nullptr;
+    ConTrampa(QStringLiteral("AnalizarArchivos"), [this, &abierto] {
         auto* explorador = new frmPandrel;
         connect(explorador, &frmPandrel::MensajeEstado, mMensaje, &QLabel::setText);
         connect(explorador, &frmPandrel::PunteroNormal, this,
@@ -151,7 +277,9 @@ void frmInicio::AnalizarArchivos() {
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
         explorador->Form_Load();
         hija->show();
+        abierto = explorador;
     });
+    return abierto;
 }
 
 void frmInicio::MostrarInformacion() {

@@ -3,6 +3,7 @@
 #include <QMainWindow>
 
 class QAction;
+class frmPandrel;
 class QLabel;
 class QMdiArea;
 class QProgressBar;
@@ -21,6 +22,17 @@ public:
     QAction* Boton(const QString& xClave) const;
     void tlbOpciones_ButtonClick(QAction* xBoton);
 
+    // Makes the handheld at xRuta (a folder or a zip backup) the one the explorers and the
+    // information window show, in code page xCodigoPagina when not empty. Open explorers of the
+    // previous handheld are closed after the person agrees. False when the person said No, an
+    // explorer could not close, or the handheld cannot be read (the error is shown and the
+    // previous handheld stays).
+    bool AbrirHandheld(const QString& xRuta, const QString& xCodigoPagina = QString());
+    // Takes note of the handheld the program started with (already the current one).
+    void TomarHandheld(const QString& xRuta);
+    // Opens an explorer with the database of that name chosen.
+    void AbrirBase(const QString& xNombre);
+
 protected:
     void closeEvent(QCloseEvent* xEvento) override;
 
@@ -28,7 +40,11 @@ private:
     void CrearMenu();
     void CrearBarraHerramientas();
     void CrearBarraEstado();
-    void AnalizarArchivos();
+    void CrearMenuHandheld(class QMenuBar* xBarra, QAction* xAntes);
+    void RefrescarMenuHandheld();
+    void ElegirCarpeta();
+    void ElegirArchivo();
+    frmPandrel* AnalizarArchivos();
     void MostrarInformacion();
     void AcercaDe();
     void MostrarProgreso(int xHechos, int xTotal);
@@ -37,4 +53,6 @@ private:
     QToolBar* tlbOpciones = nullptr;
     QLabel* mMensaje = nullptr;
     QProgressBar* mProgreso = nullptr;
+    class QMenu* mnuHandheld = nullptr;
+    QString mRuta; // the current handheld
 };

@@ -37,6 +37,10 @@ QMessageBox::StandardButton MsgBox(QWidget* xPadre, const QString& xTexto,
                                    const QString& xTitulo);
 QString GuardarArchivo(QWidget* xPadre, const QString& xTitulo, const QString& xArchivo,
                        const QString& xFiltro, QString* xFiltroElegido = nullptr);
+// An existing file to open, and an existing folder; answered as GuardarArchivo is ("" for cancel).
+QString AbrirArchivo(QWidget* xPadre, const QString& xTitulo, const QString& xArchivo,
+                     const QString& xFiltro);
+QString ElegirCarpeta(QWidget* xPadre, const QString& xTitulo, const QString& xCarpeta);
 bool ElegirImpresora(QWidget* xPadre, QPrinter& xImpresora);
 
 // Tests answer in place of the person; an empty function gives the real dialog back.

@@ -6,6 +6,7 @@
 #include "data/modMuestra.h"
 #include "shell/frmInicio.h"
 
+#include <QFileInfo>
 #include <QLocale>
 #include <memory>
 
@@ -15,13 +16,19 @@ QString CarpetaHandheld(const QString& xNombrada) {
     return xNombrada.isEmpty() ? modMuestra::CarpetaDeTrabajo() : xNombrada;
 }
 
-frmInicio* Main(const QString& xCarpeta) {
+frmInicio* Main(const QString& xHandheld) {
     CargarMensajes();
-    modHandheld::EstablecerFuente(modHandheld::CrearFuente(xCarpeta));
+    // A database file opens its folder as the handheld, as a file manager's "Open with" does.
+    const bool base = modHandheld::EsBase(xHandheld);
+    const QString ruta = base ? QFileInfo(xHandheld).absolutePath() : xHandheld;
+    const auto fuente = modHandheld::CrearFuente(ruta);
+    modHandheld::EstablecerFuente(fuente);
     clsConfiguracionRegional::EstablecerActual(QLocale::system());
     auto* inicio = new frmInicio;
     inicio->setAttribute(Qt::WA_DeleteOnClose);
     inicio->show();
+    inicio->TomarHandheld(ruta);
+    if (base) inicio->AbrirBase(modHandheld::NombreDeBase(xHandheld, *fuente));
     return inicio;
 }
 
