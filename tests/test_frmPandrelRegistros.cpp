@@ -188,7 +188,7 @@ TEST_F(frmPandrelRegistrosTest, AttributeBoxesWriteTheRecord) {
     struct Caso {
         const char* Casilla;
         qint32 Atributos;
-    } casos[] = {{"chkSecret", 0x10}, {"chkDirty", 0x50}, {"chkSecret", 0x40}};
+    } casos[] = {{"chkSecret", 0x10}, {"chkDirty", 0x50}, {"chkSecret", 0x40}, {"chkDirty", 0x40}};
     for (const Caso& c : casos) {
         mVentana->findChild<QCheckBox*>(c.Casilla)->click();
         EXPECT_EQ(AtributosEnDisco(id), c.Atributos) << c.Casilla;

@@ -51,13 +51,45 @@ clsVistaGrilla::clsVistaGrilla(QWidget* xPadre)
     horizontalHeader()->setMinimumSectionSize(0);
 
     connect(mGrilla, &clsGrillaFlexible::FormatoCambiado, this, &clsVistaGrilla::AplicarFormato);
-    connect(mGrilla, &QAbstractItemModel::rowsInserted, this, &clsVistaGrilla::AplicarFormato);
-    connect(mGrilla, &QAbstractItemModel::rowsRemoved, this, &clsVistaGrilla::AplicarFormato);
+    connect(mGrilla, &QAbstractItemModel::rowsInserted, this,
+            [this](const QModelIndex&, int xDesde, int xHasta) {
+                AjustarAnchos(xDesde, xHasta);
+                AplicarFormato();
+            });
+    // A grid cut back to its header starts measuring anew: another database's values come.
+    connect(mGrilla, &QAbstractItemModel::rowsRemoved, this, [this] {
+        if (mGrilla->Rows() <= 1) {
+            mAnchoTextos.clear();
+            AjustarAnchos(0, 0);
+        }
+        AplicarFormato();
+    });
+    connect(mGrilla, &QAbstractItemModel::dataChanged, this,
+            [this](const QModelIndex& xDesde, const QModelIndex& xHasta) {
+                AjustarAnchos(xDesde.row(), xHasta.row());
+                AplicarFormato();
+            });
     AplicarFormato();
 }
 
 int clsVistaGrilla::TwipsAPixeles(int xTwips) const {
     return qRound(xTwips * logicalDpiX() / 1440.0);
+}
+
+void clsVistaGrilla::AjustarAnchos(int xDesde, int xHasta) {
+    // Measuring the first rows is enough to fit a column's kind of value, and keeps a load of
+    // many thousands of rows quick.
+    constexpr int kFilasMedidas = 200;
+    constexpr int kMargen = 10;
+    if (mAnchoTextos.size() != mGrilla->Cols()) mAnchoTextos.fill(0, mGrilla->Cols());
+    const QFontMetrics medidas(font());
+    const int hasta = std::min(xHasta, kFilasMedidas - 1);
+    for (int fila = std::max(0, xDesde); fila <= hasta && fila < mGrilla->Rows(); ++fila)
+        for (int columna = 0; columna < mGrilla->Cols(); ++columna) {
+            const int ancho =
+                medidas.horizontalAdvance(mGrilla->TextMatrix(fila, columna)) + kMargen;
+            mAnchoTextos[columna] = std::max(mAnchoTextos.at(columna), ancho);
+        }
 }
 
 void clsVistaGrilla::AplicarFormato() {
@@ -69,7 +101,8 @@ void clsVistaGrilla::AplicarFormato() {
     for (int columna = 0; columna < mGrilla->Cols(); ++columna) {
         const int ancho = mGrilla->ColWidth(columna);
         setColumnHidden(columna, ancho == 0);
-        if (ancho > 0) setColumnWidth(columna, TwipsAPixeles(ancho));
+        const int medido = columna < mAnchoTextos.size() ? mAnchoTextos.at(columna) : 0;
+        if (ancho > 0) setColumnWidth(columna, std::max(TwipsAPixeles(ancho), medido));
     }
 }
 

@@ -65,6 +65,7 @@ void frmPandrel::CrearControles() {
     auto* lado = new QWidget(this);
     cmbTiposDB = new QComboBox(lado);
     cmbTiposDB->setObjectName(QStringLiteral("cmbTiposDB"));
+    cmbTiposDB->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     tvwDataBases = new QTreeWidget(lado);
     tvwDataBases->setObjectName(QStringLiteral("tvwDataBases"));
     tvwDataBases->setHeaderHidden(true);
@@ -332,6 +333,23 @@ void frmPandrel::InformarProgreso(int xHechos, int xTotal) {
     if (mTrabajoLargo == 0 || mUltimoPintado.elapsed() < kIntervaloPintado) return;
     emit Progreso(xHechos, xTotal);
     DejarPintar();
+}
+
+// Every control whole at today's fonts: once the window is polished and about to show, it takes
+// the size its layout needs as its minimum (the filter box showing its longest entry), and its
+// frame grows to fit.
+void frmPandrel::showEvent(QShowEvent* xEvento) {
+    QWidget::showEvent(xEvento);
+    if (mTamanoFijado) return;
+    mTamanoFijado = true;
+    QWidget* ventana = parentWidget() ? parentWidget() : this;
+    const QSize marco = ventana->size() - size();
+    cmbTiposDB->setMinimumWidth(cmbTiposDB->sizeHint().width());
+    for (QLayout* disposicion : findChildren<QLayout*>())
+        disposicion->invalidate();
+    layout()->invalidate();
+    setMinimumSize(minimumSizeHint());
+    ventana->resize(ventana->size().expandedTo(minimumSize() + marco));
 }
 
 void frmPandrel::closeEvent(QCloseEvent* xEvento) {

@@ -66,6 +66,7 @@ signals:
 
 protected:
     void closeEvent(QCloseEvent* xEvento) override;
+    void showEvent(QShowEvent* xEvento) override;
     bool eventFilter(QObject* xObjeto, QEvent* xEvento) override;
 
 private:
@@ -165,6 +166,7 @@ private:
     int mTrabajoLargo = 0;          // depth of work that lets the window repaint
     bool mMostrandoCatalogo = false;
     bool mTeclaEnArbol = false;
+    bool mTamanoFijado = false; // the minimum size was taken at the first show
     QElapsedTimer mUltimoPintado;
     std::unique_ptr<clsNavegadorRegistros> mNavegador;
     qint32 mTotalRegistros = 0;

@@ -58,6 +58,8 @@ QWidget* frmPandrel::CrearPanelRegistros() {
         boton->setData(clave);
     }
     connect(tlbOpciones, &QToolBar::actionTriggered, this, &frmPandrel::tlbOpciones_ButtonClick);
+    // Every record button stays in view rather than behind the toolbar's overflow.
+    tlbOpciones->setMinimumWidth(tlbOpciones->sizeHint().width());
 
     auto* Picture1 = new QWidget(fraGrilla);
     Picture1->setObjectName(QStringLiteral("Picture1"));
@@ -292,6 +294,8 @@ void frmPandrel::OrdenarPorColumnaActual() {
     if (columna < 0 || columna >= grdTabla->Grilla().Cols() - 1) return;
     Atrapar(QStringLiteral("grdTabla_Click"),
             [this, columna] { mNavegador->OrdenarPorColumna(static_cast<qint16>(columna)); });
+    // The current record keeps its place in the sorted rows; its row number changed.
+    RefrescarRegistro();
 }
 
 // While the grid is being filled its current cell moves with the rows; the fill shows the

@@ -21,6 +21,7 @@
 #include <QMenuBar>
 #include <QProgressBar>
 #include <QStatusBar>
+#include <QStyle>
 #include <QToolBar>
 
 namespace {
@@ -276,6 +277,7 @@ frmPandrel* frmInicio::AnalizarArchivos() {
         // The message shows before the handheld is read.
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
         explorador->Form_Load();
+        Escalonar(hija);
         hija->show();
         abierto = explorador;
     });
@@ -302,6 +304,32 @@ void frmInicio::MostrarProgreso(int xHechos, int xTotal) {
     mProgreso->setValue(xHechos);
 }
 
+// The smallest a child window may be: its content's minimum size and the window's frame.
+QSize frmInicio::TamanoMinimo(const QMdiSubWindow* xHija) {
+    const QWidget* contenido = xHija->widget();
+    if (!contenido) return xHija->minimumSizeHint();
+    const QSize marco = xHija->size() - contenido->size();
+    return contenido->minimumSize().expandedTo(contenido->minimumSizeHint()) + marco;
+}
+
+// A new explorer opens below and to the right of the last one, never exactly on top of it; one
+// that would run past the area starts again at the top left.
+void frmInicio::Escalonar(QMdiSubWindow* xNueva) {
+    const QList<QMdiSubWindow*> hijas = mArea->subWindowList(QMdiArea::CreationOrder);
+    const qsizetype anterior = hijas.indexOf(xNueva) - 1;
+    if (anterior < 0) {
+        xNueva->move(0, 0);
+        return;
+    }
+    const QPoint ultima = hijas.at(anterior)->pos();
+    const int paso = xNueva->style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, xNueva) + 4;
+    QPoint lugar = ultima + QPoint(paso, paso);
+    const QRect area = mArea->viewport()->rect();
+    if (lugar.x() + xNueva->width() > area.width() || lugar.y() + xNueva->height() > area.height())
+        lugar = ultima == QPoint(0, 0) ? QPoint(paso, 0) : QPoint(0, 0);
+    xNueva->move(lugar);
+}
+
 void frmInicio::Arrange(int xCodigo) {
     if (xCodigo == kCascada) {
         mArea->cascadeSubWindows();
@@ -312,17 +340,23 @@ void frmInicio::Arrange(int xCodigo) {
     for (QMdiSubWindow* hija : mArea->subWindowList())
         if (hija->isVisible() && !hija->isMinimized()) hijas << hija;
     if (hijas.isEmpty()) return;
-    // Tiling horizontally stacks the windows one above the other; vertically, side by side.
+    // Tiling horizontally stacks the windows one above the other; vertically, side by side. A
+    // window keeps its minimum size: when the area is too small for all of them, they go on
+    // past its edge (the area scrolls) rather than over each other.
     const QRect area = mArea->viewport()->rect();
     const int n = static_cast<int>(hijas.size());
-    for (int i = 0; i < n; ++i) {
-        hijas[i]->showNormal();
+    int lugar = 0;
+    for (QMdiSubWindow* hija : hijas) {
+        hija->showNormal();
+        const QSize minimo = TamanoMinimo(hija);
         if (xCodigo == kMosaicoHorizontal) {
-            const int alto = area.height() / n;
-            hijas[i]->setGeometry(0, i * alto, area.width(), alto);
+            const int alto = std::max(area.height() / n, minimo.height());
+            hija->setGeometry(0, lugar, std::max(area.width(), minimo.width()), alto);
+            lugar += alto;
         } else {
-            const int ancho = area.width() / n;
-            hijas[i]->setGeometry(i * ancho, 0, ancho, area.height());
+            const int ancho = std::max(area.width() / n, minimo.width());
+            hija->setGeometry(lugar, 0, ancho, std::max(area.height(), minimo.height()));
+            lugar += ancho;
         }
     }
 }

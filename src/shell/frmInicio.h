@@ -6,6 +6,7 @@ class QAction;
 class frmPandrel;
 class QLabel;
 class QMdiArea;
+class QMdiSubWindow;
 class QProgressBar;
 class QToolBar;
 
@@ -48,6 +49,8 @@ private:
     void MostrarInformacion();
     void AcercaDe();
     void MostrarProgreso(int xHechos, int xTotal);
+    void Escalonar(QMdiSubWindow* xNueva);
+    static QSize TamanoMinimo(const QMdiSubWindow* xHija);
 
     QMdiArea* mArea = nullptr;
     QToolBar* tlbOpciones = nullptr;
