@@ -3,25 +3,39 @@
 //   choose     choosing the 65,535-record AppForge database until its panels and first batch show;
 //   all        the same with the batch size -1 (every record);
 //   export     Export pressed after the first batch: every other record loaded, then the
-//              tab-delimited file written (FOLDER/window-export.txt).
+//              tab-delimited file written (FOLDER/window-export.txt);
+//   sort       a header click on a number column and on a text column, every row in the grid;
+//   find       a search over every row that finds nothing (its sort included);
+//   edit       Enter on a cell, a new value confirmed in the update dialog, until the file on
+//              disk holds it and the grid's row and record panel show it;
+//   memory     the peak resident memory of the whole program at the end.
 // Usage: bench-explorador FOLDER [REPETITIONS]. Runs on the offscreen platform unless told.
 
+#include "explorer/clsVistaGrilla.h"
+#include "explorer/frmActualizarValor.h"
+#include "explorer/frmBuscarRegistro.h"
 #include "shell/frmInicio.h"
 #include "shell/modDialogos.h"
 #include "shell/modMain.h"
 
 #include <QAction>
 #include <QApplication>
+#include <QComboBox>
 #include <QElapsedTimer>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QTest>
+#include <QTimer>
 #include <QToolBar>
 #include <QTreeWidget>
 #include <algorithm>
 #include <cstdio>
-#include <ctime>
+#include <functional>
+#include <sys/resource.h>
+#include <time.h>
 
 namespace {
 
@@ -33,6 +47,37 @@ double Mediana(QVector<double> xValores) {
     std::sort(xValores.begin(), xValores.end());
     return xValores.at(xValores.size() / 2);
 }
+
+double Peor(const QVector<double>& xValores) {
+    return *std::max_element(xValores.begin(), xValores.end());
+}
+
+double ProcesadorMs() {
+    timespec t{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &t);
+    return t.tv_sec * 1e3 + t.tv_nsec / 1e6;
+}
+
+// Runs of one case: wall time, and processor time of the program (what it costs when other work
+// shares the machine).
+struct Medida {
+    QVector<double> Pared, Cpu;
+    QElapsedTimer Reloj;
+    double CpuInicio = 0;
+
+    void Empezar() {
+        CpuInicio = ProcesadorMs();
+        Reloj.start();
+    }
+    void Terminar() {
+        Pared << Milisegundos(Reloj);
+        Cpu << ProcesadorMs() - CpuInicio;
+    }
+    void Imprimir(const char* xCaso) const {
+        std::printf("%s: median %.1f ms, worst %.1f ms, processor median %.1f ms (%d runs)\n",
+                    xCaso, Mediana(Pared), Peor(Pared), Mediana(Cpu), int(Pared.size()));
+    }
+};
 
 QTreeWidgetItem* Base(QTreeWidget* xArbol, const QString& xNombre) {
     QTreeWidgetItem* raiz = xArbol->topLevelItem(0);
@@ -47,13 +92,70 @@ QTreeWidgetItem* Base(QTreeWidget* xArbol, const QString& xNombre) {
 }
 
 // Chooses a database as a click does and waits until the window has painted the result.
-double Elegir(QTreeWidget* xArbol, QTreeWidgetItem* xNodo) {
-    QElapsedTimer reloj;
-    reloj.start();
+void Elegir(QTreeWidget* xArbol, QTreeWidgetItem* xNodo, Medida& xMedida) {
+    xMedida.Empezar();
     xArbol->setCurrentItem(xNodo);
     emit xArbol->itemClicked(xNodo, 0);
     QApplication::processEvents();
-    return Milisegundos(reloj);
+    xMedida.Terminar();
+}
+
+// Runs xAccion on the modal dialog of class D as soon as it shows.
+template <typename D> void AlAbrir(const std::function<void(D*)>& xAccion) {
+    auto* reloj = new QTimer;
+    QObject::connect(reloj, &QTimer::timeout, [reloj, xAccion] {
+        if (auto* dialogo = qobject_cast<D*>(QApplication::activeModalWidget())) {
+            reloj->stop();
+            reloj->deleteLater();
+            xAccion(dialogo);
+        }
+    });
+    reloj->start(0);
+}
+
+// The record actions on every row of the large database, as the user does them.
+void MedirRegistros(QWidget* xExplorador, int xRepeticiones) {
+    auto* grilla = xExplorador->findChild<clsVistaGrilla*>(QStringLiteral("grdTabla"));
+    QHeaderView* cabecera = grilla->horizontalHeader();
+    Medida numeros, textos, busquedas, ediciones;
+    modDialogos::ResponderMensajes(
+        [](const modDialogos::PeticionMensaje&) { return QMessageBox::Ok; });
+    for (int i = 0; i < xRepeticiones; ++i) {
+        numeros.Empezar();
+        emit cabecera->sectionClicked(1); // Count, an Int
+        numeros.Terminar();
+
+        // Comment is not sorted yet: the search sorts it and walks every row to find nothing.
+        AlAbrir<frmBuscarRegistro>([&](frmBuscarRegistro* xDialogo) {
+            xDialogo->findChild<QComboBox*>(QStringLiteral("Cmb_Columnas"))->setCurrentIndex(7);
+            xDialogo->findChild<QLineEdit*>(QStringLiteral("Txt_Valor"))
+                ->setText(QStringLiteral("~~~"));
+            busquedas.Empezar();
+            xDialogo->Buscar();
+            busquedas.Terminar();
+            xDialogo->reject();
+        });
+        QTest::keyClick(grilla, Qt::Key_F3);
+
+        textos.Empezar();
+        emit cabecera->sectionClicked(4); // Name, a String
+        textos.Terminar();
+
+        // The grid is sorted by Name: the edited Name moves to its place.
+        grilla->setCurrentIndex(grilla->model()->index(30000, 4));
+        AlAbrir<frmActualizarValor>([i](frmActualizarValor* xDialogo) {
+            auto* nuevo = xDialogo->findChild<QLineEdit*>(QStringLiteral("txtValorNuevo"));
+            nuevo->setText(QStringLiteral("Customer %1").arg(i));
+            QTest::keyClick(nuevo, Qt::Key_Return);
+        });
+        ediciones.Empezar();
+        QTest::keyClick(grilla, Qt::Key_Return);
+        ediciones.Terminar();
+    }
+    numeros.Imprimir("sort 65,535 rows by a number column");
+    textos.Imprimir("sort 65,535 rows by a text column");
+    busquedas.Imprimir("search over 65,535 rows, nothing found (its sort included)");
+    ediciones.Imprimir("edit one field: dialog, on disk, row and record panel refreshed");
 }
 
 } // namespace
@@ -95,20 +197,17 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "BenchBig is not in %s/big\n", qPrintable(carpeta));
         return 1;
     }
-    QVector<double> primeras, todas;
+    Medida primeras, todas;
     for (int i = 0; i < repeticiones; ++i) {
         cantidad->setText(QStringLiteral("40"));
-        primeras << Elegir(arbol, grande);
+        Elegir(arbol, grande, primeras);
         cantidad->setText(QStringLiteral("-1"));
-        todas << Elegir(arbol, grande);
+        Elegir(arbol, grande, todas);
     }
-    std::printf("choose the 65,535-record database, panels and first batch of 40: median %.1f ms, "
-                "worst %.1f ms (%d runs)\n",
-                Mediana(primeras), *std::max_element(primeras.begin(), primeras.end()),
-                repeticiones);
+    primeras.Imprimir("choose the 65,535-record database, panels and first batch of 40");
+    todas.Imprimir("choose it with every record (-1 = All Records)");
     const auto* recuperados = explorador->findChild<QLabel*>(QStringLiteral("lblTotalRecuperado"));
-    std::printf("choose it with every record (-1): median %.1f ms (%s rows)\n", Mediana(todas),
-                qPrintable(recuperados->text()));
+    std::printf("rows in the grid: %s\n", qPrintable(recuperados->text()));
 
     // Export from the first batch, the file replaced each time.
     const QString salida = carpeta + QStringLiteral("/window-export.txt");
@@ -120,24 +219,24 @@ int main(int argc, char** argv) {
     for (QAction* boton :
          explorador->findChild<QToolBar*>(QStringLiteral("tlbOpciones"))->actions())
         if (boton->data().toString() == QStringLiteral("Exportar")) exportar = boton;
-    // The processor time too, which other work on the machine does not inflate.
-    QVector<double> exportaciones, procesador;
+    Medida exportaciones;
     for (int i = 0; i < repeticiones; ++i) {
         cantidad->setText(QStringLiteral("40"));
-        Elegir(arbol, grande);
-        QElapsedTimer reloj;
-        reloj.start();
-        const std::clock_t inicioProcesador = std::clock();
+        Elegir(arbol, grande, primeras);
+        exportaciones.Empezar();
         exportar->trigger();
         QApplication::processEvents();
-        exportaciones << Milisegundos(reloj);
-        procesador << double(std::clock() - inicioProcesador) * 1000 / CLOCKS_PER_SEC;
+        exportaciones.Terminar();
     }
-    std::printf("export after the first batch (every record loaded, then written): median %.1f ms, "
-                "worst %.1f ms, processor %.1f ms (%s rows)\n",
-                Mediana(exportaciones),
-                *std::max_element(exportaciones.begin(), exportaciones.end()), Mediana(procesador),
-                qPrintable(recuperados->text()));
+    exportaciones.Imprimir("export after the first batch (every record loaded, then written)");
+    std::printf("rows in the grid: %s\n", qPrintable(recuperados->text()));
+
+    cantidad->setText(QStringLiteral("-1"));
+    Elegir(arbol, grande, todas);
+    MedirRegistros(explorador, repeticiones);
+    rusage uso{};
+    getrusage(RUSAGE_SELF, &uso);
+    std::printf("peak memory of the whole program: %.1f MB\n", uso.ru_maxrss / 1024.0);
     inicio->close();
     return 0;
 }

@@ -173,6 +173,59 @@ TEST(clsGrillaFlexible, SortOrdersTheScrollingRowsAndCarriesTheDataWords) {
     }
 }
 
+// Whatever path the sort takes (rows already in order, one row out of place either way, rows in
+// any order) it gives the stable order: equal values keep the order they had; a grid already in
+// order is left alone and signals nothing. RemoveItem keeps the fixed header.
+TEST(clsGrillaFlexible, SortIsStableOnEveryPath) {
+    struct Caso {
+        const char* Nombre;
+        QStringList Valores;
+        qint32 Modo;
+    } casos[] = {
+        {"in order", {"1", "2", "2", "5"}, clsGrillaFlexible::NumericoAscendente},
+        {"one row up", {"1", "2", "9", "3", "4"}, clsGrillaFlexible::NumericoAscendente},
+        {"one row down", {"1", "3", "4", "0", "5"}, clsGrillaFlexible::NumericoAscendente},
+        {"one row among equals", {"b", "b", "a", "b", "c"}, clsGrillaFlexible::TextoAscendente},
+        {"one row to an equal's place",
+         {"a", "c", "c", "b", "c"},
+         clsGrillaFlexible::TextoAscendente},
+        {"any order", {"d", "B", "a", "b", "A", "a"}, clsGrillaFlexible::TextoAscendente},
+    };
+    for (const Caso& c : casos) {
+        clsGrillaFlexible grilla;
+        grilla.SetCols(2);
+        grilla.AddItem("Value");
+        QVector<QPair<QString, qint32>> esperado;
+        for (qsizetype i = 0; i < c.Valores.size(); ++i) {
+            const qint32 fila = grilla.AddItem(c.Valores.at(i));
+            grilla.SetRowData(fila, static_cast<qint32>(i));
+            esperado.append({c.Valores.at(i), static_cast<qint32>(i)});
+        }
+        grilla.SetFixedRows(1);
+        std::stable_sort(esperado.begin(), esperado.end(), [&](const auto& a, const auto& b) {
+            if (c.Modo == clsGrillaFlexible::NumericoAscendente)
+                return a.first.toDouble() < b.first.toDouble();
+            return a.first < b.first;
+        });
+        QSignalSpy cambios(&grilla, &QAbstractItemModel::layoutChanged);
+        grilla.Sort(c.Modo, 0);
+        QVector<QPair<QString, qint32>> obtenido;
+        for (qint32 f = 1; f < grilla.Rows(); ++f)
+            obtenido.append({grilla.TextMatrix(f, 0), grilla.RowData(f)});
+        EXPECT_EQ(obtenido, esperado) << c.Nombre;
+        EXPECT_EQ(cambios.size(), QString(c.Nombre) == "in order" ? 0 : 1) << c.Nombre;
+    }
+    clsGrillaFlexible grilla;
+    grilla.SetCols(1);
+    grilla.AddItem("Value");
+    grilla.AddItem("x");
+    grilla.SetFixedRows(1);
+    EXPECT_THROW(grilla.RemoveItem(0), ErrorVB);
+    grilla.RemoveItem(1);
+    EXPECT_EQ(grilla.Rows(), 1);
+    EXPECT_EQ(grilla.FixedRows(), 0);
+}
+
 TEST(clsGrillaFlexible, NumericSortReadsTheGridsLocale) {
     clsGrillaFlexible grilla;
     grilla.SetLocale(QLocale(QLocale::German, QLocale::Germany));

@@ -10,7 +10,20 @@ const QString kFuente = QStringLiteral("clsGrillaFlexible");
 const QChar kTab = QLatin1Char('\t');
 } // namespace
 
-clsGrillaFlexible::clsGrillaFlexible(QObject* xPadre) : QAbstractTableModel(xPadre) {}
+QStringView clsGrillaFlexible::Fila::Celda(qint32 xCelda) const {
+    const qint32 inicio = xCelda == 0 ? 0 : Finales.at(xCelda - 1) + 1;
+    return QStringView(Texto).mid(inicio, Finales.at(xCelda) - inicio);
+}
+
+void clsGrillaFlexible::Fila::Recortar(qint32 xCeldas) {
+    if (Celdas() <= xCeldas) return;
+    Texto.truncate(xCeldas == 0 ? 0 : Finales.at(xCeldas - 1));
+    Finales.resize(xCeldas);
+}
+
+clsGrillaFlexible::clsGrillaFlexible(QObject* xPadre) : QAbstractTableModel(xPadre) {
+    SetLocale(QLocale());
+}
 
 void clsGrillaFlexible::ValidarFila(qint32 xFila) const {
     if (xFila < 0 || xFila >= Rows()) throw ErrorVB::SubscriptOutOfRange(kFuente);
@@ -47,8 +60,7 @@ void clsGrillaFlexible::CambiarColumnas(qint32 xColumnas) {
     mAnchos.resize(xColumnas);
     mAlineaciones.resize(xColumnas);
     for (Fila& fila : mFilas)
-        if (fila.Celdas.size() > xColumnas)
-            fila.Celdas.erase(fila.Celdas.begin() + xColumnas, fila.Celdas.end());
+        fila.Recortar(xColumnas);
 }
 
 void clsGrillaFlexible::SetCols(qint32 xColumnas) {
@@ -91,17 +103,23 @@ void clsGrillaFlexible::SetFixedCols(qint32 xFijas) {
 QString clsGrillaFlexible::TextMatrix(qint32 xFila, qint32 xColumna) const {
     ValidarFila(xFila);
     ValidarColumna(xColumna);
-    const QStringList& celdas = mFilas.at(xFila).Celdas;
-    return xColumna < celdas.size() ? celdas.at(xColumna) : QString();
+    const Fila& fila = mFilas.at(xFila);
+    return xColumna < fila.Celdas() ? fila.Celda(xColumna).toString() : QString();
 }
 
 void clsGrillaFlexible::SetTextMatrix(qint32 xFila, qint32 xColumna, const QString& xTexto) {
     ValidarFila(xFila);
     ValidarColumna(xColumna);
-    QStringList& celdas = mFilas[xFila].Celdas;
-    while (celdas.size() <= xColumna)
-        celdas.append(QString());
-    celdas[xColumna] = xTexto;
+    Fila& fila = mFilas[xFila];
+    Fila nueva;
+    nueva.Dato = fila.Dato;
+    for (qint32 c = 0; c < std::max(fila.Celdas(), xColumna + 1); ++c) {
+        if (c > 0) nueva.Texto += kTab;
+        nueva.Texto += c == xColumna ? QStringView(xTexto)
+                                     : (c < fila.Celdas() ? fila.Celda(c) : QStringView());
+        nueva.Finales.append(static_cast<qint32>(nueva.Texto.size()));
+    }
+    fila = std::move(nueva);
     const QModelIndex celda = index(xFila, xColumna);
     emit dataChanged(celda, celda);
     if (xFila == 0 && mFilasFijas > 0) emit headerDataChanged(Qt::Horizontal, xColumna, xColumna);
@@ -146,9 +164,15 @@ void clsGrillaFlexible::SetColAlignment(qint32 xColumna, qint32 xCodigo) {
 clsGrillaFlexible::Fila clsGrillaFlexible::FilaDeTexto(const QString& xTexto) const {
     Fila fila;
     if (mColumnas == 0) return fila;
-    fila.Celdas = xTexto.split(kTab);
-    if (fila.Celdas.size() > mColumnas)
-        fila.Celdas.erase(fila.Celdas.begin() + mColumnas, fila.Celdas.end());
+    fila.Texto = xTexto;
+    qsizetype tab = -1;
+    while (fila.Celdas() < mColumnas - 1 && (tab = xTexto.indexOf(kTab, tab + 1)) >= 0)
+        fila.Finales.append(static_cast<qint32>(tab));
+    // Parts beyond the last column are dropped.
+    const qsizetype fin =
+        xTexto.indexOf(kTab, fila.Finales.isEmpty() ? 0 : fila.Finales.last() + 1);
+    if (fila.Celdas() == mColumnas - 1 && fin >= 0) fila.Texto.truncate(fin);
+    fila.Finales.append(static_cast<qint32>(fila.Texto.size()));
     return fila;
 }
 
@@ -164,7 +188,6 @@ void clsGrillaFlexible::AddItems(const QStringList& xTextos, const QVector<qint3
     if (xTextos.isEmpty()) return;
     const qint32 primera = Rows();
     beginInsertRows(QModelIndex(), primera, primera + static_cast<qint32>(xTextos.size()) - 1);
-    mFilas.reserve(primera + xTextos.size());
     for (qsizetype i = 0; i < xTextos.size(); ++i) {
         Fila fila = FilaDeTexto(xTextos.at(i));
         fila.Dato = i < xDatos.size() ? xDatos.at(i) : 0;
@@ -179,15 +202,63 @@ void clsGrillaFlexible::RemoveItem(qint32 xFila) {
     beginRemoveRows(QModelIndex(), xFila, xFila);
     mFilas.removeAt(xFila);
     endRemoveRows();
+    // At least one row scrolls: the last scrolling row takes a fixed row with it.
+    if (mFilasFijas > 0 && mFilasFijas >= Rows()) {
+        mFilasFijas = std::max(0, Rows() - 1);
+        emit headerDataChanged(Qt::Horizontal, 0, std::max(0, mColumnas - 1));
+        emit FormatoCambiado();
+    }
 }
 
-double clsGrillaFlexible::ValorNumerico(const QString& xTexto) const {
+double clsGrillaFlexible::ValorNumerico(QStringView xTexto) const {
     bool ok = false;
-    const QString texto = xTexto.trimmed();
+    const QStringView texto = xTexto.trimmed();
+    // Where the locale writes numbers as C does, the quick C reading goes first.
+    if (mDecimalComoC) {
+        const double valor = texto.toDouble(&ok);
+        if (ok) return valor;
+    }
     double valor = mLocale.toDouble(texto, &ok);
     if (!ok) valor = QLocale::c().toDouble(texto, &ok);
     return ok ? valor : 0.0;
 }
+
+void clsGrillaFlexible::SetLocale(const QLocale& xLocale) {
+    mLocale = xLocale;
+    mDecimalComoC = xLocale.decimalPoint() == QStringLiteral(".") &&
+                    xLocale.groupSeparator() != QStringLiteral(".");
+}
+
+namespace {
+// The stable ascending order of the indices in xOrden (ascending themselves) under xMenor. A grid
+// that is already in order, or has one row out of place (an edited or added row), is put in order
+// in one pass; anything else gets a full stable sort. Returns false when nothing moves.
+template <typename Menor> bool Ordenar(QVector<qint32>& xOrden, const Menor& xMenor) {
+    const auto enOrden = [&](const QVector<qint32>& xFilas) {
+        return std::adjacent_find(xFilas.cbegin(), xFilas.cend(), [&](qint32 a, qint32 b) {
+                   return xMenor(b, a);
+               }) == xFilas.cend();
+    };
+    const auto descenso = std::adjacent_find(xOrden.cbegin(), xOrden.cend(),
+                                             [&](qint32 a, qint32 b) { return xMenor(b, a); });
+    if (descenso == xOrden.cend()) return false;
+    const qsizetype primero = descenso - xOrden.cbegin();
+    for (const qsizetype candidato : {primero, primero + 1}) {
+        QVector<qint32> resto = xOrden;
+        const qint32 fila = resto.takeAt(candidato);
+        if (!enOrden(resto)) continue;
+        // Among equal values the rows keep the order they had.
+        const auto lugar = std::find_if(resto.cbegin(), resto.cend(), [&](qint32 otra) {
+            return xMenor(fila, otra) || (!xMenor(otra, fila) && otra > fila);
+        });
+        resto.insert(lugar - resto.cbegin(), fila);
+        xOrden = std::move(resto);
+        return true;
+    }
+    std::stable_sort(xOrden.begin(), xOrden.end(), xMenor);
+    return true;
+}
+} // namespace
 
 void clsGrillaFlexible::Sort(qint32 xModo, qint32 xColumna) {
     ValidarColumna(xColumna);
@@ -199,18 +270,27 @@ void clsGrillaFlexible::Sort(qint32 xModo, qint32 xColumna) {
 
     QVector<qint32> orden(cantidad);
     std::iota(orden.begin(), orden.end(), primera);
+    bool cambia = false;
     if (xModo == NumericoAscendente) {
         QVector<double> claves(Rows());
-        for (qint32 f = primera; f < Rows(); ++f)
-            claves[f] = ValorNumerico(TextMatrix(f, xColumna));
-        std::stable_sort(orden.begin(), orden.end(),
-                         [&](qint32 a, qint32 b) { return claves.at(a) < claves.at(b); });
+        for (qint32 f = primera; f < Rows(); ++f) {
+            const Fila& fila = mFilas.at(f);
+            claves[f] =
+                ValorNumerico(xColumna < fila.Celdas() ? fila.Celda(xColumna) : QStringView());
+        }
+        cambia = Ordenar(orden, [&](qint32 a, qint32 b) { return claves.at(a) < claves.at(b); });
     } else {
-        std::stable_sort(orden.begin(), orden.end(), [&](qint32 a, qint32 b) {
-            return QString::compare(TextMatrix(a, xColumna), TextMatrix(b, xColumna),
-                                    Qt::CaseSensitive) < 0;
+        // Views of the cells: the rows do not move while their order is worked out.
+        QVector<QStringView> claves(Rows());
+        for (qint32 f = primera; f < Rows(); ++f) {
+            const Fila& fila = mFilas.at(f);
+            if (xColumna < fila.Celdas()) claves[f] = fila.Celda(xColumna);
+        }
+        cambia = Ordenar(orden, [&](qint32 a, qint32 b) {
+            return claves.at(a).compare(claves.at(b), Qt::CaseSensitive) < 0;
         });
     }
+    if (!cambia) return;
 
     emit layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint);
     QVector<qint32> nuevaPosicion(Rows());

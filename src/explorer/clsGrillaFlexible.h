@@ -67,13 +67,14 @@ public:
     qint32 AddItem(const QString& xTexto);
     // Appends many rows at once, each with its data word: what loading a large database uses.
     void AddItems(const QStringList& xTextos, const QVector<qint32>& xDatos);
-    // Removes one row; the fixed rows stay fixed, so a fixed row cannot be removed.
+    // Removes one scrolling row (a fixed row cannot be removed); the last scrolling row takes a
+    // fixed row with it, as SetRows does.
     void RemoveItem(qint32 xFila);
     // Orders the scrolling rows (the fixed ones stay on top) on one column.
     void Sort(qint32 xModo, qint32 xColumna);
 
     // The locale numeric sorting reads numbers with (besides the C locale).
-    void SetLocale(const QLocale& xLocale) { mLocale = xLocale; }
+    void SetLocale(const QLocale& xLocale);
 
     int rowCount(const QModelIndex& xPadre = QModelIndex()) const override;
     int columnCount(const QModelIndex& xPadre = QModelIndex()) const override;
@@ -91,15 +92,24 @@ signals:
     void FormatoCambiado();
 
 private:
+    // A row keeps its cells in one text, one separator between cells, with the end of each cell
+    // (a cell may hold a tab of its own: the ends, not the tabs, mark the cells). It may have
+    // fewer cells than the grid has columns: missing cells are empty. One text per row is what
+    // lets a large database load quickly.
     struct Fila {
-        QStringList Celdas; // may be shorter than the column count: missing cells are empty
+        QString Texto;
+        QVector<qint32> Finales;
         qint32 Dato = 0;
+
+        qint32 Celdas() const { return static_cast<qint32>(Finales.size()); }
+        QStringView Celda(qint32 xCelda) const;
+        void Recortar(qint32 xCeldas);
     };
 
     void ValidarFila(qint32 xFila) const;
     void ValidarColumna(qint32 xColumna) const;
     Fila FilaDeTexto(const QString& xTexto) const;
-    double ValorNumerico(const QString& xTexto) const;
+    double ValorNumerico(QStringView xTexto) const;
     void CambiarColumnas(qint32 xColumnas);
 
     QVector<Fila> mFilas;
@@ -109,4 +119,5 @@ private:
     QVector<qint32> mAnchos;
     QVector<qint32> mAlineaciones;
     QLocale mLocale;
+    bool mDecimalComoC = false; // the locale's numbers read as C reads them
 };

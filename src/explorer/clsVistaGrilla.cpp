@@ -66,6 +66,8 @@ clsVistaGrilla::clsVistaGrilla(QWidget* xPadre)
     });
     connect(mGrilla, &QAbstractItemModel::dataChanged, this,
             [this](const QModelIndex& xDesde, const QModelIndex& xHasta) {
+                // A changed value; a change of the whole grid (its fixed rows) has nothing new.
+                if (xDesde.row() != xHasta.row()) return;
                 AjustarAnchos(xDesde.row(), xHasta.row());
                 AplicarFormato();
             });

@@ -10,23 +10,42 @@ QString Recortado(const QString& xTexto) {
     return modFunciones::SinBlancos(xTexto).toString();
 }
 
-bool CoincideTexto(const QString& xCelda, const QString& xBuscado, bool xMayMin) {
-    if (xMayMin) return xCelda.startsWith(xBuscado, Qt::CaseSensitive);
-    return QString::compare(xCelda.toUpper(), xBuscado.toUpper(), Qt::CaseSensitive) >= 0;
-}
+// What is searched for, worked out once for the whole walk.
+struct Criterio {
+    Criterio(const QString& xBuscado, ClaseTipo xClase, bool xMayMin, bool xCompleta)
+        : Clase(xClase), MayMin(xMayMin), Completa(xCompleta), Buscado(Recortado(xBuscado)),
+          Mayusculas(Buscado.toUpper()) {
+        if (Completa) return;
+        if (Clase == Numero) ValorNumero = modFunciones::Val(Buscado);
+        if (Clase == Fecha) ValorFecha = clsConfiguracionRegional::Actual().CDate(Buscado);
+    }
 
-bool CoincideFecha(const QString& xCelda, const QString& xBuscado, bool xMayMin) {
-    const clsConfiguracionRegional& regional = clsConfiguracionRegional::Actual();
-    const QDateTime celda = regional.CDate(xCelda);
-    const QDateTime buscada = regional.CDate(xBuscado);
-    return xMayMin ? celda == buscada : celda >= buscada;
-}
+    bool Coincide(const QString& xCelda) const {
+        const QString celda = Recortado(xCelda);
+        if (Completa && MayMin) return celda == Buscado;
+        if (Completa) return celda.toUpper() == Mayusculas;
+        switch (Clase) {
+        case Texto:
+            if (MayMin) return celda.startsWith(Buscado, Qt::CaseSensitive);
+            return QString::compare(celda.toUpper(), Mayusculas, Qt::CaseSensitive) >= 0;
+        case Fecha: {
+            const QDateTime fecha = clsConfiguracionRegional::Actual().CDate(celda);
+            return MayMin ? fecha == ValorFecha : fecha >= ValorFecha;
+        }
+        case Numero: {
+            const double numero = modFunciones::Val(celda);
+            return MayMin ? numero == ValorNumero : numero >= ValorNumero;
+        }
+        }
+        return false;
+    }
 
-bool CoincideNumero(const QString& xCelda, const QString& xBuscado, bool xMayMin) {
-    const double celda = modFunciones::Val(xCelda);
-    const double buscado = modFunciones::Val(xBuscado);
-    return xMayMin ? celda == buscado : celda >= buscado;
-}
+    ClaseTipo Clase;
+    bool MayMin, Completa;
+    QString Buscado, Mayusculas;
+    double ValorNumero = 0;
+    QDateTime ValorFecha;
+};
 } // namespace
 
 ClaseTipo ClaseDeTipo(const QString& xTipo) {
@@ -42,28 +61,17 @@ qint32 OrdenDeClase(ClaseTipo xClase) {
 
 bool Coincide(const QString& xCelda, const QString& xBuscado, ClaseTipo xClase, bool xMayMin,
               bool xCompleta) {
-    const QString celda = Recortado(xCelda);
-    const QString buscado = Recortado(xBuscado);
-    if (xCompleta && xMayMin) return celda == buscado;
-    if (xCompleta) return celda.toUpper() == buscado.toUpper();
-    switch (xClase) {
-    case Texto:
-        return CoincideTexto(celda, buscado, xMayMin);
-    case Fecha:
-        return CoincideFecha(celda, buscado, xMayMin);
-    case Numero:
-        return CoincideNumero(celda, buscado, xMayMin);
-    }
-    return false;
+    return Criterio(xBuscado, xClase, xMayMin, xCompleta).Coincide(xCelda);
 }
 
 qint32 Buscar(clsGrillaFlexible& xGrilla, qint32 xColumna, const QString& xTipo,
               const QString& xBuscado, bool xMayMin, bool xCompleta) {
     const ClaseTipo clase = ClaseDeTipo(xTipo);
     xGrilla.Sort(OrdenDeClase(clase), xColumna);
+    if (xGrilla.Rows() < 2) return 0;
+    const Criterio criterio(xBuscado, clase, xMayMin, xCompleta);
     for (qint32 fila = 1; fila < xGrilla.Rows(); ++fila)
-        if (Coincide(xGrilla.TextMatrix(fila, xColumna), xBuscado, clase, xMayMin, xCompleta))
-            return fila;
+        if (criterio.Coincide(xGrilla.TextMatrix(fila, xColumna))) return fila;
     return 0;
 }
 
