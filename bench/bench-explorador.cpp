@@ -219,10 +219,10 @@ int main(int argc, char** argv) {
     for (QAction* boton :
          explorador->findChild<QToolBar*>(QStringLiteral("tlbOpciones"))->actions())
         if (boton->data().toString() == QStringLiteral("Exportar")) exportar = boton;
-    Medida exportaciones;
+    Medida exportaciones, eleccion;
     for (int i = 0; i < repeticiones; ++i) {
         cantidad->setText(QStringLiteral("40"));
-        Elegir(arbol, grande, primeras);
+        Elegir(arbol, grande, eleccion);
         exportaciones.Empezar();
         exportar->trigger();
         QApplication::processEvents();
@@ -232,7 +232,7 @@ int main(int argc, char** argv) {
     std::printf("rows in the grid: %s\n", qPrintable(recuperados->text()));
 
     cantidad->setText(QStringLiteral("-1"));
-    Elegir(arbol, grande, todas);
+    Elegir(arbol, grande, eleccion);
     MedirRegistros(explorador, repeticiones);
     rusage uso{};
     getrusage(RUSAGE_SELF, &uso);
