@@ -412,6 +412,9 @@ TEST_F(PalmPDBTest, UnaConversionFallidaNoEscribeNada) {
         {"Completa", 6, "1/19/1972 3:14:08 AM", ErrorVB::Desbordamiento},
         {"Completa", 7, QString::fromUtf8("\u03a9"),
          modFuncionesConversion::ErrorTextoNoCodificable},
+        // The 16-bit field counter overflows before the schema runs out of fields.
+        {"Clientes", 32768, "1", ErrorVB::SubindiceFueraDeRango},
+        {"Clientes", 32769, "1", ErrorVB::Desbordamiento},
     };
     for (const auto& caso : casos) {
         const QByteArray antes = Bytes(caso.base);
@@ -783,6 +786,20 @@ TEST_F(CatalogoTest, LasListasSeGuardan) {
     EsperarError([&] { pdb.OpenFile("zeta"); }, YaAbierta, "OpenFile");
     pdb.CloseDatabase();
     EXPECT_TRUE(pdb.OpenFile("zeta"));
+}
+
+// Blank creator codes make a kept list of blanks and tabs, which is kept all the same.
+TEST_F(CarpetaTest, UnaListaDeCreadoresEnBlancoSeGuarda) {
+    const auto AppForge = [this](const char* xNombre, const char* xCreador) {
+        clsConstructorBase base(xNombre, "DATA", xCreador);
+        base.EsquemaAppForge("T", {{"A", C::Int}});
+        Guardar(base);
+    };
+    AppForge("Blanca", "    ");
+    clsPalmPDB pdb(Fuente());
+    EXPECT_EQ(pdb.RetrieveCreatorsID(0, "\t"), "    \t");
+    AppForge("Nueva", "NEW1");
+    EXPECT_EQ(pdb.RetrieveCreatorsID(0, "\t"), "    \t");
 }
 
 TEST_F(CatalogoTest, MilBasesSeOrdenanYSeListan) {

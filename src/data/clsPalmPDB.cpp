@@ -346,7 +346,9 @@ QString clsPalmPDB::RetrieveCreatorsID(qint32 xAppType, const QString& xSeparato
     if (xAppType < 0 || xAppType > 2)
         throw ErrorVB::SubscriptOutOfRange(QStringLiteral("RetrieveCreatorsID"));
     QString& guardada = *guardadas[xAppType];
-    if (!guardada.trimmed().isEmpty()) return guardada;
+    // Blank means spaces only: a kept list of tabs (the separators of blank creator codes) is
+    // kept like any other.
+    if (!modFunciones::SinBlancos(guardada).isEmpty()) return guardada;
 
     // While listing, databases are opened one after another without closing the previous one.
     struct Enumerando {
@@ -356,7 +358,7 @@ QString clsPalmPDB::RetrieveCreatorsID(qint32 xAppType, const QString& xSeparato
     } enumerando(mEnumerando);
 
     const QStringList nombres = mGestor->ListarBases(-1);
-    if (xAppType == 1 && mCreadoresAppForge.trimmed().isEmpty()) {
+    if (xAppType == 1 && modFunciones::SinBlancos(mCreadoresAppForge).isEmpty()) {
         RetrieveCreatorsID(0, xSeparator);
         mEnumerando = true;
     }
@@ -551,11 +553,14 @@ void clsPalmPDB::AgregarCampo(TextoRegistro& xTexto, quint8 xCodigoTipo, qint32&
     xTexto.RecortarBlancos(inicio);
 }
 
+// The field counter is 16-bit: a last field beyond its range overflows before any field is
+// walked, whatever the schema holds.
 qint32 clsPalmPDB::PosicionCampo(qint32 xNroCampo) {
+    const qint64 ultimo = static_cast<qint64>(xNroCampo) - 1;
+    if (ultimo > std::numeric_limits<qint16>::max() || ultimo < std::numeric_limits<qint16>::min())
+        throw ErrorVB::Overflow(QStringLiteral("UpdateRecord"));
     qint32 pos = 0;
     for (qint32 k = 0; k < xNroCampo; ++k) {
-        if (k > std::numeric_limits<qint16>::max())
-            throw ErrorVB::Overflow(QStringLiteral("UpdateRecord"));
         if (k >= CantidadTipos())
             throw ErrorVB::SubscriptOutOfRange(QStringLiteral("UpdateRecord"));
         switch (mTiposCampo[k]) {
