@@ -597,7 +597,8 @@ TYPED_TEST(FuenteDeBases, BloquesYCategoriasSeLeenConLaPaginaDeCodigos) {
         EXPECT_EQ(adaptador->LeerAppInfo(), base.AppInfo);
         EXPECT_EQ(adaptador->LeerInfoOrden(), QByteArray("SORT"));
         const clsCategoriasPalm& categorias = adaptador->Categorias();
-        EXPECT_EQ(categorias.CantidadCategorias(), 3);
+        // Slots 0, 1 and 3 have names: the count reaches the last of them.
+        EXPECT_EQ(categorias.CantidadCategorias(), 4);
         EXPECT_EQ(categorias.NombreCategoria(0), "Unfiled");
         EXPECT_EQ(categorias.NombreCategoria(2), "");
         EXPECT_EQ(categorias.NombreCategoria(3), caso.Categoria3);

@@ -61,19 +61,19 @@ void Guardar(const QString& xCarpeta, const QString& xArchivo, clsArchivoPDB xBa
 }
 
 // The test handheld:
-//   AFa1: Clients (AppForge, 3 records, 3072 bytes), ClientsApp (application, 1536 bytes),
+//   AFa1: Clients (AppForge, 3 records, 3072 bytes, categories 0, 1 and 4 named), ClientsApp (application, 1536 bytes),
 //         Orders (AppForge, no records, 2048 bytes)
 //   memo: MemoDB (a record database without the AppForge marker)
 //   othr: Prefs (type pref)
 void CrearHandheld(const QString& xCarpeta) {
     clsConstructorBase clientes = Nueva("Clients", "DATA", "AFa1");
-    clientes.Categorias({"Unfiled", "Business", "Personal"});
+    clientes.Categorias({"Unfiled", "Business", "", "", "Personal"});
     clientes.EsquemaAppForge("Clients", {{"Name", clsConstructorBase::String},
                                          {"Age", clsConstructorBase::Int},
                                          {"Active", clsConstructorBase::Boolean},
                                          {"Born", clsConstructorBase::Date}});
     clientes.AgregarRegistro({"Ann", 34, true, Fecha(1970, 1, 2, 3, 4, 5)}, 0x40, 1);
-    clientes.AgregarRegistro({"Bob", -2, false, Fecha(1999, 12, 31, 0, 0, 0)}, 0, 2);
+    clientes.AgregarRegistro({"Bob", -2, false, Fecha(1999, 12, 31, 0, 0, 0)}, 0, 4);
     clientes.AgregarRegistro({"Cy", 258, true, Fecha(2001, 6, 7, 8, 9, 10)}, 0x10, 0);
     Guardar(xCarpeta, "Clients.pdb", clientes.Archivo(), 3072);
 
@@ -323,12 +323,15 @@ TEST_F(frmPandrelTest, ChoosingAnAppForgeDatabaseShowsItsHeaderSchemaAndRecords)
     QStringList nombres;
     for (int i = 0; i < categorias->count(); ++i)
         nombres << categorias->itemText(i);
+    // Every named category once, in slot order, each with the ID the record panel shows.
     EXPECT_EQ(nombres, (QStringList{"All", "Unfiled", "Business", "Personal"}));
-    EXPECT_EQ(categorias->itemData(2).toInt(), 1);
+    EXPECT_EQ(categorias->itemData(3).toInt(), 4);
     EXPECT_TRUE(Mensajes.isEmpty());
 
     // Moving to another row shows that record.
     auto* vista = Hijo<clsVistaGrilla>("grdTabla");
+    vista->SetRow(2);
+    EXPECT_EQ(Texto("lblCategoria"), "4");
     vista->SetRow(3);
     EXPECT_EQ(Texto("lblCantidadRegistros"), "Record 3/ 3");
     EXPECT_EQ(Texto("lblRecordID"), "1048579");

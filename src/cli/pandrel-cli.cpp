@@ -301,9 +301,12 @@ void Atributos(const Contexto& xContexto) {
 void Categorias(const Contexto& xContexto) {
     SinMasArgumentos(xContexto, 1);
     Abrir(xContexto);
+    // The named categories in the order of their numbers; a number without a name is none.
     const qint32 cantidad = xContexto.Base.CategoriesCount();
-    for (qint32 indice = 0; indice < cantidad; ++indice)
-        xContexto.Salida.Linea(xContexto.Base.CategoryName(indice));
+    for (qint32 indice = 0; indice < cantidad; ++indice) {
+        const QString nombre = xContexto.Base.CategoryName(indice);
+        if (!nombre.isEmpty()) xContexto.Salida.Linea(nombre);
+    }
 }
 
 void Informacion(const Contexto& xContexto) {

@@ -24,10 +24,9 @@ clsCategoriasCarpeta::clsCategoriasCarpeta(QByteArrayView xAppInfo, const QStrin
 }
 
 qint32 clsCategoriasCarpeta::CantidadCategorias() const {
-    qint32 cantidad = 0;
-    for (const QString& nombre : mNombres)
-        if (!nombre.isEmpty()) ++cantidad;
-    return cantidad;
+    for (qint32 cantidad = static_cast<qint32>(mNombres.size()); cantidad > 0; --cantidad)
+        if (!mNombres[cantidad - 1].isEmpty()) return cantidad;
+    return 0;
 }
 
 QString clsCategoriasCarpeta::NombreCategoria(qint32 xIndice) const {

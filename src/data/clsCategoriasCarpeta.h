@@ -14,8 +14,10 @@ public:
     // xAppInfo shorter than the names of the block gives no categories.
     clsCategoriasCarpeta(QByteArrayView xAppInfo, const QString& xCodigoPagina);
 
-    // The number of categories that have a name. A handheld shows only those, and a database
-    // without a category block (or with its names all empty) has none.
+    // How many category numbers NombreCategoria takes: up to the last category that has a name,
+    // so every named one is reached even when unnamed ones lie between (a handheld shows only
+    // the named ones). A database without a category block, or with its names all empty, has
+    // none.
     qint32 CantidadCategorias() const override;
     // The name of category xIndice (0..15), the number a record's category refers to; "" for a
     // category without a name. Raises the subscript error outside 0..15.

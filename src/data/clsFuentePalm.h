@@ -44,6 +44,8 @@ struct RegistroPalm {
 class clsCategoriasPalm {
 public:
     virtual ~clsCategoriasPalm() = default;
+    // Category numbers run from 0 to CantidadCategorias() - 1 and reach every named category;
+    // a number without a name gives "".
     virtual qint32 CantidadCategorias() const = 0;
     virtual QString NombreCategoria(qint32 xIndice) const = 0;
 };
