@@ -138,6 +138,44 @@ TEST_F(PandrelCli, ErrorsPrintOneLineAndNothingOnStdout) {
     EXPECT_EQ(Ejecutar({"get", "VisitLogDB", id}).Salida.section('\t', 2, 2), "20");
 }
 
+// Names and texts holding tabs, line breaks and backslashes come out escaped, each item on its
+// line; so do unnamed categories between named ones, and warnings.
+TEST_F(PandrelCli, EveryCommandEscapesTabsLineBreaksAndBackslashes) {
+    clsConstructorBase base("Tab\tName\r\n", "DATA", "T\tN\n");
+    base.Categorias({"Unfiled", "", "Per\\sonal", "", "", "Travel"});
+    base.EsquemaAppForge("T", {{"Note\tA", clsConstructorBase::String},
+                               {"Count", clsConstructorBase::Int},
+                               {"B", clsConstructorBase::String}});
+    base.AgregarRegistro({"x\ty\\z\r\nw", 7, "plain"});
+    base.Guardar(Handheld() + "/Tabs.pdb");
+    QFile basura(Handheld() + "/bad\tfile.pdb");
+    ASSERT_TRUE(basura.open(QIODevice::WriteOnly));
+    basura.write("not a database");
+    basura.close();
+
+    const QString id = QString::number(0x100001);
+    const struct {
+        QStringList Argumentos;
+        QString Salida;
+    } casos[] = {
+        {{"creators", "--kind", "all"}, "FNot\nInvT\nPrLs\nT\\tN\\n\nVsLg\nexps\npsys\n"},
+        {{"databases", "T\tN\n"}, "Tab\\tName\\r\\n\t1\n"},
+        {{"schema", "Tab\tName\r\n"}, "Note\\tA\tString\nCount\tInt\nB\tString\n"},
+        {{"categories", "Tab\tName\r\n"}, "Unfiled\nPer\\\\sonal\nTravel\n"},
+        {{"records", "Tab\tName\r\n"}, id + "\tx\\ty\\\\z\\r\\nw\t7\tplain\n"},
+        {{"records", "Tab\tName\r\n", "--separator", "\\t"},
+         id + "\tx\\ty\\\\z\\r\\nw\t7\tplain\n"},
+        {{"get", "Tab\tName\r\n", id, "--separator", ","}, "\"x\\ty\\\\z\\r\\nw\",7,\"plain\"\n"},
+    };
+    for (const auto& caso : casos) {
+        const Resultado resultado = Ejecutar(caso.Argumentos);
+        EXPECT_EQ(resultado.Salida, caso.Salida) << caso.Argumentos.join(' ').toStdString();
+        EXPECT_EQ(resultado.Errores.count('\n'), 1) << resultado.Errores.toStdString();
+        EXPECT_TRUE(resultado.Errores.startsWith("Warning: bad\\tfile.pdb is not"))
+            << resultado.Errores.toStdString();
+    }
+}
+
 // A listing of megabytes, with letters that take two bytes in UTF-8, comes out whole and in order.
 TEST_F(PandrelCli, ALargeListingComesOutWhole) {
     constexpr int Registros = 30000;
@@ -362,7 +400,7 @@ TEST_F(PandrelCli, BatchRunsEachLineAsACommandAndKeepsItsDatabaseOpen) {
         {"get VisitLogDB " + ref, "Zinnia  \"Florists\"\t*", 0},
         {"update VisitLogDB " + ref + " 0 \"a \\\"b\\\" \\\\ \\c $x\" # the rest is a comment",
          id + "\n", 0},
-        {"get VisitLogDB " + ref, "a \"b\" \\ \\c $x\t*", 0},
+        {"get VisitLogDB " + ref, "a \"b\" \\\\ \\\\c $x\t*", 0}, // backslashes escaped
         {"  # comment lines and blank lines are no commands\n\n\tupdate Visit\\\nLogDB " + ref +
              " 0 O\\'Hara\\ Bros",
          id + "\n", 0},

@@ -57,12 +57,85 @@ const char* const kUso =
 // A wrong command line.
 struct ErrorUso {};
 
+// Stands for the separator between the fields of a record while its text is escaped: no field
+// can hold it, as texts end at their first zero byte.
+constexpr char16_t kMarcaSeparador = u'\0';
+
+// xTexto as one item of a line: tab, line feed, carriage return and backslash written as \t, \n,
+// \r and \\, so no item splits into two or spans lines; each kMarcaSeparador becomes
+// xSeparador. xTexto itself when there is nothing to change, otherwise xEspacio filled.
+QStringView Escapado(QStringView xTexto, QString& xEspacio, QStringView xSeparador = {}) {
+    const auto especial = [](char16_t x) {
+        return x == u'\t' || x == u'\n' || x == u'\r' || x == u'\\' || x == kMarcaSeparador;
+    };
+    const char16_t* const inicio = xTexto.utf16();
+    const char16_t* const fin = inicio + xTexto.size();
+    const char16_t* letra = std::find_if(inicio, fin, especial);
+    if (letra == fin) return xTexto;
+    xEspacio.resize(0);
+    xEspacio.append(QStringView(inicio, letra));
+    for (; letra != fin; ++letra) {
+        switch (*letra) {
+        case u'\t':
+            xEspacio.append(u"\\t");
+            break;
+        case u'\n':
+            xEspacio.append(u"\\n");
+            break;
+        case u'\r':
+            xEspacio.append(u"\\r");
+            break;
+        case u'\\':
+            xEspacio.append(u"\\\\");
+            break;
+        case kMarcaSeparador:
+            xEspacio.append(xSeparador);
+            break;
+        default:
+            xEspacio.append(QChar(*letra));
+        }
+    }
+    return xEspacio;
+}
+
+QString Escapado(QStringView xTexto) {
+    QString espacio;
+    return Escapado(xTexto, espacio).toString();
+}
+
 // What a command prints; written out only when the whole command succeeded. The text is kept as
 // UTF-8 in blocks that are filled in place and never moved, each backed in one call: a listing
 // of tens of thousands of records is megabytes.
 class clsSalida {
 public:
-    void Linea(QStringView xTexto) {
+    // One item, escaped.
+    void Linea(QStringView xTexto) { LineaTal(Escapado(xTexto, mEspacio)); }
+    // Items separated by tabs, each escaped.
+    void Linea(std::initializer_list<QStringView> xItems) {
+        QString linea;
+        for (const QStringView item : xItems) {
+            if (item.data() != xItems.begin()->data()) linea += QLatin1Char('\t');
+            linea += Escapado(item, mEspacio);
+        }
+        LineaTal(linea);
+    }
+    // A record's text, whose fields xTexto separates by kMarcaSeparador when its separator
+    // needs escaping (see TextoRegistro).
+    void Registro(QStringView xTexto, QStringView xSeparador) {
+        LineaTal(Escapado(xTexto, mEspacio, xSeparador));
+    }
+    // A record's line: its ID, a tab and its text, as Registro writes it.
+    void Registro(qint64 xNumero, QStringView xTexto, QStringView xSeparador) {
+        Linea(xNumero, Escapado(xTexto, mEspacio, xSeparador));
+    }
+    void Escribir(std::FILE* xDestino) const {
+        for (const Bloque& bloque : mBloques)
+            std::fwrite(bloque.Datos.get(), 1, size_t(bloque.Usado), xDestino);
+    }
+
+private:
+    // A line as it is.
+    void LineaTal(QStringView xTexto) {
         char* fin = mCodificador.appendToBuffer(
             Espacio(mCodificador.requiredSpace(xTexto.size()) + 1), xTexto);
         *fin++ = '\n';
@@ -87,12 +160,6 @@ public:
         *fin++ = '\n';
         Usar(fin);
     }
-    void Escribir(std::FILE* xDestino) const {
-        for (const Bloque& bloque : mBloques)
-            std::fwrite(bloque.Datos.get(), 1, size_t(bloque.Usado), xDestino);
-    }
-
-private:
     // Most commands print a few lines; a listing grows by large blocks.
     static constexpr qsizetype PrimerBloque = 16 * 1024;
     static constexpr qsizetype TamanoBloque = 1024 * 1024;
@@ -116,6 +183,7 @@ private:
     void Usar(const char* xFin) { mBloques.back().Usado = xFin - mBloques.back().Datos.get(); }
 
     std::vector<Bloque> mBloques;
+    QString mEspacio; // the escaped text of the line being written
     QStringEncoder mCodificador{QStringEncoder::Utf8, QStringEncoder::Flag::Stateless};
 };
 
@@ -153,6 +221,15 @@ QString Separador(const Contexto& xContexto, int xDesde) {
     return separador == QLatin1String("\\t") ? QStringLiteral("\t") : separador;
 }
 
+// The separator a record is read with: xSeparador itself, unless it holds a character that
+// output escapes; then kMarcaSeparador, which the output turns back into xSeparador, so that only
+// the fields' own characters are escaped. Neither is the comma that quotes String fields.
+QString SeparadorLectura(const QString& xSeparador) {
+    QString espacio;
+    return Escapado(xSeparador, espacio).size() == xSeparador.size() ? xSeparador
+                                                                     : QString(kMarcaSeparador);
+}
+
 void SinMasArgumentos(const Contexto& xContexto, int xCantidad) {
     if (xContexto.Argumentos.size() != xCantidad) throw ErrorUso();
 }
@@ -179,10 +256,20 @@ void Abrir(const Contexto& xContexto) {
 }
 
 // The entries of a catalogue list, each followed by a tab.
-QStringList Entradas(const QString& xLista) {
-    QStringList entradas = xLista.split(QLatin1Char('\t'));
+// The entries of a catalogue list, each followed by xSeparador.
+QStringList Entradas(const QString& xLista, QChar xSeparador) {
+    QStringList entradas = xLista.split(xSeparador);
     entradas.removeLast();
     return entradas;
+}
+
+// The creator IDs of a list in which each is followed by a tab. A code is four characters of any
+// value, a tab among them, so the list is cut by length.
+QStringList CodigosCreadores(const QString& xLista) {
+    QStringList creadores;
+    for (qsizetype desde = 0; desde + 5 <= xLista.size(); desde += 5)
+        creadores.append(xLista.mid(desde, 4));
+    return creadores;
 }
 
 void Creadores(const Contexto& xContexto) {
@@ -195,18 +282,21 @@ void Creadores(const Contexto& xContexto) {
     // opens one closes it.
     xContexto.Abierta.clear();
     for (const QString& creador :
-         Entradas(xContexto.Base.RetrieveCreatorsID(clase->second, QStringLiteral("\t"))))
+         CodigosCreadores(xContexto.Base.RetrieveCreatorsID(clase->second, QStringLiteral("\t"))))
         xContexto.Salida.Linea(creador);
 }
 
 void Bases(const Contexto& xContexto) {
     const QString creador = Argumento(xContexto, 0);
     SinMasArgumentos(xContexto, 1);
+    // A name ends at its zero byte, so the zero character cannot occur in one; the kind follows
+    // the last "*".
+    const QChar separador(kMarcaSeparador);
     for (const QString& entrada :
-         Entradas(xContexto.Base.RetrieveDataBases(creador, QStringLiteral("\t")))) {
-        const int estrella = entrada.indexOf(QLatin1Char('*'));
-        xContexto.Salida.Linea(entrada.left(estrella) + QLatin1Char('\t') +
-                               entrada.mid(estrella + 1));
+         Entradas(xContexto.Base.RetrieveDataBases(creador, separador), separador)) {
+        const qsizetype estrella = entrada.lastIndexOf(QLatin1Char('*'));
+        xContexto.Salida.Linea(
+            {QStringView(entrada).left(estrella), QStringView(entrada).mid(estrella + 1)});
     }
 }
 
@@ -226,8 +316,7 @@ void Esquema(const Contexto& xContexto) {
     Abrir(xContexto);
     const qint16 campos = xContexto.Base.NumFields();
     for (qint32 campo = 0; campo < campos; ++campo)
-        xContexto.Salida.Linea(xContexto.Base.FieldName(campo) + QLatin1Char('\t') +
-                               xContexto.Base.FieldType(campo));
+        xContexto.Salida.Linea({xContexto.Base.FieldName(campo), xContexto.Base.FieldType(campo)});
 }
 
 void Registros(const Contexto& xContexto) {
@@ -235,12 +324,13 @@ void Registros(const Contexto& xContexto) {
     Abrir(xContexto);
     // A resource database has no records to read.
     if (!xContexto.Base.IsDataBase()) return;
+    const QString lectura = SeparadorLectura(separador);
     bool alPrincipio = true;
     QString registro;
     for (;;) {
-        const qint32 id = xContexto.Base.ReadRecord(alPrincipio, registro, separador);
+        const qint32 id = xContexto.Base.ReadRecord(alPrincipio, registro, lectura);
         if (id == -1) return;
-        xContexto.Salida.Linea(id, registro);
+        xContexto.Salida.Registro(id, registro, separador);
     }
 }
 
@@ -249,10 +339,10 @@ void Leer(const Contexto& xContexto) {
     const QString separador = Separador(xContexto, 2);
     Abrir(xContexto);
     QString registro;
-    if (!xContexto.Base.ReadRecordByID(id, registro, separador))
+    if (!xContexto.Base.ReadRecordByID(id, registro, SeparadorLectura(separador)))
         throw ErrorVB(ErroresFuente::RegistroNoEncontrado, QStringLiteral("ReadRecordByID"),
                       QStringLiteral("No record has the unique ID %1.").arg(id));
-    xContexto.Salida.Linea(registro);
+    xContexto.Salida.Registro(registro, separador);
 }
 
 void Actualizar(const Contexto& xContexto) {
@@ -394,14 +484,15 @@ void Avisar(Sesion& xSesion) {
     const QStringList avisos = xSesion.Fuente->Avisos();
     for (const QString& aviso : avisos) {
         if (!xSesion.Avisados.contains(aviso))
-            std::fprintf(stderr, "Warning: %s\n", qUtf8Printable(aviso));
+            std::fprintf(stderr, "Warning: %s\n", qUtf8Printable(Escapado(aviso)));
     }
     xSesion.Avisados = avisos;
 }
 
 void InformarError(const ErrorVB& xError) {
     std::fprintf(stderr, "Error %d: %s [%s]\n", xError.Numero(),
-                 qUtf8Printable(xError.Descripcion()), qUtf8Printable(xError.Fuente()));
+                 qUtf8Printable(Escapado(xError.Descripcion())),
+                 qUtf8Printable(Escapado(xError.Fuente())));
 }
 
 // Runs one command; what it prints reaches stdout only when the whole command succeeded.
