@@ -1,4 +1,5 @@
 #include "common/clsConfiguracionRegional.h"
+#include "common/modFunciones.h"
 #include "data/clsFuenteCarpeta.h"
 #include "data/modHandheld.h"
 #include "device/frmInformacion.h"
@@ -57,7 +58,7 @@ QString Handheld(const QString& xCarpeta) {
 }
 
 QString TextoKB(qint64 xBytes) {
-    return QString::number(std::round(xBytes / 1024.0 * 100) / 100) + " KB";
+    return QString::number(modFunciones::Kilobytes(double(xBytes))) + " KB";
 }
 
 const char* const CamposTarjeta[] = {

@@ -1,5 +1,8 @@
 #include "common/ErrorVB.h"
+#include "common/clsConfiguracionRegional.h"
 #include "common/modFunciones.h"
+#include "device/modTextosInformacion.h"
+#include "explorer/modTextosPanel.h"
 
 #include <QDir>
 #include <QFile>
@@ -77,6 +80,32 @@ TEST(SinBlancos, QuitaSoloLosBlancosDadosDeLosExtremos) {
         EXPECT_EQ(modFunciones::SinBlancos(caso.Texto, caso.Blancos).toString(),
                   QString::fromUtf16(caso.Esperado))
             << QString::fromUtf16(caso.Texto).toStdString();
+}
+
+// One rounding for every size in KB: the header panel ("#0.##") and the handheld information
+// show the same hundredths, a half going to the even one.
+TEST(Kilobytes, UnaSolaReglaDeRedondeo) {
+    const clsConfiguracionRegional ingles(QLocale(QLocale::English, QLocale::UnitedStates));
+    const clsConfiguracionRegional aleman(QLocale(QLocale::German, QLocale::Germany));
+    const struct {
+        double Bytes;
+        double KB;
+        const char* Informacion;
+        const char* InformacionAleman;
+        const char* Panel;
+    } casos[] = {
+        {640, 0.62, "0.62 KB", "0,62 KB", "0.62 KB"},  // 0.625: the half goes down to the even 2
+        {1920, 1.88, "1.88 KB", "1,88 KB", "1.88 KB"}, // 1.875: up to the even 8
+        {1000, 0.98, "0.98 KB", "0,98 KB", "0.98 KB"}, // 0.9765625
+        {1023, 1, "1 KB", "1 KB", "1. KB"},            // 0.999...
+        {5, 0, "0 KB", "0 KB", "0. KB"},               // less than half a hundredth
+        {8589934592.0, 8388608, "8388608 KB", "8388608 KB", "8388608. KB"}, // beyond 32 bits
+    };
+    for (const auto& caso : casos) {
+        EXPECT_EQ(modFunciones::Kilobytes(caso.Bytes), caso.KB) << caso.Bytes;
+        EXPECT_EQ(modTextosInformacion::TextoTamanio(qint64(caso.Bytes), ingles), caso.Informacion);
+        EXPECT_EQ(modTextosPanel::TextoTamanio(float(caso.Bytes), ingles), caso.Panel);
+    }
 }
 
 TEST(CrearCarpeta, CreaCadaNivelYFallaSobreUnArchivo) {

@@ -27,28 +27,6 @@ QStringList Valores(const QList<QPair<QString, QString>>& xTextos) {
     return valores;
 }
 
-TEST(modTextosInformacion, TamanioEnKB) {
-    struct Caso {
-        qint64 Bytes;
-        QString Ingles, Aleman;
-    };
-    const Caso casos[] = {
-        {0, "0 KB", "0 KB"},
-        {1536, "1.5 KB", "1,5 KB"},
-        {1048576, "1024 KB", "1024 KB"},
-        {1000, "0.98 KB", "0,98 KB"},               // 0.9765625 rounds up
-        {1023, "1 KB", "1 KB"},                     // 0.999 rounds to a whole KB
-        {5, "0 KB", "0 KB"},                        // less than half a hundredth
-        {8589934592LL, "8388608 KB", "8388608 KB"}, // beyond 32 bits
-    };
-    for (const Caso& caso : casos) {
-        EXPECT_EQ(modTextosInformacion::TextoTamanio(caso.Bytes, Ingles), caso.Ingles)
-            << caso.Bytes;
-        EXPECT_EQ(modTextosInformacion::TextoTamanio(caso.Bytes, Aleman), caso.Aleman)
-            << caso.Bytes;
-    }
-}
-
 TEST(modTextosInformacion, TarjetaEnElOrdenDeSusTitulos) {
     TarjetaPalm tarjeta;
     tarjeta.Numero = -1;

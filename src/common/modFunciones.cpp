@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QtGlobal>
+#include <cmath>
 #include <utility>
 
 #ifdef Q_OS_WIN
@@ -174,6 +175,12 @@ QString MultiLinea(const QString& xTexto, double xAncho, int xSangria,
     } catch (const ErrorVB& error) {
         throw error.ConFuente(error.Fuente() + QStringLiteral(".modFunciones.MultiLinea\r\n"));
     }
+}
+
+// bytes * 100 / 1024 is bytes * 25 / 256, exact in a double, so a half is a true half; the
+// default rounding of nearbyint takes it to the even neighbour.
+double Kilobytes(double xBytes) {
+    return std::nearbyint(xBytes * 25.0 / 256.0) / 100.0;
 }
 
 double Val(const QString& xTexto) {

@@ -16,6 +16,10 @@ void OrdenarVector(QStringList& lista, int sentido);
 // The text without the blanks at both ends, the blanks being the characters of xBlancos.
 QStringView SinBlancos(QStringView xTexto, QStringView xBlancos = u" ");
 
+// A size in KB as every window shows one: bytes / 1024 rounded to 2 decimals, a half going to the
+// even hundredth (640 bytes are 0.62 KB, 1920 bytes 1.88 KB).
+double Kilobytes(double xBytes);
+
 // The number at the start of a text, blanks before it skipped: "4" gives 4, " -4.5x" -4.5, "x" 0.
 double Val(const QString& xTexto);
 

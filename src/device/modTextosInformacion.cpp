@@ -1,14 +1,13 @@
 #include "device/modTextosInformacion.h"
 
 #include "common/clsConfiguracionRegional.h"
-
-#include <cmath>
+#include "common/modFunciones.h"
 
 namespace modTextosInformacion {
 
 QString TextoTamanio(qint64 xBytes, const clsConfiguracionRegional& xRegional) {
-    const double kb = std::round(double(xBytes) / 1024.0 * 100.0) / 100.0;
-    return xRegional.TextoNumero(kb) + QStringLiteral(" KB");
+    return xRegional.TextoNumero(modFunciones::Kilobytes(static_cast<double>(xBytes))) +
+           QStringLiteral(" KB");
 }
 
 QList<QPair<QString, QString>> TextosTarjeta(const TarjetaPalm& xTarjeta,

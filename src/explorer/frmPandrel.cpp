@@ -1,6 +1,7 @@
 #include "explorer/frmPandrel.h"
 
 #include "common/ErrorVB.h"
+#include "common/modFunciones.h"
 #include "data/clsPDBInterface.h"
 #include "data/clsPalmPDB.h"
 #include "data/modHandheld.h"
@@ -27,7 +28,6 @@
 #include <QTimer>
 #include <QTreeWidget>
 #include <QVBoxLayout>
-#include <cmath>
 
 namespace {
 const QString kFormulario = QStringLiteral("frmPandrel");
@@ -39,10 +39,9 @@ constexpr int kAltoVentana = 8130;
 // Long work lets the window repaint at most this often (milliseconds).
 constexpr int kIntervaloPintado = 40;
 
-// A memory figure: bytes / 1024 rounded to 2 decimals (ties to even), in its shortest form.
+// A memory figure in KB, in its shortest form.
 QString TextoKB(qint64 xBytes) {
-    const double kb = std::nearbyint(static_cast<double>(xBytes) / 1024.0 * 100.0) / 100.0;
-    return QString::number(kb, 'g', 15);
+    return QString::number(modFunciones::Kilobytes(static_cast<double>(xBytes)), 'g', 15);
 }
 } // namespace
 

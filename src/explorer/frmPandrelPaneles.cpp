@@ -5,6 +5,7 @@
 
 #include "common/ErrorVB.h"
 #include "common/clsConfiguracionRegional.h"
+#include "common/modFunciones.h"
 #include "data/clsPDBInterface.h"
 #include "explorer/clsGrillaFlexible.h"
 #include "explorer/clsVistaGrilla.h"
@@ -14,15 +15,9 @@
 #include <QLabel>
 #include <QStackedWidget>
 #include <QTreeWidget>
-#include <cmath>
 
 namespace {
 const QString kSeparador = QStringLiteral("\t");
-
-// bytes / 1024 rounded to 2 decimals, ties to even.
-float KB(float xBytes) {
-    return std::nearbyint(xBytes / 1024.0f * 100.0f) / 100.0f;
-}
 
 struct ColumnaRecurso {
     const char* Titulo;
@@ -126,7 +121,7 @@ QString frmPandrel::FilaRecurso(const QString& xNombre) {
             celdas << QStringLiteral("Unknow");
         return celdas.join(kSeparador);
     }
-    const float tamanio = KB(mBase->DBSize());
+    const auto tamanio = static_cast<float>(modFunciones::Kilobytes(mBase->DBSize()));
     const qint32 registros = mBase->NumRecords();
     mTotalTamanio += tamanio;
     mTotalRegistros += registros;

@@ -1,9 +1,8 @@
 #include "explorer/modTextosPanel.h"
 
 #include "common/clsConfiguracionRegional.h"
+#include "common/modFunciones.h"
 #include "data/clsPDBInterface.h"
-
-#include <cmath>
 
 namespace modTextosPanel {
 
@@ -16,8 +15,8 @@ QString TextoFecha(const QDateTime& xFecha, const clsConfiguracionRegional& xReg
 }
 
 QString TextoTamanio(float xBytes, const clsConfiguracionRegional& xRegional) {
-    const double kb = std::round(double(xBytes) / 1024.0 * 100.0) / 100.0;
-    return xRegional.Formato(kb, QStringLiteral("#0.##")) + QStringLiteral(" KB");
+    return xRegional.Formato(modFunciones::Kilobytes(xBytes), QStringLiteral("#0.##")) +
+           QStringLiteral(" KB");
 }
 
 // In the order the panel fills them: the database is asked for each value once.
