@@ -25,6 +25,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPrinter>
 #include <QPushButton>
 #include <QScrollBar>
@@ -92,12 +93,15 @@ protected:
         mVentana = std::make_unique<frmPandrel>();
         mVentana->show();
         mVentana->Form_Load();
-        auto* arbol = mVentana->findChild<QTreeWidget*>("tvwDataBases");
-        QTreeWidgetItem* creador = arbol->topLevelItem(0)->child(0);
-        creador->setExpanded(true);
-        arbol->setCurrentItem(creador->child(0));
-        emit arbol->itemClicked(creador->child(0), 0);
+        ElegirStock();
         mGrilla = mVentana->findChild<clsVistaGrilla*>("grdTabla");
+    }
+    QTreeWidget* Arbol() const { return mVentana->findChild<QTreeWidget*>("tvwDataBases"); }
+    void ElegirStock() {
+        QTreeWidgetItem* creador = Arbol()->topLevelItem(0)->child(0);
+        creador->setExpanded(true);
+        Arbol()->setCurrentItem(creador->child(0));
+        emit Arbol()->itemClicked(creador->child(0), 0);
     }
     void TearDown() override { modDialogos::ResponderMensajes({}); }
 
@@ -426,6 +430,61 @@ TEST_F(frmPandrelRegistrosTest, PrintPrintsTheGridUnderTheCaption) {
     EXPECT_EQ(Mensajes,
               QStringList({"Error de la Impresora, verifique que esté lista para imprimir.",
                            "Printing error."}));
+}
+
+// Another program replaced the file with another database: a write is refused in the error report
+// window, the file stays as that program left it and the tree is read again, nothing chosen.
+TEST_F(frmPandrelRegistrosTest, AWriteToAFileThatNowHoldsAnotherDatabaseReloadsTheTree) {
+    const std::pair<const char*, std::function<void()>> escrituras[] = {
+        {"attribute box", [&] { mVentana->findChild<QCheckBox*>("chkSecret")->click(); }},
+        {"update dialog",
+         [&] {
+             mGrilla->setCurrentIndex(Tabla().index(2, 1));
+             AlAbrir<frmActualizarValor>([](frmActualizarValor* xDialogo) {
+                 auto* nuevo = xDialogo->findChild<QLineEdit*>("txtValorNuevo");
+                 nuevo->setText("5");
+                 QTest::keyClick(nuevo, Qt::Key_Return);
+                 if (xDialogo->isVisible()) QTest::keyClick(nuevo, Qt::Key_Escape);
+             });
+             Tecla(mGrilla, Qt::Key_Return);
+         }},
+    };
+    const QString archivo = QDir(mDirectorio.path()).filePath("Stock.pdb");
+    const QByteArray stock = [&] {
+        QFile f(archivo);
+        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+    }();
+    clsConstructorBase otra("Other", "DATA", "AFot");
+    otra.EsquemaAppForge("Other", {{"Qty", clsConstructorBase::Int}});
+    otra.AgregarRegistro({1});
+    for (const auto& [caso, escribir] : escrituras) {
+        QFile::remove(archivo);
+        QFile original(archivo);
+        ASSERT_TRUE(original.open(QIODevice::WriteOnly));
+        original.write(stock);
+        original.close();
+        ElegirStock();
+        ASSERT_TRUE(mGrilla->isVisible()) << caso;
+        otra.Guardar(archivo);
+        QString informe;
+        AlAbrir<frmMensajeError>([&](frmMensajeError* xVentana) {
+            informe = xVentana->findChild<QPlainTextEdit*>("txtErrorDescrip")->toPlainText();
+            xVentana->close();
+        });
+        escribir();
+        QApplication::processEvents();
+        EXPECT_TRUE(informe.contains("changed on disk")) << caso << ": " << qPrintable(informe);
+        QFile enDisco(archivo);
+        ASSERT_TRUE(enDisco.open(QIODevice::ReadOnly));
+        EXPECT_EQ(enDisco.readAll(), otra.Archivo().Escribir()) << caso;
+        EXPECT_FALSE(mGrilla->isVisible()) << caso;
+        EXPECT_EQ(mVentana->windowTitle(), "Explorer") << caso;
+        // The creators again, each with its databases still to be read.
+        QTreeWidgetItem* creador = Arbol()->topLevelItem(0)->child(0);
+        ASSERT_NE(creador, nullptr) << caso;
+        EXPECT_FALSE(creador->isExpanded()) << caso;
+        EXPECT_EQ(creador->child(0)->text(0), "") << caso;
+    }
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "common/ErrorVB.h"
 #include "common/modFunciones.h"
+#include "data/clsFuentePalm.h"
 #include "data/clsPDBInterface.h"
 #include "errors/MostrarMensajeError.h"
 #include "shell/modDialogos.h"
@@ -93,6 +94,8 @@ bool frmActualizarValor::Actualizar() {
         mNuevoID = -1;
         if (!EsValorRechazado(e)) {
             MostrarMensajeError(e, kFormulario, QStringLiteral("Actualizar"));
+            mBaseCambiada = e.Numero() == ErroresFuente::BaseCambiada;
+            if (mBaseCambiada) reject();
             return false;
         }
     }

@@ -25,6 +25,9 @@ public:
     qint32 NewRecordID() const { return mNuevoID; }
     // The accept step: writes the typed text; returns whether the record was updated.
     bool Actualizar();
+    // The write was refused because the database's file now holds another database; the dialog
+    // then closes, as there is nothing left to update.
+    bool BaseCambiada() const { return mBaseCambiada; }
 
 protected:
     void keyPressEvent(QKeyEvent* xEvento) override;
@@ -38,6 +41,7 @@ private:
     clsPDBInterface* mBase = nullptr;
     QString mValorNuevo;
     qint32 mNuevoID = -1;
+    bool mBaseCambiada = false;
 
     QToolBar* tlbOpciones = nullptr;
     QGroupBox* fraValores = nullptr;

@@ -303,6 +303,9 @@ bool frmPandrel::Atrapar(const QString& xProcedimiento, const std::function<void
         return true;
     } catch (const ErrorVB& e) {
         MostrarMensajeError(e, kFormulario, xProcedimiento);
+        // Once the work has unwound: it may still hold nodes of the tree.
+        if (e.Numero() == ErroresFuente::BaseCambiada)
+            QTimer::singleShot(0, this, &frmPandrel::RecargarArbol);
     } catch (const std::exception& e) {
         MostrarMensajeError(0, QString::fromLocal8Bit(e.what()), QString(), kFormulario,
                             xProcedimiento);

@@ -89,8 +89,9 @@ private:
                             const QString& xNombre = QString());
     bool MostrarMemoria();
     // Runs xTrabajo under the trap of procedure xProcedimiento: a failure goes to the error
-    // report window and the work is abandoned. Returns whether it ran through.
-    static bool Atrapar(const QString& xProcedimiento, const std::function<void()>& xTrabajo);
+    // report window and the work is abandoned; a write refused because the database's file now
+    // holds another database also reloads the tree. Returns whether it ran through.
+    bool Atrapar(const QString& xProcedimiento, const std::function<void()>& xTrabajo);
     // Long work: lets the window repaint now and then (user input waits until the work is done).
     void EmpezarTrabajoLargo();
     void TerminarTrabajoLargo();
@@ -111,6 +112,8 @@ private:
     void tvwDataBases_CurrentChange(QTreeWidgetItem* xNodo);
     void ElegirNodo(QTreeWidgetItem* xNodo);
     void cmbTiposDB_Click();
+    // The handheld changed under the chosen database: it is closed and the tree read again.
+    void RecargarArbol();
 
     // frmPandrelPaneles.cpp
     void CargarInformacionBase();

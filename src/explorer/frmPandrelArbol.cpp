@@ -135,6 +135,14 @@ void frmPandrel::ElegirBase(const QString& xNombre) {
     tvwDataBases_NodeClick(base);
 }
 
+void frmPandrel::RecargarArbol() {
+    mBase->CloseDatabase();
+    grdCampos->hide();
+    grdTabla->hide();
+    setWindowTitle(QStringLiteral("Explorer"));
+    CargarCreatorIDs();
+}
+
 void frmPandrel::cmbTiposDB_Click() {
     if (mOcupado) return;
     CargarCreatorIDs();

@@ -13,6 +13,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QLineEdit>
+#include <QTimer>
 #include <QToolBar>
 #include <QTreeWidget>
 
@@ -95,6 +96,7 @@ void frmPandrel::EditarCelda() {
         dialogo.Parametros(NombreBaseElegida(), tabla.RowData(fila), columna,
                            tabla.TextMatrix(fila, columna), *mBase);
         dialogo.exec();
+        if (dialogo.BaseCambiada()) QTimer::singleShot(0, this, &frmPandrel::RecargarArbol);
         if (dialogo.NewRecordID() == -1) return;
         const qint32 nuevaFila =
             mNavegador->ActualizarFila(fila, columna, dialogo.NewValue(), dialogo.NewRecordID());
