@@ -36,6 +36,9 @@ const QString kFormulario = QStringLiteral("frmPandrel");
 constexpr int kAnchoVentana = 11205;
 constexpr int kAltoVentana = 8130;
 
+// Width beyond the minimum a new window opens with, in pixels: what the tree pane can take.
+constexpr int kHolguraArbol = 120;
+
 // Long work lets the window repaint at most this often (milliseconds).
 constexpr int kIntervaloPintado = 40;
 
@@ -339,7 +342,7 @@ void frmPandrel::InformarProgreso(int xHechos, int xTotal) {
 
 // Every control whole at today's fonts: once the window is polished and about to show, it takes
 // the size its layout needs as its minimum (the filter box showing its longest entry), and its
-// frame grows to fit.
+// frame grows to fit, with room to widen the tree.
 void frmPandrel::showEvent(QShowEvent* xEvento) {
     QWidget::showEvent(xEvento);
     if (mTamanoFijado) return;
@@ -351,7 +354,8 @@ void frmPandrel::showEvent(QShowEvent* xEvento) {
         disposicion->invalidate();
     layout()->invalidate();
     setMinimumSize(minimumSizeHint());
-    ventana->resize(ventana->size().expandedTo(minimumSize() + marco));
+    // Room beyond the minimum, so the tree pane can be widened at once.
+    ventana->resize(ventana->size().expandedTo(minimumSize() + marco + QSize(kHolguraArbol, 0)));
 }
 
 void frmPandrel::closeEvent(QCloseEvent* xEvento) {
