@@ -2,14 +2,17 @@
 //   FOLDER/big   one AppForge database "BenchBig" of 65,535 records with eight fields (one of each
 //                type and a second String), the largest a database can hold;
 //   FOLDER/many  1,000 databases under 250 creators, a third of them AppForge databases;
-//   FOLDER/report one AppForge database "BenchReport" of 2,000 records with the same fields.
+//   FOLDER/report one AppForge database "BenchReport" of 2,000 records with the same fields;
+//   FOLDER/many.zip the databases of many/ as a zip backup.
 
 #include "constructor/clsConstructorBase.h"
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFile>
 #include <cstdio>
 #include <stdexcept>
+#include <zip.h>
 
 namespace {
 
@@ -67,6 +70,22 @@ void MuchasEn(const QString& xCarpeta) {
     }
 }
 
+// Every file of xCarpeta into the zip archive xArchivo, compressed, in file-name order.
+void ZipDe(const QString& xCarpeta, const QString& xArchivo) {
+    QFile::remove(xArchivo);
+    int codigo = 0;
+    zip_t* zip = zip_open(QFile::encodeName(xArchivo).constData(), ZIP_CREATE | ZIP_EXCL, &codigo);
+    if (!zip) throw std::runtime_error("cannot create " + xArchivo.toStdString());
+    const QDir carpeta(xCarpeta);
+    for (const QString& nombre : carpeta.entryList(QDir::Files, QDir::Name)) {
+        zip_source_t* fuente =
+            zip_source_file(zip, QFile::encodeName(carpeta.filePath(nombre)).constData(), 0, -1);
+        if (!fuente || zip_file_add(zip, nombre.toUtf8().constData(), fuente, 0) < 0)
+            throw std::runtime_error("cannot add " + nombre.toStdString());
+    }
+    if (zip_close(zip) != 0) throw std::runtime_error("cannot write " + xArchivo.toStdString());
+}
+
 void Crear(const QString& xCarpeta) {
     QDir(xCarpeta).removeRecursively();
     if (!QDir().mkpath(xCarpeta))
@@ -87,6 +106,7 @@ int main(int argc, char** argv) {
         GrandeEn(carpeta + "/big");
         Crear(carpeta + "/many");
         MuchasEn(carpeta + "/many");
+        ZipDe(carpeta + "/many", carpeta + "/many.zip");
         Crear(carpeta + "/report");
         InformeEn(carpeta + "/report");
     } catch (const std::exception& error) {

@@ -11,7 +11,8 @@ cli="$build/pandrel-cli"
 
 cmake --build "$build" --target pandrel-cli bench-inputs >/dev/null
 mkdir -p "$build/bench-out"
-[ -f "$inputs/big/BenchBig.pdb" ] && [ -f "$inputs/report/BenchReport.pdb" ] ||
+[ -f "$inputs/big/BenchBig.pdb" ] && [ -f "$inputs/report/BenchReport.pdb" ] &&
+    [ -f "$inputs/many.zip" ] ||
     "$build/bench/bench-inputs" "$inputs"
 
 # measure NAME RUNS COMMAND...: runs the command RUNS times with its output to /dev/null.
@@ -44,6 +45,8 @@ measure "export --csv (65,535 x 8 fields)" "$runs" "$cli" --handheld "$inputs/bi
 measure "report (2,000 rows to PDF)" "$runs" "$cli" --handheld "$inputs/report" report BenchReport --pdf "$build/bench-out/BenchReport.pdf"
 measure "creators --kind appforge (1,000)" "$runs" "$cli" --handheld "$inputs/many" creators --kind appforge
 measure "update one String, mid-database" "$runs" "$cli" --handheld "$inputs/big" update BenchBig 1081344 4 "Customer {i}"
+measure "creators --kind appforge (1,000 zip)" "$runs" "$cli" --handheld "$inputs/many.zip" creators --kind appforge
+measure "update one String in the 1,000 zip" "$runs" "$cli" --handheld "$inputs/many.zip" update Bench0000 1048577 4 "Customer {i}"
 
 # The windows, on the offscreen platform: start-up to the first explorer's tree, and choosing the
 # large database until its panels and first batch show.

@@ -60,12 +60,16 @@ TEST_F(ZipTest, LasEntradasHostilesSeAvisanSinSalirDelArchivo) {
                                           {"secreta.pdb", Base("Secreta")},
                                           {"enorme.pdb", Base("Enorme")},
                                           {"dentro.zip", interior},
+                                          {"rota.pdb", Base("Rota", QByteArray(2000, 'r'))},
                                           {"notas.txt", "not a database"}},
                                          {"secreta.pdb"}));
     QFile archivo(Ruta());
     ASSERT_TRUE(archivo.open(QIODevice::ReadWrite));
     QByteArray bytes = archivo.readAll();
     FingirTamano(bytes, "enorme.pdb", 0xC0000000u);
+    // Damaged data: the directory is whole, the entry's compressed bytes are not.
+    const qsizetype rota = bytes.indexOf("rota.pdb") + 8;
+    bytes.replace(rota + 20, 16, QByteArray(16, '\xff'));
     archivo.seek(0);
     archivo.write(bytes);
     archivo.close();
@@ -73,14 +77,15 @@ TEST_F(ZipTest, LasEntradasHostilesSeAvisanSinSalirDelArchivo) {
     clsFuenteZip fuente(Ruta());
     EXPECT_EQ(Listar(fuente), QStringList({"Buena"}));
     const QStringList avisos = fuente.Avisos();
-    ASSERT_EQ(avisos.size(), 4) << avisos.join('\n').toStdString();
+    ASSERT_EQ(avisos.size(), 5) << avisos.join('\n').toStdString();
     const struct {
         const char* Entrada;
         const char* Motivo;
     } casos[] = {{"../fuera.pdb", "leads out of the archive"},
                  {"secreta.pdb", "encrypted"},
                  {"enorme.pdb", "claims 3221225472 bytes"},
-                 {"dentro.zip", "archive inside the archive"}};
+                 {"dentro.zip", "archive inside the archive"},
+                 {"rota.pdb", "cannot be read"}};
     for (const auto& caso : casos)
         EXPECT_EQ(avisos.filter(caso.Entrada).filter(caso.Motivo).size(), 1) << caso.Entrada;
     EXPECT_FALSE(QFile::exists(QFileInfo(mCarpeta.path()).dir().filePath("fuera.pdb")));

@@ -64,7 +64,7 @@ bool Asentar(const QString& xRuta) {
 
 clsArchivoZip::clsArchivoZip(const QString& xRuta) {
     int codigo = 0;
-    mZip = zip_open(QFile::encodeName(xRuta).constData(), ZIP_RDONLY | ZIP_CHECKCONS, &codigo);
+    mZip = zip_open(QFile::encodeName(xRuta).constData(), ZIP_RDONLY, &codigo);
     if (!mZip) {
         mError = TextoError(codigo);
         return;

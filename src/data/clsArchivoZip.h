@@ -23,8 +23,8 @@ struct EntradaZip {
 // here ever writes a file named after an entry: entries are read into memory only.
 class clsArchivoZip {
 public:
-    // Opens the archive and checks its central directory against the rest of the file, so a
-    // truncated archive fails here.
+    // Opens the archive and reads its central directory, so an archive cut short of it fails
+    // here; an entry whose data is cut short fails when it is read.
     explicit clsArchivoZip(const QString& xRuta);
     ~clsArchivoZip();
     clsArchivoZip(const clsArchivoZip&) = delete;

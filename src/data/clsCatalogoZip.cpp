@@ -103,10 +103,9 @@ QString clsCatalogoZip::NombreHandheld() const {
     return QFileInfo(Carpeta()).completeBaseName();
 }
 
-const clsCatalogoZip::Instantanea& clsCatalogoZip::Actual() const {
+const clsCatalogoZip::Instantanea& clsCatalogoZip::Actual(bool xReleer) const {
     const EstadoArchivo estado = clsLecturaArchivo::EstadoDe(Carpeta());
-    if (mInstantanea.Zip && mInstantanea.Estado.SinCambios(estado, mInstantanea.Momento))
-        return mInstantanea;
+    if (!xReleer && mInstantanea.Zip && mInstantanea.Estado == estado) return mInstantanea;
     Instantanea nueva;
     nueva.Estado = estado;
     nueva.Momento = clsLecturaArchivo::Ahora();
@@ -145,6 +144,11 @@ QStringList clsCatalogoZip::Archivos() const {
     return nombres;
 }
 
+EstadoArchivo clsCatalogoZip::EstadoEntrada(const QString& xRuta) const {
+    Actual(true);
+    return EstadoDe(xRuta);
+}
+
 EstadoArchivo clsCatalogoZip::EstadoDe(const QString& xRuta) const {
     const EntradaZip* entrada = Entrada(xRuta);
     return entrada ? EstadoDeEntrada(*entrada) : EstadoArchivo();
@@ -161,6 +165,7 @@ clsCatalogoCarpeta::Lectura clsCatalogoZip::Leer(const QString& xRuta) {
     if (!lectura.Motivo.isEmpty()) return lectura;
     lectura.Estado = EstadoDeEntrada(copia);
     std::shared_ptr<clsArchivoZip> zip = mInstantanea.Zip;
+    QByteArray entera;
     Interpretar(lectura, xRuta,
                 [&](qint64 xDesde, qint64 xCantidad, QByteArray& xBytes, QString& xError) {
                     QByteArray inicio;
@@ -168,9 +173,12 @@ clsCatalogoCarpeta::Lectura clsCatalogoZip::Leer(const QString& xRuta) {
                         xError = zip->Error();
                         return false;
                     }
+                    if (inicio.size() == copia.Tamano) entera = inicio;
                     xBytes.append(inicio.mid(xDesde));
                     return true;
                 });
+    if (lectura.Valida && !entera.isNull() && zip == mInstantanea.Zip)
+        mInstantanea.Leidas.insert(copia.Nombre, entera);
     return lectura;
 }
 
@@ -182,6 +190,11 @@ bool clsCatalogoZip::LeerEntrada(const QString& xRuta, QByteArray& xBytes, QStri
     }
     xError = Rechazo(*entrada);
     if (!xError.isEmpty()) return false;
+    const auto leida = mInstantanea.Leidas.constFind(entrada->Nombre);
+    if (leida != mInstantanea.Leidas.constEnd()) {
+        xBytes = *leida;
+        return true;
+    }
     if (mInstantanea.Zip->Leer(*entrada, -1, xBytes)) return true;
     xError = mInstantanea.Zip->Error();
     return false;

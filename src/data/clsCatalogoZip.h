@@ -28,9 +28,9 @@ public:
                                               const QString& xNombre, ContenidoArchivo xContenido,
                                               const QString& xOperacion) override;
 
-    // A look at the entry of a database file, the archive read again when it changed; a state
-    // that says it does not exist when the archive no longer holds it.
-    EstadoArchivo EstadoEntrada(const QString& xRuta) const { return EstadoDe(xRuta); }
+    // A look at the entry of a database file in the archive as it is now (its directory read
+    // again); a state that says it does not exist when the archive no longer holds it.
+    EstadoArchivo EstadoEntrada(const QString& xRuta) const;
     // The whole entry as it is now; false, with xError set, when it cannot be read.
     bool LeerEntrada(const QString& xRuta, QByteArray& xBytes, QString& xError);
     // The entry's name inside the archive.
@@ -54,9 +54,13 @@ private:
         qint64 Momento = 0;
         std::shared_ptr<clsArchivoZip> Zip;
         QHash<QString, EntradaZip> PorNombre; // the entries that may be databases, by name
+        // Entries read whole while their header was read, for the open that usually follows.
+        QHash<QString, QByteArray> Leidas;
     };
-    // The archive, read again when a look at it shows a change.
-    const Instantanea& Actual() const;
+    // The archive, read again when a look at it shows a change, or always with xReleer. A look
+    // that agrees is trusted here even within the second of a change: the writes of this
+    // program read the archive again before they compare (EstadoEntrada).
+    const Instantanea& Actual(bool xReleer = false) const;
     const EntradaZip* Entrada(const QString& xRuta) const;
 
     mutable Instantanea mInstantanea;
