@@ -32,7 +32,9 @@ QMessageBox::StandardButton MsgBox(QWidget* xPadre, const QString& xTexto,
 QString GuardarArchivo(QWidget* xPadre, const QString& xTitulo, const QString& xArchivo,
                        const QString& xFiltro, QString* xFiltroElegido) {
     if (Archivos()) return Archivos()({xPadre, xTitulo, xArchivo, xFiltro}, xFiltroElegido);
-    return QFileDialog::getSaveFileName(xPadre, xTitulo, xArchivo, xFiltro, xFiltroElegido);
+    // The program asks itself before it replaces a file.
+    return QFileDialog::getSaveFileName(xPadre, xTitulo, xArchivo, xFiltro, xFiltroElegido,
+                                        QFileDialog::DontConfirmOverwrite);
 }
 
 QString AbrirArchivo(QWidget* xPadre, const QString& xTitulo, const QString& xArchivo,
