@@ -151,5 +151,5 @@ TEST_F(ZipTest, UnaEscrituraConservaLasDemasEntradas) {
     clsFuenteZip otra(Ruta());
     EXPECT_EQ(otra.CrearGestor()->AbrirBaseRegistros("Alfa", "", 208)->LeerPorID(5).Bytes,
               QByteArray("cambiado"));
-    EXPECT_EQ(otra.CrearSistema()->TarjetaMemoria().Nombre, "Palm");
+    EXPECT_EQ(otra.CrearSistema()->TarjetaMemoria()->Nombre(), "Palm");
 }

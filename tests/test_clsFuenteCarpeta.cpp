@@ -93,23 +93,23 @@ template <typename F> void EsperarError(qint32 xNumero, F&& xAccion, const QStri
 
 // The card and the user a source describes, field by field as texts (all but the free RAM).
 QStringList Describir(clsFuentePalm& xFuente) {
-    const TarjetaPalm t = xFuente.CrearSistema()->TarjetaMemoria();
-    const UsuarioPalm u = xFuente.CrearSistema()->InformacionUsuario();
+    const auto t = xFuente.CrearSistema()->TarjetaMemoria();
+    const auto u = xFuente.CrearSistema()->InformacionUsuario();
     const auto n = [](auto x) { return QString::number(x); };
-    return {n(t.Numero),
-            n(t.Version),
-            t.FechaCreacion.toString(Qt::ISODate),
-            n(t.TamanoRom),
-            n(t.TamanoRam),
-            t.Nombre,
-            t.Fabricante,
-            n(t.CantidadBasesRom),
-            n(t.CantidadBasesRam),
-            u.Nombre,
-            u.Clave,
-            u.FechaUltimaSincronizacion.toString(Qt::ISODate),
-            n(u.UltimaSincronizacionPC),
-            n(u.IDUsuario)};
+    return {n(t->Numero()),
+            n(t->Version()),
+            t->FechaCreacion().toString(Qt::ISODate),
+            n(t->TamanoRom()),
+            n(t->TamanoRam()),
+            t->Nombre(),
+            t->Fabricante(),
+            n(t->CantidadBasesRom()),
+            n(t->CantidadBasesRam()),
+            u->Nombre(),
+            u->Clave(),
+            u->FechaUltimaSincronizacion().toString(Qt::ISODate),
+            n(u->UltimaSincronizacionPC()),
+            n(u->IDUsuario())};
 }
 
 // A handheld that is a folder in a temporary directory.
@@ -834,7 +834,7 @@ TYPED_TEST(FuenteDeBases, LaTarjetaYElUsuarioVienenDeLosAjustes) {
     EXPECT_EQ(Describir(*fuente), QStringList({"1", "3.5", "2003-04-05T06:07:08Z", "4194304",
                                                "16777216", "Visor", "Acme", "40", "12", "Ana Diaz",
                                                "secreto", "2004-01-02T03:04:05Z", "77", "1234"}));
-    EXPECT_EQ(fuente->CrearSistema()->TarjetaMemoria().RamLibre, 1536);
+    EXPECT_EQ(fuente->CrearSistema()->TarjetaMemoria()->RamLibre(), 1536);
 }
 
 TYPED_TEST(FuenteDeBases, SinAjustesLosValoresSeDerivanDelHandheld) {
@@ -852,23 +852,32 @@ TYPED_TEST(FuenteDeBases, SinAjustesLosValoresSeDerivanDelHandheld) {
                            QString::number(bytesVieja.size() + bytesVariada.size()),
                            this->mFabrica.NombreHandheld(), "", "0", "2", "Juan Perez", "", "", "0",
                            "0"}));
-    EXPECT_NEAR(double(fuente->CrearSistema()->TarjetaMemoria().RamLibre),
+    EXPECT_NEAR(double(fuente->CrearSistema()->TarjetaMemoria()->RamLibre()),
                 double(this->mFabrica.EspacioLibre()), 64e6);
 }
 
-TYPED_TEST(FuenteDeBases, UnAjusteQueNoEsDeSuClaseSeRechaza) {
-    const char* ajustes[] = {"[Card]\nNumber=uno\n", "[Card]\nCreationDate=ayer\n",
-                             "[User]\nLastSyncDate=2004-13-45 00:00:00\n", "[Card]\nVersion=x1\n"};
-    for (const char* texto : ajustes) {
-        this->mFabrica.PonerAjustes(texto);
-        auto fuente = this->mFabrica.Crear();
+// A value that is not of its kind fails when it is read; the others are read all the same.
+TYPED_TEST(FuenteDeBases, UnAjusteQueNoEsDeSuClaseFallaAlLeerlo) {
+    using Lectura = std::function<void(clsSistemaPalm&)>;
+    const struct {
+        const char* Ajustes;
+        Lectura Mala;
+    } casos[] = {
+        {"[Card]\nNumber=uno\n", [](clsSistemaPalm& x) { x.TarjetaMemoria()->Numero(); }},
+        {"[Card]\nCreationDate=ayer\n",
+         [](clsSistemaPalm& x) { x.TarjetaMemoria()->FechaCreacion(); }},
+        {"[Card]\nRomSize=abc\n", [](clsSistemaPalm& x) { x.TarjetaMemoria()->TamanoRom(); }},
+        {"[User]\nLastSyncDate=2004-13-45 00:00:00\n",
+         [](clsSistemaPalm& x) { x.InformacionUsuario()->FechaUltimaSincronizacion(); }},
+        {"[Card]\nVersion=x1\n", [](clsSistemaPalm& x) { x.TarjetaMemoria()->Version(); }},
+    };
+    for (const auto& caso : casos) {
+        this->mFabrica.PonerAjustes(QByteArray(caso.Ajustes) + "[Card]\nName=Visor\n");
+        auto sistema = this->mFabrica.Crear()->CrearSistema();
         EsperarError(
-            ErroresFuente::HandheldInaccesible,
-            [&] {
-                fuente->CrearSistema()->TarjetaMemoria();
-                fuente->CrearSistema()->InformacionUsuario();
-            },
-            "Handheld.ini");
+            ErroresFuente::HandheldInaccesible, [&] { caso.Mala(*sistema); }, "Handheld.ini");
+        EXPECT_EQ(sistema->TarjetaMemoria()->Nombre(), "Visor") << caso.Ajustes;
+        EXPECT_EQ(sistema->InformacionUsuario()->Clave(), "") << caso.Ajustes;
     }
 }
 

@@ -113,10 +113,14 @@ TEST_F(frmInformacionTest, LeeElHandheldYAvisaUnaVezSiFalla) {
     const QString derivado = Handheld(Ruta("Carlos/Backup"));
     const qint64 bytes =
         QFileInfo(derivado + "/MemoDB.pdb").size() + QFileInfo(derivado + "/ToDoDB.pdb").size();
-    // The card is fine but the user's ID is not a number.
+    // The card is fine but the user's ID, read last, is not a number.
     const QString usuarioMalo = Handheld(Ruta("usuarioMalo"));
     Escribir(usuarioMalo + "/Handheld.ini",
              QByteArray(IniCompleto).replace("UserID=42", "UserID=forty-two"));
+    // The ROM size is not a number: the card is filled up to it, the user not at all.
+    const QString romMala = Handheld(Ruta("romMala"));
+    Escribir(romMala + "/Handheld.ini",
+             QByteArray(IniCompleto).replace("RomSize=4194304", "RomSize=abc"));
     // Something that is not a file stands where Handheld.ini should be.
     const QString ilegible = Handheld(Ruta("ilegible"));
     QDir(ilegible).mkdir("Handheld.ini");
@@ -142,8 +146,16 @@ TEST_F(frmInformacionTest, LeeElHandheldYAvisaUnaVezSiFalla) {
          derivadosTarjeta,
          {"Carlos", "0", "", "0", ""},
          0},
-        {"bad user", std::make_shared<clsFuenteCarpeta>(usuarioMalo), LlenosTarjeta,
-         InicialesUsuario, 1},
+        {"bad user ID",
+         std::make_shared<clsFuenteCarpeta>(usuarioMalo),
+         LlenosTarjeta,
+         {"Ana Pérez", "", "s3cret", "305419896", "2/29/2004 1:45:10 PM"},
+         1},
+        {"bad ROM size",
+         std::make_shared<clsFuenteCarpeta>(romMala),
+         {"PalmCard", "Palm Computing", "1.00", "5/17/2003", "", "", "", "", "", "0"},
+         InicialesUsuario,
+         1},
         {"unreadable", std::make_shared<clsFuenteCarpeta>(ilegible), InicialesTarjeta,
          InicialesUsuario, 1},
         {"vanished", fuenteDesaparecida, InicialesTarjeta, InicialesUsuario, 1},

@@ -403,11 +403,12 @@ void Informacion(const Contexto& xContexto) {
     SinMasArgumentos(xContexto, 0);
     const clsPalmInformation informacion;
     const clsConfiguracionRegional& regional = clsConfiguracionRegional::Actual();
-    const auto textos =
-        modTextosInformacion::TextosTarjeta(informacion.MemoryCard(), regional) +
-        modTextosInformacion::TextosUsuario(informacion.UserInformation(), regional);
+    const auto tarjeta = informacion.MemoryCard();
+    const auto usuario = informacion.UserInformation();
+    const auto textos = modTextosInformacion::TextosTarjeta(*tarjeta, regional) +
+                        modTextosInformacion::TextosUsuario(*usuario, regional);
     for (const auto& [titulo, texto] : textos)
-        xContexto.Salida.Linea(titulo + QLatin1Char(' ') + texto);
+        xContexto.Salida.Linea(titulo + QLatin1Char(' ') + texto());
 }
 
 void Exportar(const Contexto& xContexto) {

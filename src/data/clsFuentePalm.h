@@ -114,35 +114,41 @@ public:
     AbrirBaseRecursos(const QString& xNombre, const QString& xClase, qint32 xModo) = 0;
 };
 
-// Memory card information, in the order the card reports it.
-struct TarjetaPalm {
-    qint32 Numero = 0;
-    double Version = 0;
-    QDateTime FechaCreacion;
-    qint64 TamanoRom = 0; // bytes
-    qint64 TamanoRam = 0;
-    qint64 RamLibre = 0;
-    QString Nombre;
-    QString Fabricante;
-    qint32 CantidadBasesRom = 0;
-    qint32 CantidadBasesRam = 0;
+// Memory card information, in the order the card reports it. Each value is read when it is
+// asked for and raises when it cannot be (a value that is not of its kind, say), so a reader
+// gets every value before the one that fails.
+class clsTarjetaPalm {
+public:
+    virtual ~clsTarjetaPalm() = default;
+    virtual qint32 Numero() const = 0;
+    virtual double Version() const = 0;
+    virtual QDateTime FechaCreacion() const = 0;
+    virtual qint64 TamanoRom() const = 0; // bytes
+    virtual qint64 TamanoRam() const = 0;
+    virtual qint64 RamLibre() const = 0;
+    virtual QString Nombre() const = 0;
+    virtual QString Fabricante() const = 0;
+    virtual qint32 CantidadBasesRom() const = 0;
+    virtual qint32 CantidadBasesRam() const = 0;
 };
 
-// User information, in the order the handheld reports it.
-struct UsuarioPalm {
-    QString Nombre;
-    QString Clave;
-    QDateTime FechaUltimaSincronizacion;
-    qint32 UltimaSincronizacionPC = 0;
-    qint32 IDUsuario = 0;
+// User information, in the order the handheld reports it; read value by value as the card is.
+class clsUsuarioPalm {
+public:
+    virtual ~clsUsuarioPalm() = default;
+    virtual QString Nombre() const = 0;
+    virtual QString Clave() const = 0;
+    virtual QDateTime FechaUltimaSincronizacion() const = 0;
+    virtual qint32 UltimaSincronizacionPC() const = 0;
+    virtual qint32 IDUsuario() const = 0;
 };
 
-// System object: card and user information. Each read raises when the handheld cannot be reached.
+// System object: card and user information. Each raises when the handheld cannot be reached.
 class clsSistemaPalm {
 public:
     virtual ~clsSistemaPalm() = default;
-    virtual TarjetaPalm TarjetaMemoria() = 0;
-    virtual UsuarioPalm InformacionUsuario() = 0;
+    virtual std::unique_ptr<clsTarjetaPalm> TarjetaMemoria() = 0;
+    virtual std::unique_ptr<clsUsuarioPalm> InformacionUsuario() = 0;
 };
 
 // The whole source: hands out fresh role objects.

@@ -3,10 +3,7 @@
 #include "data/clsCatalogoCarpeta.h"
 #include "data/clsFuentePalm.h"
 
-#include <QVariant>
 #include <memory>
-
-class QSettings;
 
 // The system object of a folder handheld: card and user information from the optional
 // Handheld.ini in the folder, values it lacks derived from the folder itself.
@@ -21,28 +18,15 @@ class QSettings;
 // ROM size and ROM database count 0, RAM database count the number of databases, card name the
 // folder's name, manufacturer empty; user name the parent folder's name when the folder is called
 // Backup (the layout <user>/Backup of a desktop backup), otherwise empty; the other user values 0
-// or empty. A folder that cannot be read, a Handheld.ini that cannot be read or a value that is
-// not of its kind raises HandheldInaccesible.
+// or empty. A folder or Handheld.ini that cannot be read raises HandheldInaccesible when the card
+// or the user is asked for; a value that is not of its kind raises it when that value is read.
 class clsSistemaCarpeta : public clsSistemaPalm {
 public:
     explicit clsSistemaCarpeta(std::shared_ptr<clsCatalogoCarpeta> xCatalogo);
 
-    TarjetaPalm TarjetaMemoria() override;
-    UsuarioPalm InformacionUsuario() override;
+    std::unique_ptr<clsTarjetaPalm> TarjetaMemoria() override;
+    std::unique_ptr<clsUsuarioPalm> InformacionUsuario() override;
 
 private:
-    // Reads Handheld.ini; an empty map when there is none.
-    QVariantMap Ajustes(const QString& xOperacion) const;
-    [[noreturn]] void ValorInvalido(const QString& xOperacion, const QString& xClave,
-                                    const QString& xTexto) const;
-    qint64 Entero(const QVariantMap& xAjustes, const QString& xClave, qint64 xDerivado,
-                  const QString& xOperacion) const;
-    double Numero(const QVariantMap& xAjustes, const QString& xClave, double xDerivado,
-                  const QString& xOperacion) const;
-    QDateTime Fecha(const QVariantMap& xAjustes, const QString& xClave, const QDateTime& xDerivada,
-                    const QString& xOperacion) const;
-    static QString Texto(const QVariantMap& xAjustes, const QString& xClave,
-                         const QString& xDerivado);
-
     std::shared_ptr<clsCatalogoCarpeta> mCatalogo;
 };

@@ -6,10 +6,10 @@ clsPalmInformation::clsPalmInformation() : clsPalmInformation(*modHandheld::Fuen
 
 clsPalmInformation::clsPalmInformation(clsFuentePalm& xFuente) : mSistema(xFuente.CrearSistema()) {}
 
-TarjetaPalm clsPalmInformation::MemoryCard() const {
+std::unique_ptr<clsTarjetaPalm> clsPalmInformation::MemoryCard() const {
     return mSistema->TarjetaMemoria();
 }
 
-UsuarioPalm clsPalmInformation::UserInformation() const {
+std::unique_ptr<clsUsuarioPalm> clsPalmInformation::UserInformation() const {
     return mSistema->InformacionUsuario();
 }

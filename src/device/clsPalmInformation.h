@@ -11,8 +11,9 @@ public:
     clsPalmInformation();
     explicit clsPalmInformation(clsFuentePalm& xFuente);
 
-    TarjetaPalm MemoryCard() const;
-    UsuarioPalm UserInformation() const;
+    // The information objects; each of their values is read when asked for.
+    std::unique_ptr<clsTarjetaPalm> MemoryCard() const;
+    std::unique_ptr<clsUsuarioPalm> UserInformation() const;
 
 private:
     std::unique_ptr<clsSistemaPalm> mSistema;

@@ -94,18 +94,19 @@ void frmInformacion::Form_Load() {
 }
 
 void frmInformacion::LlenarTarjeta() {
-    Mostrar(modTextosInformacion::TextosTarjeta(mInformacion->MemoryCard(),
-                                                clsConfiguracionRegional::Actual()));
+    const auto tarjeta = mInformacion->MemoryCard();
+    Mostrar(modTextosInformacion::TextosTarjeta(*tarjeta, clsConfiguracionRegional::Actual()));
 }
 
 void frmInformacion::LlenarUsuario() {
-    Mostrar(modTextosInformacion::TextosUsuario(mInformacion->UserInformation(),
-                                                clsConfiguracionRegional::Actual()));
+    const auto usuario = mInformacion->UserInformation();
+    Mostrar(modTextosInformacion::TextosUsuario(*usuario, clsConfiguracionRegional::Actual()));
 }
 
-void frmInformacion::Mostrar(const QList<QPair<QString, QString>>& xTextos) {
+// Value by value, in order: a value that cannot be read stops the filling there.
+void frmInformacion::Mostrar(const QList<modTextosInformacion::TextoInformacion>& xTextos) {
     for (const auto& [titulo, texto] : xTextos) {
-        if (QLabel* valor = mValores.value(titulo)) valor->setText(texto);
+        if (QLabel* valor = mValores.value(titulo)) valor->setText(texto());
     }
 }
 

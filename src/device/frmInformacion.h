@@ -1,9 +1,10 @@
 #pragma once
 
+#include "device/modTextosInformacion.h"
+
 #include <QDialog>
 #include <QHash>
 #include <QList>
-#include <QPair>
 #include <QString>
 #include <memory>
 
@@ -35,7 +36,7 @@ private:
     void Form_Load();
     void LlenarTarjeta();
     void LlenarUsuario();
-    void Mostrar(const QList<QPair<QString, QString>>& xTextos);
+    void Mostrar(const QList<modTextosInformacion::TextoInformacion>& xTextos);
 
     QTabWidget* stabInformacion = nullptr;
     QHash<QString, QLabel*> mValores; // value label by caption

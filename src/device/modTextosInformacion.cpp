@@ -10,31 +10,38 @@ QString TextoTamanio(qint64 xBytes, const clsConfiguracionRegional& xRegional) {
            QStringLiteral(" KB");
 }
 
-QList<QPair<QString, QString>> TextosTarjeta(const TarjetaPalm& xTarjeta,
-                                             const clsConfiguracionRegional& xRegional) {
+QList<TextoInformacion> TextosTarjeta(const clsTarjetaPalm& xTarjeta,
+                                      const clsConfiguracionRegional& xRegional) {
+    const clsTarjetaPalm* t = &xTarjeta;
+    const clsConfiguracionRegional* r = &xRegional;
     return {
-        {QStringLiteral("Card Name:"), xTarjeta.Nombre},
-        {QStringLiteral("Manufacturer:"), xTarjeta.Fabricante},
-        {QStringLiteral("Version:"), xRegional.Formato(xTarjeta.Version, QStringLiteral("0.00"))},
-        {QStringLiteral("Creation Date:"), xRegional.TextoFechaCorta(xTarjeta.FechaCreacion)},
-        {QStringLiteral("Rom Size:"), TextoTamanio(xTarjeta.TamanoRom, xRegional)},
-        {QStringLiteral("Ram Size:"), TextoTamanio(xTarjeta.TamanoRam, xRegional)},
-        {QStringLiteral("Free Ram:"), TextoTamanio(xTarjeta.RamLibre, xRegional)},
-        {QStringLiteral("Rom Db Count:"), QString::number(xTarjeta.CantidadBasesRom)},
-        {QStringLiteral("Ram Db Count:"), QString::number(xTarjeta.CantidadBasesRam)},
-        {QStringLiteral("Card Number:"), QString::number(xTarjeta.Numero)},
+        {QStringLiteral("Card Name:"), [t] { return t->Nombre(); }},
+        {QStringLiteral("Version:"),
+         [t, r] { return r->Formato(t->Version(), QStringLiteral("0.00")); }},
+        {QStringLiteral("Manufacturer:"), [t] { return t->Fabricante(); }},
+        {QStringLiteral("Card Number:"), [t] { return QString::number(t->Numero()); }},
+        {QStringLiteral("Creation Date:"),
+         [t, r] { return r->TextoFechaCorta(t->FechaCreacion()); }},
+        {QStringLiteral("Rom Size:"), [t, r] { return TextoTamanio(t->TamanoRom(), *r); }},
+        {QStringLiteral("Ram Size:"), [t, r] { return TextoTamanio(t->TamanoRam(), *r); }},
+        {QStringLiteral("Free Ram:"), [t, r] { return TextoTamanio(t->RamLibre(), *r); }},
+        {QStringLiteral("Rom Db Count:"), [t] { return QString::number(t->CantidadBasesRom()); }},
+        {QStringLiteral("Ram Db Count:"), [t] { return QString::number(t->CantidadBasesRam()); }},
     };
 }
 
-QList<QPair<QString, QString>> TextosUsuario(const UsuarioPalm& xUsuario,
-                                             const clsConfiguracionRegional& xRegional) {
+QList<TextoInformacion> TextosUsuario(const clsUsuarioPalm& xUsuario,
+                                      const clsConfiguracionRegional& xRegional) {
+    const clsUsuarioPalm* u = &xUsuario;
+    const clsConfiguracionRegional* r = &xRegional;
     return {
-        {QStringLiteral("User Name:"), xUsuario.Nombre},
-        {QStringLiteral("User ID:"), QString::number(xUsuario.IDUsuario)},
-        {QStringLiteral("Password:"), xUsuario.Clave},
-        {QStringLiteral("Last Sync PC:"), QString::number(xUsuario.UltimaSincronizacionPC)},
+        {QStringLiteral("User Name:"), [u] { return u->Nombre(); }},
+        {QStringLiteral("Password:"), [u] { return u->Clave(); }},
         {QStringLiteral("Last Sync Date:"),
-         xRegional.TextoFechaGeneral(xUsuario.FechaUltimaSincronizacion)},
+         [u, r] { return r->TextoFechaGeneral(u->FechaUltimaSincronizacion()); }},
+        {QStringLiteral("Last Sync PC:"),
+         [u] { return QString::number(u->UltimaSincronizacionPC()); }},
+        {QStringLiteral("User ID:"), [u] { return QString::number(u->IDUsuario()); }},
     };
 }
 

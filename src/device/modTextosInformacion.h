@@ -3,9 +3,9 @@
 #include "data/clsFuentePalm.h"
 
 #include <QList>
-#include <QPair>
 #include <QString>
 #include <QtGlobal>
+#include <functional>
 
 class clsConfiguracionRegional;
 
@@ -16,13 +16,22 @@ namespace modTextosInformacion {
 // bytes / 1024 rounded to 2 decimals in the regional number form, then " KB" (1024 KB, 1.5 KB).
 QString TextoTamanio(qint64 xBytes, const clsConfiguracionRegional& xRegional);
 
-// "Card Name:", "Manufacturer:", "Version:", "Creation Date:", "Rom Size:", "Ram Size:",
-// "Free Ram:", "Rom Db Count:", "Ram Db Count:", "Card Number:", in that order.
-QList<QPair<QString, QString>> TextosTarjeta(const TarjetaPalm& xTarjeta,
-                                             const clsConfiguracionRegional& xRegional);
+// One value of the window: its caption, and its text, read from the handheld when Texto is
+// called (which raises when the value cannot be read).
+struct TextoInformacion {
+    QString Titulo;
+    std::function<QString()> Texto;
+};
 
-// "User Name:", "User ID:", "Password:", "Last Sync PC:", "Last Sync Date:", in that order.
-QList<QPair<QString, QString>> TextosUsuario(const UsuarioPalm& xUsuario,
-                                             const clsConfiguracionRegional& xRegional);
+// In the order the card is read: "Card Name:", "Version:", "Manufacturer:", "Card Number:",
+// "Creation Date:", "Rom Size:", "Ram Size:", "Free Ram:", "Rom Db Count:", "Ram Db Count:".
+// The texts read xTarjeta, which must outlive them.
+QList<TextoInformacion> TextosTarjeta(const clsTarjetaPalm& xTarjeta,
+                                      const clsConfiguracionRegional& xRegional);
+
+// In the order the user is read: "User Name:", "Password:", "Last Sync Date:", "Last Sync PC:",
+// "User ID:".
+QList<TextoInformacion> TextosUsuario(const clsUsuarioPalm& xUsuario,
+                                      const clsConfiguracionRegional& xRegional);
 
 } // namespace modTextosInformacion

@@ -282,13 +282,13 @@ bool frmPandrel::MostrarMemoria() {
     for (QLabel* etiqueta : {lblTipo, lblFechaCreacion, lblFechaModificacion, lblFechaBackup})
         etiqueta->clear();
     try {
-        const TarjetaPalm tarjeta = clsPalmInformation().MemoryCard();
-        mPanelRom->setText(QStringLiteral("Rom: ") + TextoKB(tarjeta.TamanoRom) +
+        const auto tarjeta = clsPalmInformation().MemoryCard();
+        mPanelRom->setText(QStringLiteral("Rom: ") + TextoKB(tarjeta->TamanoRom()) +
                            QStringLiteral(" KB"));
-        mPanelRam->setText(QStringLiteral("Ram: ") + TextoKB(tarjeta.TamanoRam) +
+        mPanelRam->setText(QStringLiteral("Ram: ") + TextoKB(tarjeta->TamanoRam()) +
                            QStringLiteral(" KB"));
-        mPanelRamDisponible->setText(QStringLiteral("Available Ram: ") + TextoKB(tarjeta.RamLibre) +
-                                     QStringLiteral(" KB"));
+        mPanelRamDisponible->setText(QStringLiteral("Available Ram: ") +
+                                     TextoKB(tarjeta->RamLibre()) + QStringLiteral(" KB"));
         return true;
     } catch (const ErrorVB& e) {
         modDialogos::MsgBox(this, e.Descripcion(), QMessageBox::Ok, QMessageBox::NoIcon,
