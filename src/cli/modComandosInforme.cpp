@@ -14,6 +14,7 @@
 #include <QFileInfo>
 #include <QLibrary>
 #include <QTemporaryFile>
+#include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <vector>
