@@ -52,9 +52,6 @@ public:
     // Chooses the database of that name in the tree, as a click on it does, showing every kind
     // of database when the chosen kind does not hold it.
     void ElegirBase(const QString& xNombre);
-    // The browser over the records grid: export and print load every record through it.
-    clsNavegadorRegistros& Navegador() const { return *mNavegador; }
-    clsPDBInterface* Base() const { return mBase.get(); }
 
 signals:
     // For the frame's message panel.
