@@ -172,14 +172,19 @@ TEST(clsArchivoPDB, EscribirRechazaLoQueNoCabeEnUnArchivo) {
     }
 }
 
-TEST(clsArchivoPDB, ElByteDeAtributosSeSeparaEnBanderasYCategoria) {
+// One table of decoded bytes: each byte splits into its flags and its category, and joins back
+// from them, except the bits a deleted or busy record cannot keep. Flags that never come from a
+// byte join as a file can store them. Every byte a file can store comes back whole.
+TEST(clsArchivoPDB, ElByteDeAtributosSeSeparaYSeUne) {
     struct Caso {
-        int Byte, Atributos, Categoria;
+        int Byte, Atributos, Categoria, Unido;
     };
     const Caso casos[] = {
-        {0x00, 0x00, 0}, {0x05, 0x00, 5}, {0x4F, 0x40, 15}, {0x18, 0x10, 8}, {0x80, 0x80, 0},
-        {0x88, 0x88, 0}, {0x8F, 0x88, 0}, {0x28, 0x28, 0},  {0x23, 0x20, 0}, {0xD3, 0xD0, 0},
-        {0xF8, 0xF8, 0}, {0x7A, 0x78, 0}, {0x5A, 0x50, 10},
+        {0x00, 0x00, 0, 0x00},  {0x05, 0x00, 5, 0x05}, {0x4F, 0x40, 15, 0x4F},
+        {0x18, 0x10, 8, 0x18},  {0x80, 0x80, 0, 0x80}, {0x88, 0x88, 0, 0x88},
+        {0x8F, 0x88, 0, 0x88},  {0x28, 0x28, 0, 0x28}, {0x23, 0x20, 0, 0x20},
+        {0xD3, 0xD0, 0, 0xD0},  {0xF8, 0xF8, 0, 0xF8}, {0x7A, 0x78, 0, 0x78},
+        {0x5A, 0x50, 10, 0x5A},
     };
     for (const Caso& caso : casos) {
         qint32 atributos = -1;
@@ -187,31 +192,46 @@ TEST(clsArchivoPDB, ElByteDeAtributosSeSeparaEnBanderasYCategoria) {
         clsArchivoPDB::SepararAtributos(static_cast<quint8>(caso.Byte), atributos, categoria);
         EXPECT_EQ(atributos, caso.Atributos) << std::hex << caso.Byte;
         EXPECT_EQ(categoria, caso.Categoria) << std::hex << caso.Byte;
+        EXPECT_EQ(clsArchivoPDB::UnirAtributos(atributos, categoria), caso.Unido)
+            << std::hex << caso.Byte;
     }
-}
-
-TEST(clsArchivoPDB, LasBanderasYLaCategoriaSeUnenEnUnByte) {
-    struct Caso {
-        int Atributos, Categoria, Byte;
+    const Caso sinByte[] = {
+        {-1, 0x08, 3, 0x03},  // archive without delete or busy is dropped
+        {-1, 0x40, 17, 0x41}, // the category keeps its low nibble
+        {-1, 0x1FF, 0, 0xF8},
+        {-1, 0x07, 2, 0x02},
     };
-    const Caso casos[] = {
-        {0x00, 0, 0x00}, {0x40, 3, 0x43},  {0x08, 3, 0x03},  {0x88, 3, 0x88},  {0x28, 9, 0x28},
-        {0x10, 8, 0x18}, {0x40, 17, 0x41}, {0x1FF, 0, 0xF8}, {0x80, 15, 0x80}, {0x07, 2, 0x02},
-    };
-    for (const Caso& caso : casos)
-        EXPECT_EQ(clsArchivoPDB::UnirAtributos(caso.Atributos, caso.Categoria), caso.Byte)
+    for (const Caso& caso : sinByte)
+        EXPECT_EQ(clsArchivoPDB::UnirAtributos(caso.Atributos, caso.Categoria), caso.Unido)
             << std::hex << caso.Atributos << " " << caso.Categoria;
-}
-
-TEST(clsArchivoPDB, TodoByteQueSePuedeGuardarVuelveIgual) {
     for (int byte = 0; byte < 256; ++byte) {
-        const bool borradoUOcupado = byte & 0xA0;
-        if (borradoUOcupado && (byte & 0x07))
-            continue; // the category of a deleted or busy record is not kept
+        if ((byte & 0xA0) && (byte & 0x07)) continue; // not kept, as the table shows
         qint32 atributos = 0;
         qint32 categoria = 0;
         clsArchivoPDB::SepararAtributos(static_cast<quint8>(byte), atributos, categoria);
         EXPECT_EQ(clsArchivoPDB::UnirAtributos(atributos, categoria), byte) << byte;
+    }
+}
+
+// What just fits is a valid file: as many records as the 16-bit count holds, and a last record
+// that is empty and so starts exactly at the end of the file.
+TEST(clsArchivoPDB, LoQueJustoCabeEsUnArchivoValido) {
+    const struct {
+        const char* Caso;
+        qint32 Registros;
+    } casos[] = {{"65535 records", 65535}, {"an empty last record", 1}};
+    for (const auto& caso : casos) {
+        clsArchivoPDB archivo = BaseDeRegistros();
+        archivo.Registros.resize(caso.Registros);
+        for (qint32 i = 0; i < caso.Registros; ++i)
+            archivo.Registros[i] = {0, quint32(i + 1), i == 0 ? QByteArray("x") : QByteArray()};
+        archivo.Registros.append({0, 0x100000, QByteArray()});
+        if (caso.Registros == 65535) archivo.Registros.removeFirst();
+        const QByteArray bytes = archivo.Escribir();
+        const DisposicionPDB disposicion = clsArchivoPDB::Analizar(bytes);
+        ASSERT_EQ(disposicion.Registros.size(), archivo.Registros.size()) << caso.Caso;
+        EXPECT_EQ(disposicion.Registros.last().Datos.Desde, quint32(bytes.size())) << caso.Caso;
+        EXPECT_EQ(clsArchivoPDB::Leer(bytes).Escribir(), bytes) << caso.Caso;
     }
 }
 

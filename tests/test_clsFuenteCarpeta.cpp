@@ -15,6 +15,7 @@
 #include <future>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -121,8 +122,8 @@ public:
     }
 
     // The handheld as a desktop backup of that user (<user>/Backup).
-    void ComoRespaldoDe(const QString& xUsuario) {
-        mCarpeta = mRaiz.filePath(xUsuario + QStringLiteral("/Backup"));
+    void ComoRespaldoDe(const QString& xUsuario, const QString& xRespaldo = "Backup") {
+        mCarpeta = mRaiz.filePath(xUsuario + QLatin1Char('/') + xRespaldo);
         QDir().mkpath(mCarpeta);
     }
     QString NombreHandheld() const { return QDir(mCarpeta).dirName(); }
@@ -202,9 +203,9 @@ public:
     }
 
     // The handheld as a desktop backup of that user (<user>/Backup.zip).
-    void ComoRespaldoDe(const QString& xUsuario) {
+    void ComoRespaldoDe(const QString& xUsuario, const QString& xRespaldo = "Backup") {
         QDir().mkpath(mRaiz.filePath(xUsuario));
-        mArchivo = mRaiz.filePath(xUsuario + QStringLiteral("/Backup.zip"));
+        mArchivo = mRaiz.filePath(xUsuario + QLatin1Char('/') + xRespaldo + QStringLiteral(".zip"));
         Guardar();
     }
     QString NombreHandheld() const { return QFileInfo(mArchivo).completeBaseName(); }
@@ -665,6 +666,24 @@ TYPED_TEST(FuenteDeBases, UnRegistroNuevoRecibeElIDSiguienteAlMayor) {
     EXPECT_EQ(adaptador->LeerPorID(13).Indice, 6);
     EsperarError(ErroresFuente::RegistroNoEncontrado,
                  [&] { adaptador->EscribirRegistro(99, 0, 0, "x"); });
+
+    // Past the largest ID a file holds (24 bits), a new record takes the lowest one free.
+    const struct {
+        QVector<quint32> IDs;
+        qint32 Nuevo;
+    } vueltas[] = {{{0xFFFFFF}, 1}, {{2, 0xFFFFFF, 1, 4}, 3}, {{0xFFFFFE}, 0xFFFFFF}};
+    for (const auto& vuelta : vueltas) {
+        TypeParam fabrica;
+        clsArchivoPDB base = BaseDeRegistros("Llena");
+        for (quint32 id : vuelta.IDs)
+            base.Registros.append({0, id, "r"});
+        fabrica.Poner("l.pdb", base);
+        auto otra = fabrica.Crear();
+        EXPECT_EQ(otra->CrearGestor()
+                      ->AbrirBaseRegistros("Llena", "", 208)
+                      ->EscribirRegistro(0, 0, 0, "nuevo"),
+                  vuelta.Nuevo);
+    }
 }
 
 TYPED_TEST(FuenteDeBases, BorrarQuitaElRegistroOTodos) {
@@ -854,6 +873,15 @@ TYPED_TEST(FuenteDeBases, SinAjustesLosValoresSeDerivanDelHandheld) {
                            "0"}));
     EXPECT_NEAR(double(fuente->CrearSistema()->TarjetaMemoria()->RamLibre()),
                 double(this->mFabrica.EspacioLibre()), 64e6);
+    // The backup's name is taken in any case; another name gives no user.
+    for (const auto& [respaldo, usuario] :
+         {std::pair<QString, QString>{"backup", "Ana"}, {"Backups", ""}}) {
+        TypeParam fabrica;
+        fabrica.ComoRespaldoDe("Ana", respaldo);
+        fabrica.Poner("b.pdb", BaseVariada());
+        EXPECT_EQ(fabrica.Crear()->CrearSistema()->InformacionUsuario()->Nombre(), usuario)
+            << respaldo.toStdString();
+    }
 }
 
 // A value that is not of its kind fails when it is read; the others are read all the same.
@@ -976,4 +1004,35 @@ TEST(CarpetaDeBases, LoQueNoEsUnArchivoSeAvisaSinEsperar) {
     ASSERT_EQ(avisos.size(), 3) << avisos.join('\n').toStdString();
     for (const char* nombre : {"carpeta.pdb", "cola.pdb", "enlace.prc"})
         EXPECT_EQ(avisos.filter(nombre).size(), 1) << nombre;
+}
+
+// A write lays the database out in a new file renamed over the old one: whatever still holds the
+// old file (a hard link here, a reader in practice) keeps it whole.
+TEST(CarpetaDeBases, UnaEscrituraNoTocaElArchivoAnterior) {
+    FabricaCarpeta fabrica;
+    fabrica.Poner("v.pdb", BaseVariada());
+    const QByteArray antes = fabrica.Contenido("v.pdb");
+    ASSERT_EQ(::link(QFile::encodeName(fabrica.Ruta("v.pdb")).constData(),
+                     QFile::encodeName(fabrica.Ruta("anterior")).constData()),
+              0);
+    auto fuente = fabrica.Crear();
+    fuente->CrearGestor()->AbrirBaseRegistros("Variada", "", 208)->EscribirRegistro(9, 0, 0, "x");
+    EXPECT_EQ(fabrica.Contenido("anterior"), antes);
+    EXPECT_NE(fabrica.Contenido("v.pdb"), antes);
+    EXPECT_EQ(fabrica.Sobrantes(), QStringList({"anterior"})); // no lock or temporary left
+}
+
+// A hidden file (a copy an editor or a sync tool leaves) is no database of the handheld, even
+// when it comes first in file-name order.
+TEST(CarpetaDeBases, UnArchivoOcultoNoEsUnaBase) {
+    FabricaCarpeta fabrica;
+    clsArchivoPDB oculta = BaseVariada();
+    oculta.Registros[0].Datos = "oculta";
+    fabrica.Poner(".Variada.pdb", oculta);
+    fabrica.Poner("Variada.pdb", BaseVariada());
+    auto fuente = fabrica.Crear();
+    EXPECT_EQ(fuente->CrearGestor()->ListarBases(-1), QStringList({"Variada"}));
+    EXPECT_TRUE(FabricaCarpeta::Avisos(*fuente).isEmpty());
+    EXPECT_EQ(fuente->CrearGestor()->AbrirBaseRegistros("Variada", "", 208)->LeerPorID(5).Bytes,
+              QByteArray("uno"));
 }

@@ -61,8 +61,8 @@ void Guardar(const QString& xCarpeta, const QString& xArchivo, clsArchivoPDB xBa
 }
 
 // The test handheld:
-//   AFa1: Clients (AppForge, 3 records, 3072 bytes, categories 0, 1 and 4 named), ClientsApp (application, 1536 bytes),
-//         Orders (AppForge, no records, 2048 bytes)
+//   AFa1: Clients (AppForge, 3 records, 3072 bytes, categories 0, 1 and 4 named),
+//         ClientsApp (application, 1536 bytes), Orders (AppForge, no records, 2048 bytes)
 //   memo: MemoDB (a record database without the AppForge marker)
 //   othr: Prefs (type pref)
 void CrearHandheld(const QString& xCarpeta) {

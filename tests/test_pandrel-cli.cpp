@@ -79,10 +79,6 @@ TEST_F(PandrelCli, RecordsReadEveryRecordWithItsID) {
     ASSERT_EQ(lineas.size(), 60);
     EXPECT_EQ(lineas[0].section('\t', 1, 1), "Item A1");
 
-    const Resultado coma = Ejecutar({"records", "PriceListDB", "--separator", ","});
-    EXPECT_TRUE(
-        coma.Salida.section(QChar(10), 0, 0).endsWith("\t\"Item A1\",1.25,0,12,False,1/1/2005,1"));
-
     // A resource database has no records.
     EXPECT_EQ(Ejecutar({"records", "InvTrack"}).Salida, "");
 }
@@ -136,6 +132,7 @@ TEST_F(PandrelCli, ErrorsPrintOneLineAndNothingOnStdout) {
     }
     // The failed updates wrote nothing.
     EXPECT_EQ(Ejecutar({"get", "VisitLogDB", id}).Salida.section('\t', 2, 2), "20");
+    EXPECT_TRUE(Ejecutar({"frobnicate"}).Errores.contains("SEP \\t stands for the tab character."));
 }
 
 // Names and texts holding tabs, line breaks and backslashes come out escaped, each item on its
@@ -147,7 +144,9 @@ TEST_F(PandrelCli, EveryCommandEscapesTabsLineBreaksAndBackslashes) {
                                {"Count", clsConstructorBase::Int},
                                {"B", clsConstructorBase::String}});
     base.AgregarRegistro({"x\ty\\z\r\nw", 7, "plain"});
-    base.Guardar(Handheld() + "/Tabs.pdb");
+    // Three copies of one database: two warnings, each once per command.
+    for (const char* archivo : {"/Tabs.pdb", "/Tabs2.pdb", "/Tabs3.pdb"})
+        base.Guardar(Handheld() + archivo);
     QFile basura(Handheld() + "/bad\tfile.pdb");
     ASSERT_TRUE(basura.open(QIODevice::WriteOnly));
     basura.write("not a database");
@@ -170,9 +169,10 @@ TEST_F(PandrelCli, EveryCommandEscapesTabsLineBreaksAndBackslashes) {
     for (const auto& caso : casos) {
         const Resultado resultado = Ejecutar(caso.Argumentos);
         EXPECT_EQ(resultado.Salida, caso.Salida) << caso.Argumentos.join(' ').toStdString();
-        EXPECT_EQ(resultado.Errores.count('\n'), 1) << resultado.Errores.toStdString();
-        EXPECT_TRUE(resultado.Errores.startsWith("Warning: bad\\tfile.pdb is not"))
-            << resultado.Errores.toStdString();
+        QStringList avisos = resultado.Errores.split('\n', Qt::SkipEmptyParts);
+        EXPECT_EQ(avisos.size(), 3) << resultado.Errores.toStdString();
+        EXPECT_EQ(avisos.removeDuplicates(), 0);
+        EXPECT_EQ(avisos.filter("Warning: bad\\tfile.pdb is not").size(), 1);
     }
 }
 
