@@ -138,6 +138,15 @@ TEST(modImpresionGRD, PlacesTitlesAndCellsByAlignmentAndCutsAllButTheLastColumn)
     }
     EXPECT_TRUE(std::any_of(impresora->Textos().begin(), impresora->Textos().end(),
                             [](const Texto& t) { return t.Texto.startsWith("Date : "); }));
+
+    // Right-aligned, the cut cell is still wider than its share: it starts at its column's start
+    // instead of running over the column before it.
+    grilla.SetColAlignment(0, clsGrillaFlexible::DerechaArriba);
+    auto derecha = std::make_shared<clsImpresoraGrabadora>();
+    ASSERT_TRUE(Imprimir(grilla, derecha).Impreso);
+    const Texto* cortado = Buscar(*derecha, QString(64, 'w'));
+    ASSERT_NE(cortado, nullptr);
+    EXPECT_DOUBLE_EQ(cortado->X, 0);
 }
 
 TEST(modImpresionGRD, ANarrowGridPrintsInALargerType) {

@@ -148,22 +148,26 @@ void clsInforme::Imprimir(const clsColImpresionGrd& xPie) {
     p.EndDoc();
 }
 
-// Each cell by its column's alignment; a text wider than its column is cut from the right until
-// it fits, except in the last printed column. The cells' share leaves out the gap between
-// columns, so right and centred cells stand a little left of their titles.
+// A text wider than its column is cut from the right until it fits, except in the last printed
+// column, and only then placed by its column's alignment; a cut cell never starts left of its
+// column, so a long right-aligned one does not run over the column before it. The cells' share
+// leaves out the gap between columns, so right and centred cells stand a little left of their
+// titles.
 void clsInforme::ImprimirFila(qint32 xFila, double xFilaY) {
     const qint32 columnas = Columnas();
     for (qint32 c = 0; c < columnas; ++c) {
-        const double parte = mGrilla.ColWidth(c) / mAnchoTotal;
-        const double ancho = std::floor(mAnchoUtil * parte);
+        const double inicio = mInicios[size_t(c)];
+        const double ancho = std::floor(mAnchoUtil * (mGrilla.ColWidth(c) / mAnchoTotal));
         QString texto = mGrilla.TextMatrix(xFila, c).trimmed();
-        Colocar(p, LadoDe(mGrilla.ColAlignment(c)), mInicios[size_t(c)], ancho, texto);
-        p.SetCurrentY(xFilaY);
-        if (size_t(c) + 1 < mInicios.size()) {
-            const double espacio = mInicios[size_t(c) + 1] - mInicios[size_t(c)];
+        const bool cortable = size_t(c) + 1 < mInicios.size();
+        if (cortable) {
+            const double espacio = mInicios[size_t(c) + 1] - inicio;
             while (p.TextWidth(texto) > espacio)
                 texto.chop(1);
         }
+        Colocar(p, LadoDe(mGrilla.ColAlignment(c)), inicio, ancho, texto);
+        if (cortable) p.SetCurrentX(std::max(p.CurrentX(), inicio));
+        p.SetCurrentY(xFilaY);
         p.Print(texto);
     }
 }
