@@ -573,6 +573,26 @@ TEST_F(PalmPDBTest, EscribirAtributos) {
     }
 }
 
+// A write given ID 0 adds a record, so a record whose ID is 0 is refused by ID, file untouched.
+TEST_F(PalmPDBTest, UnRegistroDeID0NoSeEscribePorID) {
+    GuardarClientes({"4100000101", "4200000200"}, 1,
+                    [](clsConstructorBase& xBase) { xBase.Archivo().Registros[0].ID = 0; });
+    const QByteArray antes = Bytes("Clientes");
+    clsPalmPDB pdb(Fuente());
+    ASSERT_TRUE(pdb.OpenFile("Clientes"));
+    QString texto;
+    bool alPrincipio = true;
+    ASSERT_EQ(pdb.ReadRecord(alPrincipio, texto, "\t"), 0);
+    ASSERT_EQ(texto, "A\t1\tTrue");
+    const std::function<void()> escrituras[] = {
+        [&] { pdb.UpdateRecord(0, 0, "Z"); },
+        [&] { pdb.WriteRecordAttributes(0, 0x10); },
+    };
+    for (const auto& escritura : escrituras)
+        EsperarError(escritura, ErroresFuente::RegistroNoEncontrado, "LeerPorID");
+    EXPECT_EQ(Bytes("Clientes"), antes);
+}
+
 TEST_F(PalmPDBTest, DatosDeCadaRegistro) {
     ASSERT_TRUE(mBase->OpenFile("Clientes"));
     const struct {

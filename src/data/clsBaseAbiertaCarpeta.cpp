@@ -13,13 +13,14 @@ constexpr QFileDevice::Permissions PermisosEscritura =
 // large database for another writer's change does not need a second copy of it.
 bool MismoContenido(clsLecturaArchivo& xArchivo, const QByteArray& xBytes) {
     if (xArchivo.Estado().Tamano != xBytes.size()) return false;
-    constexpr qint64 Pedazo = 1024 * 1024;
+    // Pieces no larger than the file, so a small file costs a small buffer.
+    const qint64 pedazoMayor = qMin<qint64>(1024 * 1024, xBytes.size());
     QByteArray pedazo;
-    pedazo.reserve(Pedazo);
+    pedazo.reserve(pedazoMayor);
     for (qint64 posicion = 0; posicion < xBytes.size(); posicion += pedazo.size()) {
         pedazo.clear();
-        if (!xArchivo.Leer(posicion, Pedazo, pedazo) || pedazo.isEmpty() ||
-            pedazo.size() > xBytes.size() - posicion ||
+        if (!xArchivo.Leer(posicion, qMin(pedazoMayor, xBytes.size() - posicion), pedazo) ||
+            pedazo.isEmpty() ||
             std::memcmp(pedazo.constData(), xBytes.constData() + posicion, size_t(pedazo.size())))
             return false;
     }
