@@ -97,6 +97,29 @@ TEST(TextoFecha, GeneralYCorta) {
     EXPECT_EQ(clsConfiguracionRegional(EnUS).TextoFechaGeneral(QDateTime()), "");
 }
 
+// The record reader's way (a day and its seconds, into a buffer) writes what the date-time way
+// writes, and its own calendar arithmetic gives QDate's days, over six centuries.
+TEST(TextoFecha, LaDelLectorDeRegistrosEsLaGeneral) {
+    const struct {
+        QLocale locale;
+        const char* formatoQt;
+    } casos[] = {{EnUS, "M/d/yyyy"}, {DeDE, "dd.MM.yyyy"}};
+    for (const auto& caso : casos) {
+        const clsConfiguracionRegional regional(caso.locale);
+        clsBufferTexto buffer;
+        for (QDate dia(1700, 1, 1); dia.year() < 2300; dia = dia.addDays(11)) {
+            const auto segundos = static_cast<int>(dia.toJulianDay() * 7919 % 86400);
+            buffer.Vaciar();
+            regional.AgregarFechaGeneral(buffer, dia, segundos);
+            const QDateTime fecha(dia, QTime::fromMSecsSinceStartOfDay(segundos * 1000), Qt::UTC);
+            ASSERT_EQ(buffer.Vista().toString(), regional.TextoFechaGeneral(fecha));
+            buffer.Vaciar();
+            regional.AgregarFechaGeneral(buffer, dia, 0);
+            ASSERT_EQ(buffer.Vista().toString(), dia.toString(QLatin1String(caso.formatoQt)));
+        }
+    }
+}
+
 TEST(Formato, Numeros) {
     const struct {
         QLocale locale;

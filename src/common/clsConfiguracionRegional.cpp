@@ -19,6 +19,8 @@ using Patron = clsConfiguracionRegional::PatronFecha;
 
 const QDate DiaCero(1899, 12, 30);
 
+qsizetype LargoMaximo(const Patron& xPatron);
+
 // ---- Digits ---------------------------------------------------------------------------------
 
 // Gathers a text in a local buffer and hands it to the destination in one append: the record
@@ -198,8 +200,30 @@ bool SignificativasCortas(double xValor, int xDigitos, Cifras& xCifras) {
     return true;
 }
 
-// The significant digits of a finite, non-zero value rounded to xDigitos digits.
+// A Single with at most three decimals and at most seven significant digits is its own rounding:
+// its digits are those of the value times 1000, which a double holds exactly for any Single.
+bool CifrasDeSingleExacto(double xValor, Cifras& xCifras) {
+    const double milesimas = std::fabs(xValor) * 1000;
+    if (milesimas >= 1e10 || milesimas != std::floor(milesimas)) return false;
+    char cifras[16] = {};
+    const auto resultado =
+        std::to_chars(cifras, cifras + sizeof cifras, static_cast<qint64>(milesimas));
+    const int cantidad = static_cast<int>(resultado.ptr - cifras);
+    int significativas = cantidad;
+    while (significativas > 1 && cifras[significativas - 1] == '0')
+        --significativas;
+    if (significativas > 7) return false;
+    std::memcpy(xCifras.Digitos, cifras, static_cast<size_t>(significativas));
+    xCifras.Cantidad = significativas;
+    xCifras.Exponente = cantidad - 1 - 3;
+    return true;
+}
+
+// The significant digits of a finite, non-zero value rounded to xDigitos digits. Seven digits
+// are those of a Single.
 void Significativas(double xValor, int xDigitos, Cifras& xCifras) {
+    xCifras = Cifras{};
+    if (xDigitos == 7 && CifrasDeSingleExacto(xValor, xCifras)) return;
     xCifras = Cifras{};
     if (xDigitos <= 9 && SignificativasRapidas(xValor, xDigitos, xCifras)) return;
     xCifras = Cifras{};
@@ -605,6 +629,9 @@ clsConfiguracionRegional::clsConfiguracionRegional(const QLocale& xLocale)
       mMenos(xLocale.negativeSign()), mAM(xLocale.amText()), mPM(xLocale.pmText()) {
     mFechaCorta = CompilarLocale(mLocale.dateFormat(QLocale::ShortFormat), mLocale);
     mHoraLarga = CompilarLocale(mLocale.timeFormat(QLocale::LongFormat), mLocale);
+    const qsizetype largoFecha = LargoMaximo(mFechaCorta);
+    const qsizetype largoHora = LargoMaximo(mHoraLarga);
+    mLargoFechaGeneral = largoFecha < 0 || largoHora < 0 ? -1 : largoFecha + 1 + largoHora;
     mSeparadorFecha = PrimerSeparador(mFechaCorta, QLatin1Char('/'));
     mSeparadorHora = PrimerSeparador(mHoraLarga, QLatin1Char(':'));
     QByteArray orden;
@@ -637,7 +664,8 @@ namespace {
 
 // The desktop's general number form: up to xDigitos significant digits; the exponent form
 // (1.234568E+07, 1E-05) when the exponent reaches xDigitos or falls below -4.
-void TextoGeneral(Escritor& xTexto, double xValor, int xDigitos, QChar xDecimal,
+template <typename Escritura>
+void TextoGeneral(Escritura& xTexto, double xValor, int xDigitos, QChar xDecimal,
                   const QString& xMenos) {
     if (std::isnan(xValor)) {
         xTexto.Texto(std::signbit(xValor) ? QStringLiteral("-1.#QNAN") : QStringLiteral("1.#QNAN"));
@@ -684,9 +712,11 @@ void TextoGeneral(Escritor& xTexto, double xValor, int xDigitos, QChar xDecimal,
 
 // A date and time taken apart once, for the patterns that write it.
 struct PartesFecha {
-    explicit PartesFecha(const QDate& xDia, const QTime& xHora) : Dia(xDia) {
-        xDia.getDate(&Anio, &Mes, &DiaDelMes);
-        const int milisegundos = xHora.msecsSinceStartOfDay();
+    PartesFecha(const QDate& xDia, const QTime& xHora)
+        : PartesFecha(xDia, xHora.msecsSinceStartOfDay()) {}
+    PartesFecha(const QDate& xDia, int xMilisegundos) : Dia(xDia) {
+        Calendario(xDia);
+        const int milisegundos = xMilisegundos;
         Hora = milisegundos / 3600000;
         Minuto = milisegundos / 60000 % 60;
         Segundo = milisegundos / 1000 % 60;
@@ -694,11 +724,37 @@ struct PartesFecha {
     }
     QDate Dia;
     int Anio = 0, Mes = 0, DiaDelMes = 0;
+
+private:
+    // Year, month and day from the day number in integer steps (proleptic Gregorian calendar,
+    // as QDate counts), for the years after 1 AD; QDate itself for the others.
+    void Calendario(const QDate& xDia) {
+        constexpr qint64 PrimerDiaDeLaEra = 1721426; // 0001-01-01
+        const qint64 juliano = xDia.toJulianDay();
+        if (!xDia.isValid() || juliano < PrimerDiaDeLaEra) {
+            xDia.getDate(&Anio, &Mes, &DiaDelMes);
+            return;
+        }
+        // Days since 0000-03-01 in eras of 400 years.
+        const qint64 dias = juliano - 1721120;
+        const qint64 era = dias / 146097;
+        const qint64 diaDeEra = dias - era * 146097;
+        const qint64 anioDeEra =
+            (diaDeEra - diaDeEra / 1460 + diaDeEra / 36524 - diaDeEra / 146096) / 365;
+        const qint64 diaDelAnio = diaDeEra - (365 * anioDeEra + anioDeEra / 4 - anioDeEra / 100);
+        const qint64 mesDesdeMarzo = (5 * diaDelAnio + 2) / 153;
+        DiaDelMes = static_cast<int>(diaDelAnio - (153 * mesDesdeMarzo + 2) / 5 + 1);
+        Mes = static_cast<int>(mesDesdeMarzo < 10 ? mesDesdeMarzo + 3 : mesDesdeMarzo - 9);
+        Anio = static_cast<int>(anioDeEra + era * 400 + (Mes <= 2 ? 1 : 0));
+    }
+
+public:
     int Hora, Minuto, Segundo, Milisegundo;
 };
 
 // One date through a compiled pattern.
-void EscribirFecha(Escritor& xTexto, const PartesFecha& xFecha, const Patron& xPatron,
+template <typename Escritura>
+void EscribirFecha(Escritura& xTexto, const PartesFecha& xFecha, const Patron& xPatron,
                    const QLocale& xLocale) {
     for (const Pieza& pieza : xPatron) {
         switch (pieza.Clase) {
@@ -772,6 +828,10 @@ QString clsConfiguracionRegional::TextoSingle(float xValor) const {
 void clsConfiguracionRegional::AgregarTextoSingle(QString& xDestino, float xValor) const {
     Escritor escritor(xDestino);
     TextoGeneral(escritor, xValor, 7, mDecimal, mMenos);
+}
+
+void clsConfiguracionRegional::AgregarTextoSingle(clsBufferTexto& xDestino, float xValor) const {
+    TextoGeneral(xDestino, xValor, 7, mDecimal, mMenos);
 }
 
 // Formats of digits: '0' a digit always shown, '#' a digit shown when significant, '.' the
@@ -880,22 +940,161 @@ QString clsConfiguracionRegional::TextoFechaGeneral(const QDateTime& xFecha) con
     return texto;
 }
 
+namespace {
+
+// The longest text a pattern of numbers and literals gives; -1 when it holds names of days or
+// months, whose lengths depend on the language.
+qsizetype LargoMaximo(const Patron& xPatron) {
+    qsizetype largo = 0;
+    for (const Pieza& pieza : xPatron) {
+        switch (pieza.Clase) {
+        case Pieza::Literal:
+            largo += pieza.Texto.size();
+            break;
+        case Pieza::AmPm:
+            largo += qMax(pieza.Texto.size(), pieza.Texto2.size());
+            break;
+        case Pieza::NombreDiaCorto:
+        case Pieza::NombreDiaLargo:
+        case Pieza::NombreMesCorto:
+        case Pieza::NombreMesLargo:
+            return -1;
+        default:
+            largo += qMax<qsizetype>(pieza.Ancho, 11); // ten digits and a sign
+            break;
+        }
+    }
+    return largo;
+}
+
+char16_t* NumeroLargo(char16_t* xDestino, int xValor, int xAncho);
+
+// xValor at xDestino with zeros in front up to xAncho digits, as Escritor::Entero writes it;
+// returns the end.
+inline char16_t* Numero(char16_t* xDestino, int xValor, int xAncho) {
+    if (xValor >= 0 && xValor < 100 && xAncho <= 2) {
+        if (xValor >= 10 || xAncho == 2) *xDestino++ = static_cast<char16_t>(u'0' + xValor / 10);
+        *xDestino++ = static_cast<char16_t>(u'0' + xValor % 10);
+        return xDestino;
+    }
+    return NumeroLargo(xDestino, xValor, xAncho);
+}
+
+char16_t* NumeroLargo(char16_t* xDestino, int xValor, int xAncho) {
+    char cifras[16] = {};
+    char* const fin = cifras + sizeof cifras;
+    char* inicio = fin;
+    unsigned valor = static_cast<unsigned>(xValor < 0 ? -xValor : xValor);
+    do {
+        *--inicio = static_cast<char>('0' + valor % 10);
+        valor /= 10;
+    } while (valor != 0);
+    while (fin - inicio < xAncho && inicio > cifras + 1)
+        *--inicio = '0';
+    if (xValor < 0) *--inicio = '-';
+    while (inicio < fin)
+        *xDestino++ = static_cast<uchar>(*inicio++);
+    return xDestino;
+}
+
+// A pattern of numbers and literals (LargoMaximo not -1) written straight into room reserved
+// for it; returns the end.
+char16_t* EscribirFechaNumerica(char16_t* xDestino, const PartesFecha& xFecha,
+                                const Patron& xPatron) {
+    for (const Pieza& pieza : xPatron) {
+        switch (pieza.Clase) {
+        case Pieza::Literal:
+        case Pieza::AmPm: {
+            const QString& texto =
+                pieza.Clase == Pieza::Literal || xFecha.Hora < 12 ? pieza.Texto : pieza.Texto2;
+            for (const QChar letra : texto)
+                *xDestino++ = letra.unicode();
+            break;
+        }
+        case Pieza::Dia:
+            xDestino = Numero(xDestino, xFecha.DiaDelMes, pieza.Ancho);
+            break;
+        case Pieza::Mes:
+            xDestino = Numero(xDestino, xFecha.Mes, pieza.Ancho);
+            break;
+        case Pieza::Anio2:
+            xDestino = Numero(xDestino, xFecha.Anio % 100, 2);
+            break;
+        case Pieza::Anio4:
+            xDestino = Numero(xDestino, xFecha.Anio, 4);
+            break;
+        case Pieza::DiaDelAnio:
+            xDestino = Numero(xDestino, xFecha.Dia.dayOfYear(), 1);
+            break;
+        case Pieza::Hora12:
+            xDestino = Numero(xDestino, xFecha.Hora % 12 == 0 ? 12 : xFecha.Hora % 12, pieza.Ancho);
+            break;
+        case Pieza::Hora24:
+            xDestino = Numero(xDestino, xFecha.Hora, pieza.Ancho);
+            break;
+        case Pieza::Minuto:
+            xDestino = Numero(xDestino, xFecha.Minuto, pieza.Ancho);
+            break;
+        case Pieza::Segundo:
+            xDestino = Numero(xDestino, xFecha.Segundo, pieza.Ancho);
+            break;
+        case Pieza::Milisegundo:
+            xDestino = Numero(xDestino, xFecha.Milisegundo, pieza.Ancho);
+            break;
+        default:
+            break;
+        }
+    }
+    return xDestino;
+}
+
+template <typename Escritura>
+void EscribirFechaGeneral(Escritura& xTexto, const PartesFecha& xPartes, int xMilisegundos,
+                          const Patron& xFechaCorta, const Patron& xHoraLarga,
+                          const QLocale& xLocale) {
+    if (xPartes.Dia == DiaCero) {
+        EscribirFecha(xTexto, xPartes, xHoraLarga, xLocale);
+    } else if (xMilisegundos == 0) {
+        EscribirFecha(xTexto, xPartes, xFechaCorta, xLocale);
+    } else {
+        EscribirFecha(xTexto, xPartes, xFechaCorta, xLocale);
+        xTexto.Letra(u' ');
+        EscribirFecha(xTexto, xPartes, xHoraLarga, xLocale);
+    }
+}
+
+} // namespace
+
 void clsConfiguracionRegional::AgregarFechaGeneral(QString& xDestino,
                                                    const QDateTime& xFecha) const {
     if (!xFecha.isValid()) return;
-    const QDate dia = xFecha.date();
-    const QTime hora = xFecha.time();
-    const PartesFecha partes(dia, hora);
+    const int milisegundos = xFecha.time().msecsSinceStartOfDay();
     Escritor escritor(xDestino);
-    if (dia == DiaCero) {
-        EscribirFecha(escritor, partes, mHoraLarga, mLocale);
-    } else if (hora.msecsSinceStartOfDay() == 0) {
-        EscribirFecha(escritor, partes, mFechaCorta, mLocale);
-    } else {
-        EscribirFecha(escritor, partes, mFechaCorta, mLocale);
-        escritor.Letra(u' ');
-        EscribirFecha(escritor, partes, mHoraLarga, mLocale);
+    EscribirFechaGeneral(escritor, PartesFecha(xFecha.date(), milisegundos), milisegundos,
+                         mFechaCorta, mHoraLarga, mLocale);
+}
+
+void clsConfiguracionRegional::AgregarFechaGeneral(clsBufferTexto& xDestino, const QDate& xDia,
+                                                   int xSegundos) const {
+    const int milisegundos = xSegundos * 1000;
+    const PartesFecha partes(xDia, milisegundos);
+    if (mLargoFechaGeneral < 0) {
+        EscribirFechaGeneral(xDestino, partes, milisegundos, mFechaCorta, mHoraLarga, mLocale);
+        return;
     }
+    // Patterns of numbers alone, the usual ones, are written without a check per piece.
+    char16_t* const inicio = xDestino.Reservar(mLargoFechaGeneral);
+    char16_t* fin = inicio;
+    if (partes.Dia == DiaCero) {
+        fin = EscribirFechaNumerica(fin, partes, mHoraLarga);
+    } else {
+        fin = EscribirFechaNumerica(fin, partes, mFechaCorta);
+        if (milisegundos != 0) {
+            *fin++ = u' ';
+            fin = EscribirFechaNumerica(fin, partes, mHoraLarga);
+        }
+    }
+    xDestino.Usar(fin - inicio);
 }
 
 QString clsConfiguracionRegional::TextoFechaCorta(const QDateTime& xFecha) const {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "common/clsBufferTexto.h"
+
 #include <QDateTime>
 #include <QLocale>
 #include <QString>
@@ -24,10 +26,13 @@ public:
     // General number text of a Single: shortest form, at most 7 significant digits.
     QString TextoSingle(float xValor) const;
     void AgregarTextoSingle(QString& xDestino, float xValor) const;
+    void AgregarTextoSingle(clsBufferTexto& xDestino, float xValor) const;
     // General date-time text: short date and long time; the date alone at midnight, the time
     // alone on day 0 (1899-12-30).
     QString TextoFechaGeneral(const QDateTime& xFecha) const;
     void AgregarFechaGeneral(QString& xDestino, const QDateTime& xFecha) const;
+    // The same for the day xDia at xSegundos seconds after midnight.
+    void AgregarFechaGeneral(clsBufferTexto& xDestino, const QDate& xDia, int xSegundos) const;
     // Short date text.
     QString TextoFechaCorta(const QDateTime& xFecha) const;
     // A number through a format of digits: "0.00", "#0.##" (which always keeps its separator).
@@ -86,6 +91,7 @@ private:
     char mOrdenFecha[4]; // "dMy", "Mdy" or "yMd": the order of the short date
     PatronFecha mFechaCorta;
     PatronFecha mHoraLarga;
+    qsizetype mLargoFechaGeneral = -1; // the longest general date text, -1 when names are in it
     // The last format given to FormatoFecha, compiled.
     mutable QString mUltimoFormato;
     mutable PatronFecha mUltimoPatron;

@@ -32,14 +32,12 @@ bool clsAdaptadorRegistrosCarpeta::FinDeRegistros() {
     return mCursor >= CantidadRegistros();
 }
 
-RegistroPalm clsAdaptadorRegistrosCarpeta::Registro(qint32 xIndice) const {
+void clsAdaptadorRegistrosCarpeta::Llenar(qint32 xIndice, RegistroPalm& xRegistro) const {
     const IndiceRegistroPDB& indice = mBase->Disposicion().Registros[xIndice];
-    RegistroPalm registro;
-    registro.Indice = xIndice;
-    registro.ID = static_cast<qint32>(indice.ID);
-    clsArchivoPDB::SepararAtributos(indice.Atributos, registro.Atributos, registro.Categoria);
-    registro.Bytes = mBase->Datos(indice.Datos);
-    return registro;
+    xRegistro.Indice = xIndice;
+    xRegistro.ID = static_cast<qint32>(indice.ID);
+    clsArchivoPDB::SepararAtributos(indice.Atributos, xRegistro.Atributos, xRegistro.Categoria);
+    mBase->Datos(indice.Datos, xRegistro.Bytes);
 }
 
 template <typename Acepta>
@@ -51,7 +49,7 @@ bool clsAdaptadorRegistrosCarpeta::LeerSiguienteQue(Acepta xAcepta, RegistroPalm
         qint32 categoria = 0;
         clsArchivoPDB::SepararAtributos(registros[indice].Atributos, atributos, categoria);
         if (xAcepta(atributos, categoria)) {
-            xRegistro = Registro(indice);
+            Llenar(indice, xRegistro);
             return true;
         }
     }
@@ -93,7 +91,9 @@ RegistroPalm clsAdaptadorRegistrosCarpeta::LeerPorID(qint32 xID) {
                       QStringLiteral("The database \"%1\" has no record with the unique ID %2.")
                           .arg(mBase->Nombre())
                           .arg(xID));
-    return Registro(indice);
+    RegistroPalm registro;
+    Llenar(indice, registro);
+    return registro;
 }
 
 qint32 clsAdaptadorRegistrosCarpeta::EscribirRegistro(qint32 xID, qint32 xCategoria,

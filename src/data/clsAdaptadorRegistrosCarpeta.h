@@ -34,7 +34,8 @@ public:
 private:
     // The next record whose attributes and category xAcepta(attributes, category) accepts.
     template <typename Acepta> bool LeerSiguienteQue(Acepta xAcepta, RegistroPalm& xRegistro);
-    RegistroPalm Registro(qint32 xIndice) const;
+    // Fills xRegistro with the record at xIndice, reusing its buffer.
+    void Llenar(qint32 xIndice, RegistroPalm& xRegistro) const;
     qint32 CantidadRegistros() const;
 
     std::unique_ptr<clsBaseAbierta> mBase;

@@ -7,6 +7,7 @@
 
 #include <QLockFile>
 #include <algorithm>
+#include <cstring>
 
 namespace {
 
@@ -68,6 +69,13 @@ void clsBaseAbierta::Tomar(QByteArray xBytes, DisposicionPDB xDisposicion) {
 
 QByteArray clsBaseAbierta::Datos(const TramoPDB& xTramo) const {
     return mBytes.mid(xTramo.Desde, xTramo.Largo);
+}
+
+void clsBaseAbierta::Datos(const TramoPDB& xTramo, QByteArray& xDestino) const {
+    const qsizetype desde = qMin<qsizetype>(xTramo.Desde, mBytes.size());
+    const qsizetype largo = qMin<qsizetype>(xTramo.Largo, mBytes.size() - desde);
+    xDestino.resize(largo);
+    std::memcpy(xDestino.data(), mBytes.constData() + desde, static_cast<size_t>(largo));
 }
 
 qint32 clsBaseAbierta::IndicePorID(quint32 xID) const {

@@ -32,6 +32,8 @@ public:
     const QString& Nombre() const { return mNombre; }
     const DisposicionPDB& Disposicion() const { return mDisposicion; }
     QByteArray Datos(const TramoPDB& xTramo) const;
+    // The same into xDestino, whose buffer is reused when it is its own and large enough.
+    void Datos(const TramoPDB& xTramo, QByteArray& xDestino) const;
     // The AppInfo and SortInfo blocks, copied once per version of the file.
     const QByteArray& AppInfo() const { return mAppInfo; }
     const QByteArray& SortInfo() const { return mSortInfo; }

@@ -104,72 +104,6 @@ qint64 ValorInicial(QStringView xTexto) {
 
 } // namespace
 
-// The text of one record, gathered in a buffer the object keeps, so that reading a record makes
-// one string and nothing else.
-class clsPalmPDB::TextoRegistro {
-public:
-    explicit TextoRegistro(std::vector<char16_t>& xLetras) : mLetras(xLetras) {
-        if (mLetras.size() < 256) mLetras.resize(256);
-    }
-
-    qsizetype Cantidad() const { return mCantidad; }
-
-    void Letra(char16_t xLetra) {
-        Asegurar(1);
-        mLetras[mCantidad++] = xLetra;
-    }
-    void Latin1(QLatin1String xTexto) {
-        Asegurar(xTexto.size());
-        for (const char letra : xTexto)
-            mLetras[mCantidad++] = static_cast<uchar>(letra);
-    }
-    void Texto(const QString& xTexto) {
-        Asegurar(xTexto.size());
-        std::memcpy(mLetras.data() + mCantidad, xTexto.utf16(),
-                    sizeof(char16_t) * static_cast<size_t>(xTexto.size()));
-        mCantidad += xTexto.size();
-    }
-    void Entero(qint64 xValor) {
-        char cifras[24];
-        char* const fin = cifras + sizeof cifras;
-        char* inicio = fin;
-        quint64 valor =
-            xValor < 0 ? 0 - static_cast<quint64>(xValor) : static_cast<quint64>(xValor);
-        do {
-            *--inicio = static_cast<char>('0' + valor % 10);
-            valor /= 10;
-        } while (valor != 0);
-        if (xValor < 0) *--inicio = '-';
-        Latin1(QLatin1String(inicio, fin));
-    }
-    // Drops the last xCantidad characters.
-    void Recortar(qsizetype xCantidad) { mCantidad = qMax<qsizetype>(mCantidad - xCantidad, 0); }
-    // Drops the blanks around the text gathered from xInicio on.
-    void RecortarBlancos(qsizetype xInicio) {
-        while (mCantidad > xInicio && mLetras[mCantidad - 1] == u' ')
-            --mCantidad;
-        qsizetype primero = xInicio;
-        while (primero < mCantidad && mLetras[primero] == u' ')
-            ++primero;
-        if (primero == xInicio) return;
-        std::memmove(mLetras.data() + xInicio, mLetras.data() + primero,
-                     sizeof(char16_t) * static_cast<size_t>(mCantidad - primero));
-        mCantidad -= primero - xInicio;
-    }
-    QString ComoQString() const {
-        return QString(reinterpret_cast<const QChar*>(mLetras.data()), mCantidad);
-    }
-
-private:
-    void Asegurar(qsizetype xMas) {
-        const auto necesario = static_cast<size_t>(mCantidad + xMas);
-        if (necesario > mLetras.size()) mLetras.resize(qMax(necesario, 2 * mLetras.size()));
-    }
-
-    std::vector<char16_t>& mLetras;
-    qsizetype mCantidad = 0;
-};
-
 clsPalmPDB::clsPalmPDB() : clsPalmPDB(modHandheld::FuenteActual()) {}
 
 clsPalmPDB::clsPalmPDB(std::shared_ptr<clsFuentePalm> xFuente)
@@ -198,11 +132,11 @@ clsAdaptadorRegistros& clsPalmPDB::Registros(const char* xOperacion) const {
     return *mAdaptadorRegistros;
 }
 
-void clsPalmPDB::TomarRegistro(const RegistroPalm& xRegistro) {
+void clsPalmPDB::TomarRegistro(RegistroPalm& xRegistro) {
     mIndice = xRegistro.Indice;
     mAtributos = xRegistro.Atributos;
     mCategoria = xRegistro.Categoria;
-    mRegistroActual = xRegistro.Bytes;
+    mRegistroActual.swap(xRegistro.Bytes);
 }
 
 QString clsPalmPDB::TextoDeCodigo(qint32 xCodigo) const {
@@ -463,7 +397,8 @@ qint32 clsPalmPDB::LeerRegistro(bool xMoverAlPrincipio, QString& xRegistro,
     VerificarAbierta("ReadRecord");
     if (!mEsBaseDatos) return 0;
     VerificarEsquema("ReadRecord");
-    xRegistro.clear();
+    // The text's buffer is kept for the next record.
+    xRegistro.resize(0);
     mIDActual = 0;
     clsAdaptadorRegistros& adaptador = Registros("ReadRecord");
     if (xMoverAlPrincipio) adaptador.IrAlPrincipio(0);
@@ -472,7 +407,8 @@ qint32 clsPalmPDB::LeerRegistro(bool xMoverAlPrincipio, QString& xRegistro,
         mIDActual = xRecordID;
         TomarRegistro(adaptador.LeerPorID(xRecordID));
     } else if (!adaptador.FinDeRegistros()) {
-        RegistroPalm leido;
+        // The record comes into the buffer of the one read before it.
+        RegistroPalm& leido = mLeido;
         bool hay;
         if (xCategoryID != -1) {
             mCategoria = xCategoryID;
@@ -490,28 +426,41 @@ qint32 clsPalmPDB::LeerRegistro(bool xMoverAlPrincipio, QString& xRegistro,
     // The end flag turns on as the last record is read; that record is still decoded.
     if (adaptador.FinDeRegistros() && mIDActual == 0) return -1;
 
-    const qint16 campos = NumFields();
+    // The field count is read with the types, once per open, as the schema does not change.
     const bool cargar = mCargarTipos;
-    if (cargar) mTiposCampo.clear();
-    TextoRegistro texto(mTextoRegistro);
+    if (cargar) {
+        mCantidadCampos = NumFields();
+        mTiposCampo.clear();
+    }
+    const qint16 campos = mCantidadCampos;
+    const clsConfiguracionRegional& regional = clsConfiguracionRegional::Actual();
+    const bool unaLetra = xSeparator.size() == 1;
+    clsBufferTexto& texto = mTextoRegistro;
+    texto.Vaciar();
     qint32 pos = 0;
     for (qint16 i = 0; i < campos; ++i) {
         if (cargar) mTiposCampo.push_back(CodigoDeNombre(FieldType(i)));
         if (i >= CantidadTipos()) throw ErrorVB::SubscriptOutOfRange(QStringLiteral("ReadRecord"));
-        AgregarCampo(texto, mTiposCampo[i], pos, xSeparator);
-        texto.Texto(xSeparator);
+        AgregarCampo(texto, mTiposCampo[i], pos, xSeparator, regional);
+        if (unaLetra)
+            texto.Letra(xSeparator.front().unicode());
+        else
+            texto.Texto(xSeparator);
     }
     if (cargar) mCargarTipos = false;
     if (texto.Cantidad() > 0) texto.Recortar(xSeparator.size());
-    xRegistro = texto.ComoQString();
+    const QStringView vista = texto.Vista();
+    xRegistro.resize(vista.size());
+    std::memcpy(xRegistro.data(), vista.data(),
+                sizeof(char16_t) * static_cast<size_t>(vista.size()));
     return mIDActual;
 }
 
 // Appends one field's text, read from mRegistroActual at xPos, and moves xPos past the field.
-void clsPalmPDB::AgregarCampo(TextoRegistro& xTexto, quint8 xCodigoTipo, qint32& xPos,
-                              const QString& xSeparator) {
+void clsPalmPDB::AgregarCampo(clsBufferTexto& xTexto, quint8 xCodigoTipo, qint32& xPos,
+                              const QString& xSeparator,
+                              const clsConfiguracionRegional& xRegional) {
     const qsizetype inicio = xTexto.Cantidad();
-    const clsConfiguracionRegional& regional = clsConfiguracionRegional::Actual();
     switch (xCodigoTipo) {
     case TipoByte:
         xTexto.Entero(ByteEn(mRegistroActual, xPos, "ReadRecord"));
@@ -524,33 +473,35 @@ void clsPalmPDB::AgregarCampo(TextoRegistro& xTexto, quint8 xCodigoTipo, qint32&
         xTexto.Entero(LeerLong(mRegistroActual, xPos));
         break;
     case TipoSingle:
-        mTextoCampo.resize(0);
-        regional.AgregarTextoSingle(mTextoCampo, LeerSingle(mRegistroActual, xPos));
-        xTexto.Texto(mTextoCampo);
+        xRegional.AgregarTextoSingle(xTexto, LeerSingle(mRegistroActual, xPos));
         break;
     case TipoString: {
         const bool comillas = xSeparator.size() == 1 && xSeparator.front() == QLatin1Char(',');
-        mTextoCampo.resize(0);
-        AgregarTexto(mTextoCampo, mRegistroActual, xPos, *mTabla);
+        const QByteArrayView bytes = TramoTexto(mRegistroActual, xPos);
         if (comillas) xTexto.Letra(u'"');
-        xTexto.Texto(mTextoCampo);
+        mTabla->Agregar(bytes, xTexto);
         if (comillas) xTexto.Letra(u'"');
         break;
     }
     case TipoBoolean:
-        xTexto.Latin1(ByteEn(mRegistroActual, xPos, "ReadRecord") != 0 ? QLatin1String("True")
-                                                                       : QLatin1String("False"));
+        if (ByteEn(mRegistroActual, xPos, "ReadRecord") != 0)
+            xTexto.Letras("True", 4);
+        else
+            xTexto.Letras("False", 5);
         xPos = PosicionEn(xPos + qint64(1), "ReadRecord");
         break;
-    case TipoDate:
-        mTextoCampo.resize(0);
-        regional.AgregarFechaGeneral(mTextoCampo, LeerFecha(mRegistroActual, xPos));
-        xTexto.Texto(mTextoCampo);
+    case TipoDate: {
+        QDate dia;
+        qint32 segundos = 0;
+        LeerDiaYHora(mRegistroActual, xPos, dia, segundos);
+        xRegional.AgregarFechaGeneral(xTexto, dia, segundos);
         break;
+    }
     default:
         break;
     }
-    xTexto.RecortarBlancos(inicio);
+    // Numbers and truth values are written without blanks around them.
+    if (xCodigoTipo >= TipoSingle && xCodigoTipo != TipoBoolean) xTexto.RecortarBlancos(inicio);
 }
 
 // The field counter is 16-bit: a last field beyond its range overflows before any field is

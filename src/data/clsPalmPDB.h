@@ -1,5 +1,7 @@
 #pragma once
 
+#include "common/clsBufferTexto.h"
+#include "common/clsConfiguracionRegional.h"
 #include "data/clsFuentePalm.h"
 #include "data/clsPDBInterface.h"
 #include "data/modFuncionesConversion.h"
@@ -53,14 +55,12 @@ public:
     bool IsAppForgeDB() override;
 
 private:
-    class TextoRegistro;
-
     bool OpenDataBase(const QString& xNombre);
     bool OpenResource(const QString& xNombre);
     qint32 LeerRegistro(bool xMoverAlPrincipio, QString& xRegistro, const QString& xSeparator,
                         qint32 xCategoryID, bool xModified, qint32 xRecordID);
-    void AgregarCampo(TextoRegistro& xTexto, quint8 xCodigoTipo, qint32& xPos,
-                      const QString& xSeparator);
+    void AgregarCampo(clsBufferTexto& xTexto, quint8 xCodigoTipo, qint32& xPos,
+                      const QString& xSeparator, const clsConfiguracionRegional& xRegional);
     qint32 PosicionCampo(qint32 xNroCampo);
     void CodificarCampo(qint32 xNroCampo, const QString& xValor);
     void DesplazarBytes(QByteArray& xBuffer, qint32 xInicio, qint32 xCambio);
@@ -70,7 +70,9 @@ private:
     void VerificarEsquema(const char* xOperacion) const;
     qsizetype CantidadTipos() const { return static_cast<qsizetype>(mTiposCampo.size()); }
     clsAdaptadorRegistros& Registros(const char* xOperacion) const;
-    void TomarRegistro(const RegistroPalm& xRegistro);
+    // Takes the record's bytes by exchanging buffers with xRegistro.
+    void TomarRegistro(RegistroPalm& xRegistro);
+    void TomarRegistro(RegistroPalm&& xRegistro) { TomarRegistro(xRegistro); }
     QString TextoDeCodigo(qint32 xCodigo) const;
 
     std::shared_ptr<clsFuentePalm> mFuente;
@@ -89,9 +91,10 @@ private:
     QByteArray mRegistroActual;
     bool mCargarTipos = false;
     std::vector<quint8> mTiposCampo; // each field's type, as its code, read with the first record
+    qint16 mCantidadCampos = 0;      // the field count, read with the types
     // Working space of the record reader, kept between records so that reading allocates little.
-    std::vector<char16_t> mTextoRegistro;
-    QString mTextoCampo;
+    clsBufferTexto mTextoRegistro;
+    RegistroPalm mLeido;
     bool mEnumerando = false;
     // The creator lists of RetrieveCreatorsID, kept by kind (0, 1, 2) once built.
     QString mCreadoresAppForge;

@@ -219,33 +219,43 @@ qint16 LeerInt(const QByteArray& xBuffer, qint32& xPos) {
 }
 
 QDateTime LeerFecha(const QByteArray& xBuffer, qint32& xPos) {
-    double segundos = static_cast<qint32>(LeerCuatro(xBuffer, xPos, "LeerFecha"));
-    if (segundos < 0) segundos += DosALa32;
-    const auto enteros = static_cast<qint64>(segundos);
-    if (enteros <= SegundosEntreEpocas) return PrimeraEpoca().addSecs(enteros);
-    return SegundaEpoca().addSecs(enteros - SegundosEntreEpocas);
+    QDate dia;
+    qint32 segundos = 0;
+    LeerDiaYHora(xBuffer, xPos, dia, segundos);
+    return QDateTime(dia, QTime::fromMSecsSinceStartOfDay(segundos * 1000), Qt::UTC);
 }
 
-void AgregarTexto(QString& xDestino, const QByteArray& xBuffer, qint32& xPos,
-                  const TablaCodigoPagina& xTabla) {
+// The stored count is unsigned: the seconds since the first epoch, whole days and the rest.
+void LeerDiaYHora(const QByteArray& xBuffer, qint32& xPos, QDate& xDia, qint32& xSegundos) {
+    static const qint64 primerDia = PrimeraEpoca().date().toJulianDay();
+    const quint32 segundos = LeerCuatro(xBuffer, xPos, "LeerFecha");
+    xDia = QDate::fromJulianDay(primerDia + segundos / 86400);
+    xSegundos = static_cast<qint32>(segundos % 86400);
+}
+
+QByteArrayView TramoTexto(const QByteArray& xBuffer, qint32& xPos) {
     if (xPos < 0 || xPos >= xBuffer.size()) throw ErrorVB::SubscriptOutOfRange(Fuente("LeerTexto"));
     const char* inicio = xBuffer.constData() + xPos;
     const auto* cero = static_cast<const char*>(
         std::memchr(inicio, 0, static_cast<size_t>(xBuffer.size() - xPos)));
     if (!cero) throw ErrorVB::SubscriptOutOfRange(Fuente("LeerTexto"));
     const auto largo = static_cast<qsizetype>(cero - inicio);
-    const qint32 siguiente = Sumar(xPos, largo + 1, "LeerTexto");
+    xPos = Sumar(xPos, largo + 1, "LeerTexto");
+    return QByteArrayView(inicio, largo);
+}
+
+void AgregarTexto(QString& xDestino, const QByteArray& xBuffer, qint32& xPos,
+                  const TablaCodigoPagina& xTabla) {
+    const QByteArrayView bytes = TramoTexto(xBuffer, xPos);
     if (xTabla.Multibyte()) {
-        xDestino += xTabla.Decodificar(QByteArrayView(inicio, largo));
-        xPos = siguiente;
+        xDestino += xTabla.Decodificar(bytes);
         return;
     }
     const qsizetype antes = xDestino.size();
-    xDestino.resize(antes + largo);
+    xDestino.resize(antes + bytes.size());
     QChar* destino = xDestino.data() + antes;
-    for (qsizetype k = 0; k < largo; ++k)
-        destino[k] = xTabla.Caracter(static_cast<quint8>(inicio[k]));
-    xPos = siguiente;
+    for (qsizetype k = 0; k < bytes.size(); ++k)
+        destino[k] = xTabla.Caracter(static_cast<quint8>(bytes[k]));
 }
 
 QString LeerTexto(const QByteArray& xBuffer, qint32& xPos, const TablaCodigoPagina& xTabla) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "common/clsBufferTexto.h"
+
 #include <QByteArray>
 #include <QByteArrayView>
 #include <QChar>
@@ -46,6 +48,18 @@ public:
         return byte < 0 ? quint8(xCaracter.unicode() < 128 ? xCaracter.unicode() : '?')
                         : quint8(byte);
     }
+    // Appends the characters of xBytes to xDestino: the record reader's way, a character per
+    // byte straight into the buffer for single-byte pages.
+    void Agregar(QByteArrayView xBytes, clsBufferTexto& xDestino) const {
+        if (mMultibyte) {
+            xDestino.Texto(Decodificar(xBytes));
+            return;
+        }
+        char16_t* destino = xDestino.Reservar(xBytes.size());
+        for (qsizetype k = 0; k < xBytes.size(); ++k)
+            destino[k] = mCaracteres[static_cast<quint8>(xBytes[k])].unicode();
+        xDestino.Usar(xBytes.size());
+    }
 
 private:
     explicit TablaCodigoPagina(const QString& xCodigoPagina);
@@ -72,6 +86,10 @@ float LeerSingle(const QByteArray& xBuffer, qint32& xPos);
 qint16 LeerInt(const QByteArray& xBuffer, qint32& xPos);
 qint32 LeerLong(const QByteArray& xBuffer, qint32& xPos);
 QDateTime LeerFecha(const QByteArray& xBuffer, qint32& xPos);
+// The same date as its day and the seconds since midnight, for readers of many dates.
+void LeerDiaYHora(const QByteArray& xBuffer, qint32& xPos, QDate& xDia, qint32& xSegundos);
+// The bytes of the zero-terminated text at xPos, without the terminator; xPos moves past it.
+QByteArrayView TramoTexto(const QByteArray& xBuffer, qint32& xPos);
 QString LeerTexto(const QByteArray& xBuffer, qint32& xPos,
                   const TablaCodigoPagina& xTabla = TablaCodigoPagina::Predeterminada());
 // LeerTexto appending the text to xDestino.
