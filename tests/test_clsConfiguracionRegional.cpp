@@ -54,6 +54,30 @@ TEST(TextoSingle, CoincideConElRedondeoExactoEnTodoElRango) {
     EXPECT_EQ(distintos, 0);
 }
 
+// The record reader's way (into a buffer, exact values straight) writes the same texts.
+TEST(TextoSingle, LaDelLectorDeRegistrosEsLaMisma) {
+    for (const QLocale& locale : {EnUS, DeDE}) {
+        const clsConfiguracionRegional regional(locale);
+        clsBufferTexto buffer;
+        const auto comparar = [&](float xValor) {
+            buffer.Vaciar();
+            regional.AgregarTextoSingle(buffer, xValor);
+            ASSERT_EQ(buffer.Vista().toString(), regional.TextoSingle(xValor)) << xValor;
+        };
+        for (qint64 k = -20000000; k <= 20000000; k += 997) {
+            comparar(static_cast<float>(k) / 8);
+            comparar(static_cast<float>(k) / 1000);
+        }
+        for (quint64 bits = 0; bits < 0x7F800001u; bits += 99991) {
+            float valor;
+            const auto patron = static_cast<quint32>(bits);
+            std::memcpy(&valor, &patron, sizeof valor);
+            comparar(valor);
+            comparar(-valor);
+        }
+    }
+}
+
 TEST(TextoNumero, FormaGeneralSinAgrupar) {
     const struct {
         double valor;

@@ -573,24 +573,26 @@ TEST_F(PalmPDBTest, EscribirAtributos) {
     }
 }
 
-// A write given ID 0 adds a record, so a record whose ID is 0 is refused by ID, file untouched.
-TEST_F(PalmPDBTest, UnRegistroDeID0NoSeEscribePorID) {
+// A file may hold a record whose unique ID is 0, the ID that asks for a new record when a record
+// is added: an update or an attribute write changes that record in place and adds none.
+TEST_F(PalmPDBTest, UnRegistroDeID0SeEscribeEnSuLugar) {
     GuardarClientes({"4100000101", "4200000200"}, 1,
                     [](clsConstructorBase& xBase) { xBase.Archivo().Registros[0].ID = 0; });
-    const QByteArray antes = Bytes("Clientes");
     clsPalmPDB pdb(Fuente());
     ASSERT_TRUE(pdb.OpenFile("Clientes"));
     QString texto;
     bool alPrincipio = true;
     ASSERT_EQ(pdb.ReadRecord(alPrincipio, texto, "\t"), 0);
-    ASSERT_EQ(texto, "A\t1\tTrue");
-    const std::function<void()> escrituras[] = {
-        [&] { pdb.UpdateRecord(0, 0, "Z"); },
-        [&] { pdb.WriteRecordAttributes(0, 0x10); },
-    };
-    for (const auto& escritura : escrituras)
-        EsperarError(escritura, ErroresFuente::RegistroNoEncontrado, "LeerPorID");
-    EXPECT_EQ(Bytes("Clientes"), antes);
+    EXPECT_EQ(pdb.UpdateRecord(0, 0, "Z"), 0);
+    EXPECT_TRUE(pdb.WriteRecordAttributes(0, 0x10));
+    const clsArchivoPDB archivo = Archivo("Clientes");
+    ASSERT_EQ(archivo.Registros.size(), 2);
+    EXPECT_EQ(archivo.Registros[0].ID, 0u);
+    EXPECT_EQ(archivo.Registros[0].Datos.toHex(), "5a00000101");
+    qint32 atributos = 0, categoria = 0;
+    clsArchivoPDB::SepararAtributos(archivo.Registros[0].Atributos, atributos, categoria);
+    EXPECT_EQ(atributos, 0x10);
+    EXPECT_EQ(archivo.Registros[1].Datos.toHex(), "4200000200");
 }
 
 TEST_F(PalmPDBTest, DatosDeCadaRegistro) {

@@ -50,32 +50,40 @@ public:
     }
     // The number in decimal, with zeros in front up to xAncho digits.
     void Entero(qint64 xValor, int xAncho = 1) {
-        // Days, months, hours, minutes and seconds: the common case, written straight.
-        if (xValor >= 0 && xValor < 100 && xAncho <= 2) {
-            char16_t* destino = Reservar(2);
-            if (xValor >= 10 || xAncho == 2) *destino++ = static_cast<char16_t>(u'0' + xValor / 10);
-            *destino++ = static_cast<char16_t>(u'0' + xValor % 10);
-            mCantidad = destino - mLetras.data();
-            return;
-        }
-        char cifras[24];
-        char* const fin = cifras + sizeof cifras;
-        char* inicio = fin;
+        mCantidad = EscribirEntero(Reservar(24), xValor, xAncho) - mLetras.data();
+    }
+    // The same at xDestino, which has room for 21 code units and for xAncho (at most 20) more;
+    // returns the end.
+    static char16_t* EscribirEntero(char16_t* xDestino, qint64 xValor, int xAncho = 1) {
         quint64 valor =
             xValor < 0 ? 0 - static_cast<quint64>(xValor) : static_cast<quint64>(xValor);
-        // Two digits per division.
+        if (xValor < 0) *xDestino++ = u'-';
+        int cifras = 1;
+        for (quint64 resto = valor; resto >= 10; resto /= 10)
+            ++cifras;
+        char16_t* const fin = xDestino + std::max(cifras, xAncho);
+        char16_t* p = fin;
+        // Two digits per division, from a table of the pairs 00 to 99.
+        static constexpr char Pares[] = "0001020304050607080910111213141516171819"
+                                        "2021222324252627282930313233343536373839"
+                                        "4041424344454647484950515253545556575859"
+                                        "6061626364656667686970717273747576777879"
+                                        "8081828384858687888990919293949596979899";
         while (valor >= 100) {
-            const auto par = static_cast<unsigned>(valor % 100);
+            const auto par = static_cast<unsigned>(valor % 100) * 2;
             valor /= 100;
-            *--inicio = static_cast<char>('0' + par % 10);
-            *--inicio = static_cast<char>('0' + par / 10);
+            *--p = static_cast<char16_t>(Pares[par + 1]);
+            *--p = static_cast<char16_t>(Pares[par]);
         }
-        if (valor >= 10) *--inicio = static_cast<char>('0' + valor % 10);
-        *--inicio = static_cast<char>('0' + (valor >= 10 ? valor / 10 : valor));
-        while (fin - inicio < xAncho && inicio > cifras + 1)
-            *--inicio = '0';
-        if (xValor < 0) *--inicio = '-';
-        Letras(inicio, fin - inicio);
+        if (valor >= 10) {
+            *--p = static_cast<char16_t>(Pares[valor * 2 + 1]);
+            *--p = static_cast<char16_t>(Pares[valor * 2]);
+        } else {
+            *--p = static_cast<char16_t>(u'0' + valor);
+        }
+        while (p > xDestino)
+            *--p = u'0';
+        return fin;
     }
 
     // Drops the last xCantidad code units.

@@ -830,7 +830,42 @@ void clsConfiguracionRegional::AgregarTextoSingle(QString& xDestino, float xValo
     TextoGeneral(escritor, xValor, 7, mDecimal, mMenos);
 }
 
+namespace {
+
+// The general text of a Single with at most three decimals and seven significant digits, which
+// needs no rounding: its whole part and its thousandths, as integers. False for any other value.
+bool TextoSingleExacto(clsBufferTexto& xTexto, float xValor, QChar xDecimal,
+                       const QString& xMenos) {
+    const double milesimas = std::fabs(static_cast<double>(xValor)) * 1000;
+    if (!(milesimas < 1e10) || milesimas != std::floor(milesimas)) return false;
+    auto valor = static_cast<quint64>(milesimas);
+    if (valor == 0) {
+        xTexto.Letra(u'0');
+        return true;
+    }
+    int decimales = 3;
+    while (decimales > 0 && valor % 10 == 0) {
+        valor /= 10;
+        --decimales;
+    }
+    quint64 limite = 10000000; // eight digits are too many
+    if (valor >= limite) return false;
+    quint64 potencia = 1;
+    for (int k = 0; k < decimales; ++k)
+        potencia *= 10;
+    if (xValor < 0) xTexto.Texto(xMenos);
+    xTexto.Entero(static_cast<qint64>(valor / potencia));
+    if (decimales > 0) {
+        xTexto.Letra(xDecimal.unicode());
+        xTexto.Entero(static_cast<qint64>(valor % potencia), decimales);
+    }
+    return true;
+}
+
+} // namespace
+
 void clsConfiguracionRegional::AgregarTextoSingle(clsBufferTexto& xDestino, float xValor) const {
+    if (TextoSingleExacto(xDestino, xValor, mDecimal, mMenos)) return;
     TextoGeneral(xDestino, xValor, 7, mDecimal, mMenos);
 }
 
@@ -960,14 +995,12 @@ qsizetype LargoMaximo(const Patron& xPatron) {
         case Pieza::NombreMesLargo:
             return -1;
         default:
-            largo += qMax<qsizetype>(pieza.Ancho, 11); // ten digits and a sign
+            largo += qMax<qsizetype>(pieza.Ancho, 10) + 1; // the digits and a sign
             break;
         }
     }
     return largo;
 }
-
-char16_t* NumeroLargo(char16_t* xDestino, int xValor, int xAncho);
 
 // xValor at xDestino with zeros in front up to xAncho digits, as Escritor::Entero writes it;
 // returns the end.
@@ -977,24 +1010,7 @@ inline char16_t* Numero(char16_t* xDestino, int xValor, int xAncho) {
         *xDestino++ = static_cast<char16_t>(u'0' + xValor % 10);
         return xDestino;
     }
-    return NumeroLargo(xDestino, xValor, xAncho);
-}
-
-char16_t* NumeroLargo(char16_t* xDestino, int xValor, int xAncho) {
-    char cifras[16] = {};
-    char* const fin = cifras + sizeof cifras;
-    char* inicio = fin;
-    unsigned valor = static_cast<unsigned>(xValor < 0 ? -xValor : xValor);
-    do {
-        *--inicio = static_cast<char>('0' + valor % 10);
-        valor /= 10;
-    } while (valor != 0);
-    while (fin - inicio < xAncho && inicio > cifras + 1)
-        *--inicio = '0';
-    if (xValor < 0) *--inicio = '-';
-    while (inicio < fin)
-        *xDestino++ = static_cast<uchar>(*inicio++);
-    return xDestino;
+    return clsBufferTexto::EscribirEntero(xDestino, xValor, qMin(xAncho, 15));
 }
 
 // A pattern of numbers and literals (LargoMaximo not -1) written straight into room reserved

@@ -82,10 +82,8 @@ bool clsAdaptadorRegistrosCarpeta::LeerSiguienteModificadoEnCategoria(qint32 xCa
         xRegistro);
 }
 
-// A file may hold a record with unique ID 0, but a write given ID 0 adds a new record, so such
-// a record cannot be written back by its ID: it is found by reading in order, never by ID.
 RegistroPalm clsAdaptadorRegistrosCarpeta::LeerPorID(qint32 xID) {
-    const qint32 indice = xID == 0 ? -1 : mBase->IndicePorID(static_cast<quint32>(xID));
+    const qint32 indice = mBase->IndicePorID(static_cast<quint32>(xID));
     if (indice < 0)
         throw ErrorVB(ErroresFuente::RegistroNoEncontrado, QStringLiteral("LeerPorID"),
                       QStringLiteral("The database \"%1\" has no record with the unique ID %2.")
