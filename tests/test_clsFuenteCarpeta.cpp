@@ -496,7 +496,7 @@ TYPED_TEST(FuenteDeBases, AbrirVeLosCambiosHechosDesdeQueSeLeyoLaCarpeta) {
         if (caso.Registros < 0) {
             EsperarError(
                 ErroresFuente::BaseEnUso, [&] { gestor->AbrirBaseRegistros(caso.Abrir, "", 208); },
-                "no longer in the handheld folder");
+                "no longer on the handheld");
             continue;
         }
         auto adaptador = gestor->AbrirBaseRegistros(caso.Abrir, "", 208);

@@ -281,7 +281,7 @@ void clsCatalogoCarpeta::Falta(const QString& xNombre, const QString& xArchivoCo
     if (!xArchivoConocido.isEmpty())
         throw ErrorVB(ErroresFuente::BaseEnUso, xOperacion,
                       QStringLiteral("The database \"%1\" cannot be opened: its file %2 is no "
-                                     "longer in the handheld folder.")
+                                     "longer on the handheld.")
                           .arg(xNombre, QFileInfo(xArchivoConocido).fileName()));
     throw ErrorVB(ErroresFuente::BaseNoEncontrada, xOperacion,
                   QStringLiteral("The database \"%1\" is not on the handheld.").arg(xNombre));

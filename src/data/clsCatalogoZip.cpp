@@ -103,9 +103,11 @@ QString clsCatalogoZip::NombreHandheld() const {
     return QFileInfo(Carpeta()).completeBaseName();
 }
 
-const clsCatalogoZip::Instantanea& clsCatalogoZip::Actual(bool xReleer) const {
+const clsCatalogoZip::Instantanea& clsCatalogoZip::Actual(Mirada xMirada) const {
+    if (xMirada == Mirada::Ninguna && mInstantanea.Zip) return mInstantanea;
     const EstadoArchivo estado = clsLecturaArchivo::EstadoDe(Carpeta());
-    if (!xReleer && mInstantanea.Zip && mInstantanea.Estado == estado) return mInstantanea;
+    if (xMirada != Mirada::Releer && mInstantanea.Zip && mInstantanea.Estado == estado)
+        return mInstantanea;
     Instantanea nueva;
     nueva.Estado = estado;
     nueva.Momento = clsLecturaArchivo::Ahora();
@@ -122,13 +124,13 @@ QString clsCatalogoZip::NombreEntrada(const QString& xRuta) const {
 }
 
 const EntradaZip* clsCatalogoZip::Entrada(const QString& xRuta) const {
-    const Instantanea& actual = Actual();
+    const Instantanea& actual = Actual(Mirada::Ninguna);
     const auto encontrada = actual.PorNombre.constFind(NombreEntrada(xRuta));
     return encontrada == actual.PorNombre.constEnd() ? nullptr : &*encontrada;
 }
 
 void clsCatalogoZip::ComprobarCarpeta() const {
-    const Instantanea& actual = Actual();
+    const Instantanea& actual = Actual(Mirada::Mirar);
     if (actual.Zip->Abierto()) return;
     const QString motivo = actual.Estado.Existe || QFileInfo::exists(Carpeta())
                                ? QStringLiteral("cannot be read (%1)").arg(actual.Zip->Error())
@@ -139,13 +141,13 @@ void clsCatalogoZip::ComprobarCarpeta() const {
 
 QStringList clsCatalogoZip::Archivos() const {
     ComprobarCarpeta();
-    QStringList nombres = Actual().PorNombre.keys();
+    QStringList nombres = Actual(Mirada::Ninguna).PorNombre.keys();
     std::sort(nombres.begin(), nombres.end());
     return nombres;
 }
 
 EstadoArchivo clsCatalogoZip::EstadoEntrada(const QString& xRuta) const {
-    Actual(true);
+    Actual(Mirada::Releer);
     return EstadoDe(xRuta);
 }
 
@@ -202,6 +204,8 @@ bool clsCatalogoZip::LeerEntrada(const QString& xRuta, QByteArray& xBytes, QStri
 
 bool clsCatalogoZip::LeerContenido(const FichaBaseCarpeta& xFicha, ContenidoArchivo& xContenido,
                                    QString& xError) {
+    // Opening a database sees the archive as it is now.
+    Actual(Mirada::Mirar);
     xContenido.Momento = clsLecturaArchivo::Ahora();
     xContenido.Estado = EstadoDe(xFicha.Archivo);
     return LeerEntrada(xFicha.Archivo, xContenido.Bytes, xError);
@@ -210,7 +214,7 @@ bool clsCatalogoZip::LeerContenido(const FichaBaseCarpeta& xFicha, ContenidoArch
 QVariantMap clsCatalogoZip::Ajustes(const QString& xOperacion) {
     Actualizar(); // raises when the archive cannot be read
     QVariantMap valores;
-    if (!LeerIni(*Actual().Zip, valores))
+    if (!LeerIni(*Actual(Mirada::Ninguna).Zip, valores))
         throw ErrorVB(ErroresFuente::HandheldInaccesible, xOperacion,
                       QStringLiteral("%1 of the backup archive \"%2\" cannot be read.")
                           .arg(NombreIni, Carpeta()));

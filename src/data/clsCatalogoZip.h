@@ -57,10 +57,12 @@ private:
         // Entries read whole while their header was read, for the open that usually follows.
         QHash<QString, QByteArray> Leidas;
     };
-    // The archive, read again when a look at it shows a change, or always with xReleer. A look
-    // that agrees is trusted here even within the second of a change: the writes of this
-    // program read the archive again before they compare (EstadoEntrada).
-    const Instantanea& Actual(bool xReleer = false) const;
+    // How much the archive is looked at before an answer: not at all (the listing and its
+    // entries answer from the archive just looked at), one look that reads it again when it
+    // shows a change (trusted even within the second of a change: the writes of this program
+    // read the archive again before they compare), or a reading in any case.
+    enum class Mirada { Ninguna, Mirar, Releer };
+    const Instantanea& Actual(Mirada xMirada) const;
     const EntradaZip* Entrada(const QString& xRuta) const;
 
     mutable Instantanea mInstantanea;
