@@ -637,7 +637,7 @@ TEST_F(PalmPDBTest, Borrar) {
 }
 
 // Two objects over two sources stand for two programs: both read record 10 ("abc", 5, True),
-// the other one writes first.
+// the other one writes first. (Two updates of one record: the batch test of pandrel-cli.)
 TEST_F(PalmPDBTest, DosEscritoresDeUnRegistro) {
     const struct {
         const char* caso;
@@ -646,10 +646,6 @@ TEST_F(PalmPDBTest, DosEscritoresDeUnRegistro) {
         QByteArray despues; // record 10 on disk; empty: it is gone
         qint32 atributos;
     } casos[] = {
-        {"different fields both land", [](clsPalmPDB& x) { x.UpdateRecord(10, 1, "7"); },
-         [](clsPalmPDB& x) { x.UpdateRecord(10, 0, "xy"); }, "787900000701", 0},
-        {"the same field: the last one wins", [](clsPalmPDB& x) { x.UpdateRecord(10, 0, "otro"); },
-         [](clsPalmPDB& x) { x.UpdateRecord(10, 0, "xy"); }, "787900000501", 0},
         {"attributes keep the other's field", [](clsPalmPDB& x) { x.UpdateRecord(10, 1, "7"); },
          [](clsPalmPDB& x) { x.WriteRecordAttributes(10, 0x10); }, "61626300000701", 0x10},
         {"a field keeps the other's attributes",
