@@ -22,6 +22,7 @@
 #include <QStringEncoder>
 #include <QStringList>
 #include <algorithm>
+#include <array>
 #include <cstdio>
 #include <functional>
 #include <map>
@@ -70,31 +71,37 @@ QStringView Escapado(QStringView xTexto, QString& xEspacio, QStringView xSeparad
     };
     const char16_t* const inicio = xTexto.utf16();
     const char16_t* const fin = inicio + xTexto.size();
-    const char16_t* letra = std::find_if(inicio, fin, especial);
-    if (letra == fin) return xTexto;
-    xEspacio.resize(0);
-    xEspacio.append(QStringView(inicio, letra));
-    for (; letra != fin; ++letra) {
+    if (std::find_if(inicio, fin, especial) == fin) return xTexto;
+    // Written in place into room for the longest result: every character a pair, or a separator.
+    xEspacio.resize(xTexto.size() * qMax<qsizetype>(2, xSeparador.size()));
+    char16_t* const comienzo = reinterpret_cast<char16_t*>(xEspacio.data());
+    char16_t* salida = comienzo;
+    const auto par = [&salida](char16_t xLetra) {
+        *salida++ = u'\\';
+        *salida++ = xLetra;
+    };
+    for (const char16_t* letra = inicio; letra != fin; ++letra) {
         switch (*letra) {
         case u'\t':
-            xEspacio.append(u"\\t");
+            par(u't');
             break;
         case u'\n':
-            xEspacio.append(u"\\n");
+            par(u'n');
             break;
         case u'\r':
-            xEspacio.append(u"\\r");
+            par(u'r');
             break;
         case u'\\':
-            xEspacio.append(u"\\\\");
+            par(u'\\');
             break;
         case kMarcaSeparador:
-            xEspacio.append(xSeparador);
+            salida = std::copy(xSeparador.utf16(), xSeparador.utf16() + xSeparador.size(), salida);
             break;
         default:
-            xEspacio.append(QChar(*letra));
+            *salida++ = *letra;
         }
     }
+    xEspacio.resize(salida - comienzo);
     return xEspacio;
 }
 
@@ -128,20 +135,7 @@ public:
     void Registro(qint64 xNumero, QStringView xTexto, QStringView xSeparador) {
         Linea(xNumero, Escapado(xTexto, mEspacio, xSeparador));
     }
-    void Escribir(std::FILE* xDestino) const {
-        for (const Bloque& bloque : mBloques)
-            std::fwrite(bloque.Datos.get(), 1, size_t(bloque.Usado), xDestino);
-    }
-
-private:
-    // A line as it is.
-    void LineaTal(QStringView xTexto) {
-        char* fin = mCodificador.appendToBuffer(
-            Espacio(mCodificador.requiredSpace(xTexto.size()) + 1), xTexto);
-        *fin++ = '\n';
-        Usar(fin);
-    }
-    // A number, a tab and a text: the line of one record.
+    // A number, a tab and a text as it is: the line of a record that needs no escaping.
     void Linea(qint64 xNumero, QStringView xTexto) {
         char cifras[24];
         char* const finCifras = cifras + sizeof cifras;
@@ -157,6 +151,19 @@ private:
         destino = std::copy(inicio, finCifras, destino);
         *destino++ = '\t';
         char* fin = mCodificador.appendToBuffer(destino, xTexto);
+        *fin++ = '\n';
+        Usar(fin);
+    }
+    void Escribir(std::FILE* xDestino) const {
+        for (const Bloque& bloque : mBloques)
+            std::fwrite(bloque.Datos.get(), 1, size_t(bloque.Usado), xDestino);
+    }
+
+private:
+    // A line as it is.
+    void LineaTal(QStringView xTexto) {
+        char* fin = mCodificador.appendToBuffer(
+            Espacio(mCodificador.requiredSpace(xTexto.size()) + 1), xTexto);
         *fin++ = '\n';
         Usar(fin);
     }
@@ -224,6 +231,30 @@ QString Separador(const Contexto& xContexto, int xDesde) {
 // The separator a record is read with: xSeparador itself, unless it holds a character that
 // output escapes; then kMarcaSeparador, which the output turns back into xSeparador, so that only
 // the fields' own characters are escaped. Neither is the comma that quotes String fields.
+// How many of each character that output escapes a text holds.
+std::array<qsizetype, 4> Especiales(QStringView xTexto) {
+    std::array<qsizetype, 4> cuenta{};
+    for (const QChar letra : xTexto) {
+        switch (letra.unicode()) {
+        case u'\t':
+            ++cuenta[0];
+            break;
+        case u'\n':
+            ++cuenta[1];
+            break;
+        case u'\r':
+            ++cuenta[2];
+            break;
+        case u'\\':
+            ++cuenta[3];
+            break;
+        default:
+            break;
+        }
+    }
+    return cuenta;
+}
+
 QString SeparadorLectura(const QString& xSeparador) {
     QString espacio;
     return Escapado(xSeparador, espacio).size() == xSeparador.size() ? xSeparador
@@ -324,12 +355,26 @@ void Registros(const Contexto& xContexto) {
     Abrir(xContexto);
     // A resource database has no records to read.
     if (!xContexto.Base.IsDataBase()) return;
+    // Each record is read with the separator; one that holds an escaped character beside the
+    // separators between its fields is read again with the separator's stand-in and escaped.
     const QString lectura = SeparadorLectura(separador);
+    std::array<qsizetype, 4> enSeparadores = Especiales(separador);
     bool alPrincipio = true;
     QString registro;
-    for (;;) {
-        const qint32 id = xContexto.Base.ReadRecord(alPrincipio, registro, lectura);
+    for (bool primero = true;; primero = false) {
+        const qint32 id = xContexto.Base.ReadRecord(alPrincipio, registro, separador);
         if (id == -1) return;
+        // The schema is known once a record was read (which reports a database without one).
+        if (primero) {
+            const qsizetype entre = qMax(0, xContexto.Base.NumFields() - 1);
+            for (qsizetype& cuenta : enSeparadores)
+                cuenta *= entre;
+        }
+        if (Especiales(registro) == enSeparadores) {
+            xContexto.Salida.Linea(id, registro);
+            continue;
+        }
+        xContexto.Base.ReadRecordByID(id, registro, lectura);
         xContexto.Salida.Registro(id, registro, separador);
     }
 }
