@@ -19,7 +19,6 @@
 #include <QMenuBar>
 #include <QPointer>
 #include <QSettings>
-#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <gtest/gtest.h>
@@ -238,9 +237,8 @@ TEST_F(frmInicioTest, TheHandheldMenuKeepsTheOtherMenusAndTheirMnemonics) {
 // becomes the current one and the first recent one, and its code page can be changed from the
 // menu. A handheld that cannot be read is reported and the previous one stays.
 TEST_F(frmInicioTest, TheHandheldMenuOpensABackupAfterClosingTheExplorers) {
-    QStandardPaths::setTestModeEnabled(true);
-    QSettings().remove("Handhelds/Recent");
     QTemporaryDir otra;
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, otra.filePath("settings"));
     const QString zip = otra.filePath("Backup.zip");
     ASSERT_TRUE(modZipPrueba::GuardarZip(zip, modZipPrueba::DeCarpeta(mCarpeta)));
     QString elegido = zip;
@@ -291,7 +289,7 @@ TEST_F(frmInicioTest, TheHandheldMenuOpensABackupAfterClosingTheExplorers) {
 
 // A database file given to the program opens its folder and an explorer with it chosen.
 TEST_F(frmInicioTest, ADatabaseFileOpensItsFolderAndChoosesIt) {
-    QStandardPaths::setTestModeEnabled(true);
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, mCarpeta + "/settings");
     delete mInicio.data();
     mInicio = modMain::Main(mCarpeta + "/Clients.pdb");
     ASSERT_EQ(Hijas().size(), 1);

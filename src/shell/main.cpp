@@ -35,6 +35,8 @@ int main(int argc, char** argv) {
 
     QApplication aplicacion(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Pandrel"));
+    // The settings (the recent handhelds) live in the program's own folder of the user's.
+    QApplication::setOrganizationName(QStringLiteral("Pandrel"));
     QCommandLineParser opciones;
     Preparar(opciones);
     opciones.process(aplicacion);
