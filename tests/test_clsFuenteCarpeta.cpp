@@ -1,15 +1,12 @@
 #include "common/ErrorVB.h"
 #include "data/clsArchivoPDB.h"
 #include "data/clsFuenteCarpeta.h"
-#include "data/clsFuenteZip.h"
-#include "support/modZipPrueba.h"
+#include "support/FabricaCarpeta.h"
+#include "support/FabricaZip.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QMap>
-#include <QStorageInfo>
-#include <QTemporaryDir>
 #include <chrono>
 #include <functional>
 #include <future>
@@ -112,178 +109,6 @@ QStringList Describir(clsFuentePalm& xFuente) {
             n(u->UltimaSincronizacionPC()),
             n(u->IDUsuario())};
 }
-
-// A handheld that is a folder in a temporary directory.
-class FabricaCarpeta {
-public:
-    FabricaCarpeta() : mCarpeta(mRaiz.filePath(QStringLiteral("Palm"))) { QDir().mkpath(mCarpeta); }
-    ~FabricaCarpeta() {
-        QFile::setPermissions(mCarpeta, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    }
-
-    // The handheld as a desktop backup of that user (<user>/Backup).
-    void ComoRespaldoDe(const QString& xUsuario, const QString& xRespaldo = "Backup") {
-        mCarpeta = mRaiz.filePath(xUsuario + QLatin1Char('/') + xRespaldo);
-        QDir().mkpath(mCarpeta);
-    }
-    QString NombreHandheld() const { return QDir(mCarpeta).dirName(); }
-
-    void Poner(const QString& xArchivo, const QByteArray& xBytes) {
-        QFile archivo(Ruta(xArchivo));
-        ASSERT_TRUE(archivo.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        archivo.write(xBytes);
-        mPuestos.append(xArchivo);
-    }
-    void Poner(const QString& xArchivo, const clsArchivoPDB& xBase) {
-        Poner(xArchivo, xBase.Escribir());
-    }
-    void PonerAjustes(const QByteArray& xTexto) { Poner(QStringLiteral("Handheld.ini"), xTexto); }
-    QByteArray Contenido(const QString& xArchivo) const {
-        QFile archivo(Ruta(xArchivo));
-        return archivo.open(QIODevice::ReadOnly) ? archivo.readAll() : QByteArray();
-    }
-    // Another program changes the database behind the source's back.
-    void CambiarPorFuera(const QString& xArchivo, const clsArchivoPDB& xBase) {
-        Poner(xArchivo, xBase);
-    }
-    // Another program rewrites bytes of the file in place, same size, and sets its time back, so
-    // that only its content tells the change.
-    void CambiarEnSuSitio(const QString& xArchivo, const QByteArray& xAntes,
-                          const QByteArray& xDespues) {
-        const qsizetype posicion = Contenido(xArchivo).indexOf(xAntes);
-        ASSERT_GT(posicion, 0);
-        const QDateTime hora = QFileInfo(Ruta(xArchivo)).lastModified();
-        QFile archivo(Ruta(xArchivo));
-        ASSERT_TRUE(archivo.open(QIODevice::ReadWrite));
-        archivo.seek(posicion);
-        archivo.write(xDespues);
-        archivo.setFileTime(hora, QFileDevice::FileModificationTime);
-    }
-    void Quitar(const QString& xArchivo) { QFile::remove(Ruta(xArchivo)); }
-    void HacerSoloLectura(const QString& xArchivo) {
-        QFile::setPermissions(Ruta(xArchivo), QFile::ReadOwner | QFile::ReadGroup);
-    }
-    void HacerCarpetaSoloLectura() {
-        QFile::setPermissions(mCarpeta, QFile::ReadOwner | QFile::ExeOwner);
-    }
-    // Files left beside the handheld's own: locks, temporary files.
-    QStringList Sobrantes() const {
-        QStringList archivos =
-            QDir(mCarpeta).entryList(QDir::Files | QDir::Hidden | QDir::NoDotAndDotDot);
-        for (const QString& puesto : mPuestos)
-            archivos.removeAll(puesto);
-        return archivos;
-    }
-
-    std::shared_ptr<clsFuentePalm> Crear() { return std::make_shared<clsFuenteCarpeta>(mCarpeta); }
-    std::shared_ptr<clsFuentePalm> CrearInaccesible() {
-        return std::make_shared<clsFuenteCarpeta>(mRaiz.filePath(QStringLiteral("nowhere")));
-    }
-    static QStringList Avisos(const clsFuentePalm& xFuente) {
-        return dynamic_cast<const clsFuenteCarpeta&>(xFuente).Avisos();
-    }
-    qint64 EspacioLibre() const { return QStorageInfo(mCarpeta).bytesAvailable(); }
-
-    QString Ruta(const QString& xArchivo) const { return QDir(mCarpeta).filePath(xArchivo); }
-
-private:
-    QTemporaryDir mRaiz;
-    QString mCarpeta;
-    QStringList mPuestos;
-};
-
-// A handheld that is a zip backup in a temporary directory: every change the test makes rewrites
-// the archive whole, as another program would.
-class FabricaZip {
-public:
-    FabricaZip() : mArchivo(mRaiz.filePath(QStringLiteral("Palm.zip"))) { Guardar(); }
-    ~FabricaZip() {
-        QFile::setPermissions(QFileInfo(mArchivo).absolutePath(),
-                              QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    }
-
-    // The handheld as a desktop backup of that user (<user>/Backup.zip).
-    void ComoRespaldoDe(const QString& xUsuario, const QString& xRespaldo = "Backup") {
-        QDir().mkpath(mRaiz.filePath(xUsuario));
-        mArchivo = mRaiz.filePath(xUsuario + QLatin1Char('/') + xRespaldo + QStringLiteral(".zip"));
-        Guardar();
-    }
-    QString NombreHandheld() const { return QFileInfo(mArchivo).completeBaseName(); }
-
-    void Poner(const QString& xArchivo, const QByteArray& xBytes) {
-        Leer();
-        mEntradas[xArchivo] = xBytes;
-        Guardar();
-    }
-    void Poner(const QString& xArchivo, const clsArchivoPDB& xBase) {
-        Poner(xArchivo, xBase.Escribir());
-    }
-    void PonerAjustes(const QByteArray& xTexto) { Poner(QStringLiteral("Handheld.ini"), xTexto); }
-    QByteArray Contenido(const QString& xArchivo) {
-        Leer();
-        return mEntradas.value(xArchivo);
-    }
-    void CambiarPorFuera(const QString& xArchivo, const clsArchivoPDB& xBase) {
-        Poner(xArchivo, xBase);
-    }
-    // Another program rewrites the archive with the same size and sets its time back.
-    void CambiarEnSuSitio(const QString& xArchivo, const QByteArray& xAntes,
-                          const QByteArray& xDespues) {
-        Leer();
-        const QDateTime hora = QFileInfo(mArchivo).lastModified();
-        ASSERT_GT(mEntradas[xArchivo].indexOf(xAntes), 0);
-        mEntradas[xArchivo].replace(xAntes, xDespues);
-        Guardar();
-        QFile archivo(mArchivo);
-        ASSERT_TRUE(archivo.open(QIODevice::ReadWrite));
-        archivo.setFileTime(hora, QFileDevice::FileModificationTime);
-    }
-    void Quitar(const QString& xArchivo) {
-        Leer();
-        mEntradas.remove(xArchivo);
-        Guardar();
-    }
-    void HacerSoloLectura(const QString&) {
-        QFile::setPermissions(mArchivo, QFile::ReadOwner | QFile::ReadGroup);
-    }
-    void HacerCarpetaSoloLectura() {
-        QFile::setPermissions(QFileInfo(mArchivo).absolutePath(),
-                              QFile::ReadOwner | QFile::ExeOwner);
-    }
-    QStringList Sobrantes() const {
-        QStringList archivos =
-            QFileInfo(mArchivo).dir().entryList(QDir::Files | QDir::Hidden | QDir::NoDotAndDotDot);
-        archivos.removeAll(QFileInfo(mArchivo).fileName());
-        return archivos;
-    }
-
-    std::shared_ptr<clsFuentePalm> Crear() { return std::make_shared<clsFuenteZip>(mArchivo); }
-    std::shared_ptr<clsFuentePalm> CrearInaccesible() {
-        return std::make_shared<clsFuenteZip>(mRaiz.filePath(QStringLiteral("nowhere.zip")));
-    }
-    static QStringList Avisos(const clsFuentePalm& xFuente) {
-        return FabricaCarpeta::Avisos(xFuente);
-    }
-    qint64 EspacioLibre() const { return QStorageInfo(mRaiz.path()).bytesAvailable(); }
-
-private:
-    // The entries as the archive holds them now: the source under test may have rewritten it.
-    void Leer() {
-        mEntradas.clear();
-        for (const auto& [nombre, bytes] : modZipPrueba::Leer(mArchivo))
-            mEntradas.insert(nombre, bytes);
-    }
-    void Guardar() {
-        modZipPrueba::Entradas entradas;
-        for (auto i = mEntradas.cbegin(); i != mEntradas.cend(); ++i)
-            entradas.append({i.key(), i.value()});
-        ASSERT_TRUE(modZipPrueba::GuardarZip(mArchivo, entradas));
-    }
-
-    QTemporaryDir mRaiz;
-    QString mArchivo;
-    QMap<QString, QByteArray> mEntradas;
-};
 
 // The suite is written against the source roles and a factory that lays databases out in a
 // handheld; any later source of databases passes it by supplying its own factory.
