@@ -81,6 +81,17 @@ TEST(modExportacion, WritesTheGridInEachFormatByteForByte) {
         [](qint32 xColumna) { return kTipos.value(xColumna); },
         TablaCodigoPagina::Predeterminada());
     EXPECT_EQ(Leer(carpeta.filePath("out")), "Name,Note, quoted,Qty,Count,Big,Price,Ok,When\r\n");
+
+    // In a multi-byte page a character is its lead and trail bytes; quotes and the decimal comma
+    // are treated as in any other page.
+    clsGrillaFlexible japonesa;
+    LlenarGrilla(japonesa, {QString::fromUtf8("\u65e5\"\u672c\t\t\t\t\t2,5\t\t")});
+    modExportacion::ExportarGrilla(
+        japonesa, carpeta.filePath("out"), Formato::ComasEstricto,
+        [](qint32 xColumna) { return kTipos.value(xColumna); },
+        TablaCodigoPagina::Para("Shift_JIS"));
+    EXPECT_EQ(Leer(carpeta.filePath("out")).split('\n').value(1),
+              "\"\x93\xfa\"\"\x96\x7b\",\"\",,,,2.5,,\r");
 }
 
 TEST(modExportacion, NamesWithoutAnExtensionGetTheFiltersOne) {
