@@ -4,6 +4,7 @@
 
 #include "cli/modComandosInforme.h"
 #include "cli/modLotes.h"
+#include "cli/modTextoSalida.h"
 #include "common/ErrorVB.h"
 #include "common/clsConfiguracionRegional.h"
 #include "data/MensajesError.h"
@@ -233,26 +234,7 @@ QString Separador(const Contexto& xContexto, int xDesde) {
 // the fields' own characters are escaped. Neither is the comma that quotes String fields.
 // How many of each character that output escapes a text holds.
 std::array<qsizetype, 4> Especiales(QStringView xTexto) {
-    std::array<qsizetype, 4> cuenta{};
-    for (const QChar letra : xTexto) {
-        switch (letra.unicode()) {
-        case u'\t':
-            ++cuenta[0];
-            break;
-        case u'\n':
-            ++cuenta[1];
-            break;
-        case u'\r':
-            ++cuenta[2];
-            break;
-        case u'\\':
-            ++cuenta[3];
-            break;
-        default:
-            break;
-        }
-    }
-    return cuenta;
+    return modTextoSalida::Especiales(xTexto);
 }
 
 QString SeparadorLectura(const QString& xSeparador) {

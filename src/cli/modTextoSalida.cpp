@@ -1,0 +1,48 @@
+#include "cli/modTextoSalida.h"
+
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
+
+namespace modTextoSalida {
+
+namespace {
+
+constexpr char16_t Letras[4] = {u'\t', u'\n', u'\r', u'\\'};
+
+void ContarUna(char16_t xLetra, std::array<qsizetype, 4>& xCuenta) {
+    for (int k = 0; k < 4; ++k)
+        xCuenta[k] += xLetra == Letras[k] ? 1 : 0;
+}
+
+} // namespace
+
+std::array<qsizetype, 4> Especiales(QStringView xTexto) {
+    std::array<qsizetype, 4> cuenta{};
+    const char16_t* letra = xTexto.utf16();
+    const char16_t* const fin = letra + xTexto.size();
+#if defined(__SSE2__)
+    // Each equal letter subtracts -1 from its lane; a text has fewer than 8 x 32767 of any.
+    __m128i sumas[4] = {};
+    const auto contar = [&](__m128i xOcho, int xK) {
+        sumas[xK] = _mm_sub_epi16(
+            sumas[xK], _mm_cmpeq_epi16(xOcho, _mm_set1_epi16(static_cast<short>(Letras[xK]))));
+    };
+    for (; fin - letra >= 8; letra += 8) {
+        const __m128i ocho = _mm_loadu_si128(reinterpret_cast<const __m128i*>(letra));
+        for (int k = 0; k < 4; ++k)
+            contar(ocho, k);
+    }
+    for (int k = 0; k < 4; ++k) {
+        alignas(16) qint32 partes[4];
+        _mm_store_si128(reinterpret_cast<__m128i*>(partes),
+                        _mm_madd_epi16(sumas[k], _mm_set1_epi16(1)));
+        cuenta[k] = partes[0] + partes[1] + partes[2] + partes[3];
+    }
+#endif
+    for (; letra != fin; ++letra)
+        ContarUna(*letra, cuenta);
+    return cuenta;
+}
+
+} // namespace modTextoSalida
