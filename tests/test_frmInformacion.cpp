@@ -115,10 +115,6 @@ TEST_F(frmInformacionTest, LeeElHandheldYAvisaUnaVezSiFalla) {
     // Something that is not a file stands where Handheld.ini should be.
     const QString ilegible = Handheld(Ruta("ilegible"));
     QDir(ilegible).mkdir("Handheld.ini");
-    // A handheld folder that went away after the program opened it.
-    const QString desaparecido = Handheld(Ruta("desaparecido"));
-    auto fuenteDesaparecida = std::make_shared<clsFuenteCarpeta>(desaparecido);
-    ASSERT_TRUE(QDir(desaparecido).removeRecursively());
 
     struct Caso {
         const char* Nombre;
@@ -142,7 +138,6 @@ TEST_F(frmInformacionTest, LeeElHandheldYAvisaUnaVezSiFalla) {
          1},
         {"unreadable", std::make_shared<clsFuenteCarpeta>(ilegible), InicialesTarjeta,
          InicialesUsuario, 1},
-        {"vanished", fuenteDesaparecida, InicialesTarjeta, InicialesUsuario, 1},
         {"no handheld", nullptr, InicialesTarjeta, InicialesUsuario, 1},
     };
     for (const Caso& caso : casos) {
@@ -160,15 +155,6 @@ TEST_F(frmInformacionTest, LeeElHandheldYAvisaUnaVezSiFalla) {
         EXPECT_EQ(mMensajes[0].Icono, QMessageBox::Warning);
         EXPECT_EQ(mMensajes[0].Botones, QMessageBox::StandardButtons(QMessageBox::Ok));
     }
-}
-
-TEST_F(frmInformacionTest, SinMemoriaLibreMuestraCeroKB) {
-    const QString carpeta = Handheld(Ruta("lleno"));
-    Escribir(carpeta + "/Handheld.ini", "[Card]\nFreeRam=0\n");
-    modHandheld::EstablecerFuente(std::make_shared<clsFuenteCarpeta>(carpeta));
-    frmInformacion ventana;
-    EXPECT_EQ(ventana.findChild<QLabel*>("lblTarjetaDisponible")->text(), "0 KB");
-    EXPECT_TRUE(mMensajes.empty());
 }
 
 } // namespace

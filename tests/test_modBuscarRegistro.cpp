@@ -28,7 +28,6 @@ TEST(modBuscarRegistro, FindsTheFirstRowByTheRulesOfEachType) {
     } casos[] = {
         {"text begins, with case", "String", {"abd", "Abc"}, "ab", true, false, "abd"},
         {"text at or after, no case", "String", {"c", "a"}, "b", false, false, "c"},
-        {"text past every row", "String", {"a", "b"}, "z", false, false, ""},
         {"boolean is a text", "Boolean", {"True", "False"}, "t", false, false, "True"},
         {"exact with case, blanks trimmed", "String", {"abc", "Abc"}, "  Abc ", true, true, "Abc"},
         {"exact with case refuses other case", "String", {"abc"}, "Abc", true, true, ""},

@@ -100,9 +100,10 @@ TEST(modExportacion, NamesWithoutAnExtensionGetTheFiltersOne) {
         int Filtro;
         QString Esperado;
     } casos[] = {
-        {"/out/list", 1, "/out/list.txt"},     {"/out/list", 2, "/out/list.csv"},
-        {"/out/list.", 1, "/out/list.txt"},    {"/out.d/list", 2, "/out.d/list.csv"},
-        {"/out/list.dat", 2, "/out/list.dat"}, {"list", 1, "list"},
+        {"/out/list.", 1, "/out/list.txt"},
+        {"/out.d/list", 2, "/out.d/list.csv"},
+        {"/out/list.dat", 2, "/out/list.dat"},
+        {"list", 1, "list"},
     };
     for (const auto& caso : casos)
         EXPECT_EQ(modExportacion::NombreConExtension(caso.Nombre, caso.Filtro), caso.Esperado)
