@@ -24,14 +24,30 @@ std::array<qsizetype, 4> Especiales(QStringView xTexto) {
 #if defined(__SSE2__)
     // Each equal letter subtracts -1 from its lane; a text has fewer than 8 x 32767 of any.
     __m128i sumas[4] = {};
+    const __m128i buscadas[4] = {_mm_set1_epi16(static_cast<short>(Letras[0])),
+                                 _mm_set1_epi16(static_cast<short>(Letras[1])),
+                                 _mm_set1_epi16(static_cast<short>(Letras[2])),
+                                 _mm_set1_epi16(static_cast<short>(Letras[3]))};
     const auto contar = [&](__m128i xOcho, int xK) {
-        sumas[xK] = _mm_sub_epi16(
-            sumas[xK], _mm_cmpeq_epi16(xOcho, _mm_set1_epi16(static_cast<short>(Letras[xK]))));
+        sumas[xK] = _mm_sub_epi16(sumas[xK], _mm_cmpeq_epi16(xOcho, buscadas[xK]));
     };
     for (; fin - letra >= 8; letra += 8) {
         const __m128i ocho = _mm_loadu_si128(reinterpret_cast<const __m128i*>(letra));
         for (int k = 0; k < 4; ++k)
             contar(ocho, k);
+    }
+    // The last letters: the eight that end the text, those already counted put out of reach.
+    if (letra != fin && xTexto.size() >= 8) {
+        static constexpr short Mascaras[16] = {0,  0,  0,  0,  0,  0,  0,  0,
+                                               -1, -1, -1, -1, -1, -1, -1, -1};
+        const __m128i nuevas =
+            _mm_loadu_si128(reinterpret_cast<const __m128i*>(Mascaras + (fin - letra)));
+        const __m128i ocho = _mm_or_si128(
+            _mm_andnot_si128(nuevas, _mm_set1_epi16(-1)),
+            _mm_and_si128(nuevas, _mm_loadu_si128(reinterpret_cast<const __m128i*>(fin - 8))));
+        for (int k = 0; k < 4; ++k)
+            contar(ocho, k);
+        letra = fin;
     }
     for (int k = 0; k < 4; ++k) {
         alignas(16) qint32 partes[4];
