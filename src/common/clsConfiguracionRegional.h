@@ -1,6 +1,7 @@
 #pragma once
 
 #include "common/clsBufferTexto.h"
+#include "common/modPatronFecha.h"
 
 #include <QDateTime>
 #include <QLocale>
@@ -48,32 +49,8 @@ public:
     bool CBool(const QString& xTexto) const;
     QDateTime CDate(const QString& xTexto) const;
 
-    // One piece of a compiled date pattern: a field of the date or time, or literal text.
-    struct PiezaFecha {
-        enum Tipo : quint8 {
-            Literal,
-            Dia,
-            NombreDiaCorto,
-            NombreDiaLargo,
-            Mes,
-            NombreMesCorto,
-            NombreMesLargo,
-            Anio2,
-            Anio4,
-            DiaDelAnio,
-            Hora12,
-            Hora24,
-            Minuto,
-            Segundo,
-            Milisegundo,
-            AmPm
-        };
-        Tipo Clase;
-        quint8 Ancho;   // digits: 1 without a leading zero, more padded to that many
-        QString Texto;  // the literal text, or the morning text of AmPm
-        QString Texto2; // the afternoon text of AmPm
-    };
-    using PatronFecha = std::vector<PiezaFecha>;
+    using PiezaFecha = modPatronFecha::Pieza;
+    using PatronFecha = modPatronFecha::Patron;
 
 private:
     QString Fecha(const QDateTime& xFecha, const PatronFecha& xPatron) const;
