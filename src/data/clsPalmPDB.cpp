@@ -4,12 +4,14 @@
 #include "common/clsConfiguracionRegional.h"
 #include "common/modFunciones.h"
 #include "data/MensajesError.h"
+#include "data/modCamposRegistro.h"
 #include "data/modHandheld.h"
 
 #include <cstring>
 #include <limits>
 #include <utility>
 
+using namespace modCamposRegistro;
 using namespace modFuncionesConversion;
 
 namespace {
@@ -33,53 +35,8 @@ const char* const ClaseRecursos = "PDDirect.PDResourceAdapter";
 // Attribute flags that make WriteRecordAttributes take the given value.
 constexpr qint32 FlagsAtributos = 0x80 | 0x40 | 0x10 | 0x08;
 
-enum CodigoTipo : quint8 {
-    Desconocido = 0,
-    TipoByte = 1,
-    TipoInt,
-    TipoLong,
-    TipoSingle,
-    TipoString,
-    TipoBoolean,
-    TipoDate
-};
-
-const QString& NombreTipo(qint16 xCodigo) {
-    static const QString nombres[] = {
-        QString(),
-        QStringLiteral("Byte"),
-        QStringLiteral("Int"),
-        QStringLiteral("Long"),
-        QStringLiteral("Single"),
-        QStringLiteral("String"),
-        QStringLiteral("Boolean"),
-        QStringLiteral("Date"),
-    };
-    return nombres[xCodigo >= TipoByte && xCodigo <= TipoDate ? xCodigo : 0];
-}
-
-CodigoTipo CodigoDeNombre(const QString& xNombre) {
-    for (quint8 codigo = TipoByte; codigo <= TipoDate; ++codigo) {
-        if (xNombre == NombreTipo(codigo)) return static_cast<CodigoTipo>(codigo);
-    }
-    return Desconocido;
-}
-
 ErrorVB ErrorDeBase(qint32 xNumero, const char* xFuente, int xMensaje) {
     return ErrorVB(xNumero, QString::fromLatin1(xFuente), MensajesError[xMensaje]);
-}
-
-qint32 PosicionEn(qint64 xPosicion, const char* xFuente) {
-    if (xPosicion > std::numeric_limits<qint32>::max() ||
-        xPosicion < std::numeric_limits<qint32>::min())
-        throw ErrorVB::Overflow(QString::fromLatin1(xFuente));
-    return static_cast<qint32>(xPosicion);
-}
-
-quint8 ByteEn(const QByteArray& xBuffer, qint32 xPos, const char* xFuente) {
-    if (xPos < 0 || xPos >= xBuffer.size())
-        throw ErrorVB::SubscriptOutOfRange(QString::fromLatin1(xFuente));
-    return static_cast<quint8>(xBuffer.at(xPos));
 }
 
 // Val: the number at the start of a text, blanks skipped; 0 when there is none.
@@ -441,7 +398,7 @@ qint32 clsPalmPDB::LeerRegistro(bool xMoverAlPrincipio, QString& xRegistro,
     for (qint16 i = 0; i < campos; ++i) {
         if (cargar) mTiposCampo.push_back(CodigoDeNombre(FieldType(i)));
         if (i >= CantidadTipos()) throw ErrorVB::SubscriptOutOfRange(QStringLiteral("ReadRecord"));
-        AgregarCampo(texto, mTiposCampo[i], pos, xSeparator, regional);
+        AgregarCampo(texto, mRegistroActual, mTiposCampo[i], pos, xSeparator, *mTabla, regional);
         if (unaLetra)
             texto.Letra(xSeparator.front().unicode());
         else
@@ -456,119 +413,6 @@ qint32 clsPalmPDB::LeerRegistro(bool xMoverAlPrincipio, QString& xRegistro,
     return mIDActual;
 }
 
-// Appends one field's text, read from mRegistroActual at xPos, and moves xPos past the field.
-void clsPalmPDB::AgregarCampo(clsBufferTexto& xTexto, quint8 xCodigoTipo, qint32& xPos,
-                              const QString& xSeparator,
-                              const clsConfiguracionRegional& xRegional) {
-    const qsizetype inicio = xTexto.Cantidad();
-    switch (xCodigoTipo) {
-    case TipoByte:
-        xTexto.Entero(ByteEn(mRegistroActual, xPos, "ReadRecord"));
-        xPos = PosicionEn(xPos + qint64(1), "ReadRecord");
-        break;
-    case TipoInt:
-        xTexto.Entero(LeerInt(mRegistroActual, xPos));
-        break;
-    case TipoLong:
-        xTexto.Entero(LeerLong(mRegistroActual, xPos));
-        break;
-    case TipoSingle:
-        xRegional.AgregarTextoSingle(xTexto, LeerSingle(mRegistroActual, xPos));
-        break;
-    case TipoString: {
-        const bool comillas = xSeparator.size() == 1 && xSeparator.front() == QLatin1Char(',');
-        const QByteArrayView bytes = TramoTexto(mRegistroActual, xPos);
-        if (comillas) xTexto.Letra(u'"');
-        mTabla->Agregar(bytes, xTexto);
-        if (comillas) xTexto.Letra(u'"');
-        break;
-    }
-    case TipoBoolean:
-        if (ByteEn(mRegistroActual, xPos, "ReadRecord") != 0)
-            xTexto.Letras("True", 4);
-        else
-            xTexto.Letras("False", 5);
-        xPos = PosicionEn(xPos + qint64(1), "ReadRecord");
-        break;
-    case TipoDate: {
-        QDate dia;
-        qint32 segundos = 0;
-        LeerDiaYHora(mRegistroActual, xPos, dia, segundos);
-        xRegional.AgregarFechaGeneral(xTexto, dia, segundos);
-        break;
-    }
-    default:
-        break;
-    }
-    // Numbers and truth values are written without blanks around them.
-    if (xCodigoTipo >= TipoSingle && xCodigoTipo != TipoBoolean) xTexto.RecortarBlancos(inicio);
-}
-
-// The field counter is 16-bit: a last field beyond its range overflows before any field is
-// walked, whatever the schema holds.
-qint32 clsPalmPDB::PosicionCampo(qint32 xNroCampo) {
-    const qint64 ultimo = static_cast<qint64>(xNroCampo) - 1;
-    if (ultimo > std::numeric_limits<qint16>::max() || ultimo < std::numeric_limits<qint16>::min())
-        throw ErrorVB::Overflow(QStringLiteral("UpdateRecord"));
-    qint32 pos = 0;
-    for (qint32 k = 0; k < xNroCampo; ++k) {
-        if (k >= CantidadTipos())
-            throw ErrorVB::SubscriptOutOfRange(QStringLiteral("UpdateRecord"));
-        switch (mTiposCampo[k]) {
-        case TipoByte:
-        case TipoBoolean:
-            pos = PosicionEn(pos + qint64(1), "UpdateRecord");
-            break;
-        case TipoInt:
-            LeerInt(mRegistroActual, pos);
-            break;
-        case TipoLong:
-        case TipoDate:
-            LeerLong(mRegistroActual, pos);
-            break;
-        case TipoSingle:
-            LeerSingle(mRegistroActual, pos);
-            break;
-        case TipoString:
-            LeerTexto(mRegistroActual, pos, *mTabla);
-            break;
-        case Desconocido:
-            break;
-        }
-    }
-    return pos;
-}
-
-// Moves the bytes from xInicio on by xCambio places, growing or shrinking the buffer. The
-// counters are 16-bit, so a record beyond 32767 bytes overflows; a growth larger than the
-// offset of the moved bytes reaches before the buffer's start.
-void clsPalmPDB::DesplazarBytes(QByteArray& xBuffer, qint32 xInicio, qint32 xCambio) {
-    const QString fuente = QStringLiteral("UpdateRecord");
-    constexpr qint64 MaximoContador = std::numeric_limits<qint16>::max();
-    if (xCambio > 0) {
-        const qint64 anterior = xBuffer.size();
-        if (anterior - 1 + xCambio > MaximoContador) throw ErrorVB::Overflow(fuente);
-        if (xInicio < 0 || xInicio < xCambio) throw ErrorVB::SubscriptOutOfRange(fuente);
-        xBuffer.resize(anterior + xCambio, '\0');
-        if (xInicio < anterior)
-            std::memmove(xBuffer.data() + xInicio + xCambio, xBuffer.constData() + xInicio,
-                         static_cast<size_t>(anterior - xInicio));
-        return;
-    }
-    if (xCambio < 0) {
-        const qint64 ultimo = static_cast<qint64>(xBuffer.size()) - 1;
-        if (ultimo >= MaximoContador) throw ErrorVB::Overflow(fuente);
-        if (xInicio <= ultimo) {
-            if (xInicio < 0 || xInicio + static_cast<qint64>(xCambio) < 0)
-                throw ErrorVB::SubscriptOutOfRange(fuente);
-            std::memmove(xBuffer.data() + xInicio + xCambio, xBuffer.constData() + xInicio,
-                         static_cast<size_t>(xBuffer.size() - xInicio));
-        }
-        if (xBuffer.size() + xCambio < 0) throw ErrorVB::SubscriptOutOfRange(fuente);
-        xBuffer.resize(xBuffer.size() + xCambio);
-    }
-}
-
 // The field is encoded into the record as the database holds it when the write is made, so a
 // change another writer made to the record's other fields stays.
 qint32 clsPalmPDB::UpdateRecord(qint32 xRecordID, qint32 xNroCampo, const QString& xValor) {
@@ -577,63 +421,10 @@ qint32 clsPalmPDB::UpdateRecord(qint32 xRecordID, qint32 xNroCampo, const QStrin
     mIDActual = xRecordID;
     TomarRegistro(adaptador.CambiarRegistro(xRecordID, [&](RegistroPalm& xActual) {
         TomarRegistro(xActual);
-        CodificarCampo(xNroCampo, xValor);
+        CodificarCampo(mRegistroActual, mTiposCampo, xNroCampo, xValor, *mTabla);
         xActual.Bytes = mRegistroActual;
     }));
     return mIDActual;
-}
-
-// Writes xValor into field xNroCampo of mRegistroActual.
-void clsPalmPDB::CodificarCampo(qint32 xNroCampo, const QString& xValor) {
-    qint32 pos = PosicionCampo(xNroCampo);
-    if (xNroCampo < 0 || xNroCampo >= CantidadTipos())
-        throw ErrorVB::SubscriptOutOfRange(QStringLiteral("UpdateRecord"));
-    const clsConfiguracionRegional& regional = clsConfiguracionRegional::Actual();
-    switch (mTiposCampo[xNroCampo]) {
-    case TipoString: {
-        qint32 fin = pos;
-        LeerTexto(mRegistroActual, fin, *mTabla);
-        const qint32 terminador = fin - 1;
-        // The text's length counts the bytes it takes in the handheld's code page.
-        const QByteArray nuevo = mTabla->Codificar(modFunciones::SinBlancos(xValor).toString(),
-                                                   QStringLiteral("UpdateRecord"));
-        const qint32 cambio =
-            PosicionEn(static_cast<qint64>(nuevo.size()) + pos - terminador, "UpdateRecord");
-        DesplazarBytes(mRegistroActual, terminador, cambio);
-        EscribirTextoCodificado(mRegistroActual, pos, nuevo);
-        break;
-    }
-    case TipoDate:
-        EscribirFecha(mRegistroActual, pos, regional.CDate(xValor));
-        break;
-    case TipoByte: {
-        const quint8 valor = regional.CByte(xValor);
-        ByteEn(mRegistroActual, pos, "UpdateRecord");
-        mRegistroActual[pos] = static_cast<char>(valor);
-        break;
-    }
-    case TipoBoolean: {
-        const bool valor = regional.CBool(xValor);
-        ByteEn(mRegistroActual, pos, "UpdateRecord");
-        mRegistroActual[pos] = valor ? 1 : 0;
-        break;
-    }
-    case TipoInt:
-        EscribirInt(mRegistroActual, pos, regional.CInt(xValor));
-        break;
-    case TipoLong:
-        EscribirLong(mRegistroActual, pos, regional.CLng(xValor));
-        break;
-    case TipoSingle: {
-        const float valor = regional.CSng(xValor);
-        qint32 patron;
-        std::memcpy(&patron, &valor, sizeof patron);
-        EscribirLong(mRegistroActual, pos, patron);
-        break;
-    }
-    case Desconocido:
-        break;
-    }
 }
 
 qint32 clsPalmPDB::NewRecord() {

@@ -59,11 +59,6 @@ private:
     bool OpenResource(const QString& xNombre);
     qint32 LeerRegistro(bool xMoverAlPrincipio, QString& xRegistro, const QString& xSeparator,
                         qint32 xCategoryID, bool xModified, qint32 xRecordID);
-    void AgregarCampo(clsBufferTexto& xTexto, quint8 xCodigoTipo, qint32& xPos,
-                      const QString& xSeparator, const clsConfiguracionRegional& xRegional);
-    qint32 PosicionCampo(qint32 xNroCampo);
-    void CodificarCampo(qint32 xNroCampo, const QString& xValor);
-    void DesplazarBytes(QByteArray& xBuffer, qint32 xInicio, qint32 xCambio);
 
     void VerificarAbierta(const char* xOperacion) const;
     void VerificarCerrada(const char* xOperacion) const;
