@@ -1,6 +1,8 @@
+#include "data/clsBloqueMemoria.h"
 #include "data/modMemoria.h"
 
 #include <QByteArray>
+#include <cstring>
 #include <gtest/gtest.h>
 
 // Backing memory in advance must never change what it holds.
@@ -16,5 +18,21 @@ TEST(modMemoria, PrepararNoCambiaLoQueHayEnLaMemoria) {
             modMemoria::Preparar(bloque.data() + desde, tamano);
             EXPECT_TRUE(bloque == copia) << tamano << "+" << desde;
         }
+    }
+}
+
+// A block holds at least what was asked, all of it writable, and a move hands the memory over.
+TEST(modMemoria, UnBloqueDaLoPedidoYSeTraspasa) {
+    for (const qsizetype tamano : {qsizetype(1), qsizetype(16 * 1024), qsizetype(1024 * 1024 - 1),
+                                   qsizetype(1024 * 1024), qsizetype((3 << 20) + 5)}) {
+        clsBloqueMemoria bloque(tamano);
+        ASSERT_GE(bloque.Capacidad(), tamano);
+        std::memset(bloque.Datos(), 0x5A, size_t(bloque.Capacidad()));
+        char* const datos = bloque.Datos();
+        clsBloqueMemoria otro(1);
+        otro = std::move(bloque);
+        EXPECT_EQ(otro.Datos(), datos);
+        EXPECT_EQ(bloque.Datos(), nullptr);
+        EXPECT_EQ(otro.Datos()[tamano - 1], 0x5A) << tamano;
     }
 }

@@ -8,11 +8,11 @@
 #include "common/ErrorVB.h"
 #include "common/clsConfiguracionRegional.h"
 #include "data/MensajesError.h"
+#include "data/clsBloqueMemoria.h"
 #include "data/clsFuenteCarpeta.h"
 #include "data/clsPalmPDB.h"
 #include "data/modFuncionesConversion.h"
 #include "data/modHandheld.h"
-#include "data/modMemoria.h"
 #include "data/modMuestra.h"
 #include "device/clsPalmInformation.h"
 #include "device/modTextosInformacion.h"
@@ -157,7 +157,7 @@ public:
     }
     void Escribir(std::FILE* xDestino) const {
         for (const Bloque& bloque : mBloques)
-            std::fwrite(bloque.Datos.get(), 1, size_t(bloque.Usado), xDestino);
+            std::fwrite(bloque.Memoria.Datos(), 1, size_t(bloque.Usado), xDestino);
     }
 
 private:
@@ -170,25 +170,23 @@ private:
     }
     // Most commands print a few lines; a listing grows by large blocks.
     static constexpr qsizetype PrimerBloque = 16 * 1024;
-    static constexpr qsizetype TamanoBloque = 1024 * 1024;
+    static constexpr qsizetype TamanoBloque = 2 * 1024 * 1024;
     struct Bloque {
-        std::unique_ptr<char[]> Datos;
+        clsBloqueMemoria Memoria;
         qsizetype Usado = 0;
-        qsizetype Capacidad = 0;
+        char* Fin() const { return Memoria.Datos() + Usado; }
+        qsizetype Libre() const { return Memoria.Capacidad() - Usado; }
     };
 
     // Room for xCantidad more bytes at the end of the last block.
     char* Espacio(qsizetype xCantidad) {
-        if (mBloques.empty() || mBloques.back().Capacidad - mBloques.back().Usado < xCantidad) {
-            const qsizetype capacidad =
-                qMax(mBloques.empty() ? PrimerBloque : TamanoBloque, xCantidad);
-            Bloque bloque{std::unique_ptr<char[]>(new char[size_t(capacidad)]), 0, capacidad};
-            modMemoria::Preparar(bloque.Datos.get(), capacidad);
-            mBloques.push_back(std::move(bloque));
-        }
-        return mBloques.back().Datos.get() + mBloques.back().Usado;
+        if (mBloques.empty() || mBloques.back().Libre() < xCantidad)
+            mBloques.push_back(
+                {clsBloqueMemoria(qMax(mBloques.empty() ? PrimerBloque : TamanoBloque, xCantidad)),
+                 0});
+        return mBloques.back().Fin();
     }
-    void Usar(const char* xFin) { mBloques.back().Usado = xFin - mBloques.back().Datos.get(); }
+    void Usar(const char* xFin) { mBloques.back().Usado = xFin - mBloques.back().Memoria.Datos(); }
 
     std::vector<Bloque> mBloques;
     QString mEspacio; // the escaped text of the line being written

@@ -21,7 +21,9 @@ void Preparar(char* xInicio, qsizetype xCantidad) {
     const auto inicio = (reinterpret_cast<quintptr>(xInicio) + pagina - 1) & ~(pagina - 1);
     const auto fin = (reinterpret_cast<quintptr>(xInicio) + quintptr(xCantidad)) & ~(pagina - 1);
     // Older kernels refuse the advice; the pages are then backed as they are touched.
-    if (fin > inicio) ::madvise(reinterpret_cast<void*>(inicio), fin - inicio, MADV_POPULATE_WRITE);
+    if (fin <= inicio) return;
+    ::madvise(reinterpret_cast<void*>(inicio), fin - inicio, MADV_HUGEPAGE);
+    ::madvise(reinterpret_cast<void*>(inicio), fin - inicio, MADV_POPULATE_WRITE);
 #else
     Q_UNUSED(xInicio);
     Q_UNUSED(xCantidad);

@@ -8,7 +8,8 @@
 // system for all the pages at once costs a fraction of that.
 namespace modMemoria {
 
-// Has the pages of xCantidad bytes from xInicio backed now. Does nothing where the system cannot.
+// Has the pages of xCantidad bytes from xInicio backed now, on huge pages where whole ones fit.
+// Does nothing where the system cannot.
 void Preparar(char* xInicio, qsizetype xCantidad);
 
 // Makes room for xCantidad elements in xVector, backed.
