@@ -75,7 +75,18 @@ public:
     ComprobadorBloques(qint64 xFinIndice, qint64 xTamano)
         : mFinIndice(xFinIndice), mTamano(xTamano) {}
 
-    void Comprobar(const Bloque& xBloque) {
+    // Called once per entry: the rules are checked inline, the text made only on a rejection. The
+    // block comes in its parts and is kept in them, which keeps the loop free of stalls.
+    void Comprobar(Bloque::Clase xQue, qint32 xIndice, quint32 xDesde) {
+        if (xDesde < mFinIndice || xDesde > mTamano || xDesde < mAnterior.Desde)
+            Rechazo({xQue, xIndice, xDesde});
+        mAnterior.Que = xQue;
+        mAnterior.Indice = xIndice;
+        mAnterior.Desde = xDesde;
+    }
+
+private:
+    [[noreturn]] Q_DECL_COLD_FUNCTION Q_NEVER_INLINE void Rechazo(const Bloque& xBloque) const {
         if (xBloque.Desde < mFinIndice)
             Rechazar(QStringLiteral("%1 starts at offset %2, inside the header or the entry list "
                                     "(which end at %3)")
@@ -87,21 +98,16 @@ public:
                          .arg(xBloque.Nombre())
                          .arg(xBloque.Desde)
                          .arg(mTamano));
-        if (mHayAnterior && xBloque.Desde < mAnterior.Desde)
-            Rechazar(QStringLiteral("%1 starts at offset %2, before %3 at offset %4")
-                         .arg(xBloque.Nombre())
-                         .arg(xBloque.Desde)
-                         .arg(mAnterior.Nombre())
-                         .arg(mAnterior.Desde));
-        mAnterior = xBloque;
-        mHayAnterior = true;
+        Rechazar(QStringLiteral("%1 starts at offset %2, before %3 at offset %4")
+                     .arg(xBloque.Nombre())
+                     .arg(xBloque.Desde)
+                     .arg(mAnterior.Nombre())
+                     .arg(mAnterior.Desde));
     }
 
-private:
     qint64 mFinIndice;
     qint64 mTamano;
-    Bloque mAnterior;
-    bool mHayAnterior = false;
+    Bloque mAnterior; // none before the first: it starts at offset 0
 };
 
 // A block runs up to the start of the next one; the last one to the end of the file.
@@ -176,8 +182,8 @@ DisposicionPDB clsArchivoPDB::Analizar(QByteArrayView xBytes, qint64 xTamanoArch
         Rechazar(QStringLiteral("only %1 bytes of the entry list were read").arg(xBytes.size()));
 
     ComprobadorBloques comprobador(finIndice, xTamanoArchivo);
-    if (appInfo != 0) comprobador.Comprobar({Bloque::AppInfo, 0, appInfo});
-    if (sortInfo != 0) comprobador.Comprobar({Bloque::SortInfo, 0, sortInfo});
+    if (appInfo != 0) comprobador.Comprobar(Bloque::AppInfo, 0, appInfo);
+    if (sortInfo != 0) comprobador.Comprobar(Bloque::SortInfo, 0, sortInfo);
     const bool recursos = disposicion.EsRecursos();
     if (!xSinEntradas) {
         if (recursos)
@@ -196,7 +202,7 @@ DisposicionPDB clsArchivoPDB::Analizar(QByteArrayView xBytes, qint64 xTamanoArch
             recursos ? lector.LeerU32(tipo) && lector.LeerU16(idRecurso) && lector.LeerU32(desde)
                      : lector.LeerU32(desde) && lector.LeerU8(atributos) && lector.LeerU24(id);
         Exigir(leida, "the entry list");
-        comprobador.Comprobar({recursos ? Bloque::Recurso : Bloque::Registro, i, desde});
+        comprobador.Comprobar(recursos ? Bloque::Recurso : Bloque::Registro, i, desde);
         if (i == 0) primerDato = desde;
         if (xSinEntradas) continue;
         if (recursos)
