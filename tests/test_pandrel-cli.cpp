@@ -3,6 +3,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QMap>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -176,18 +177,34 @@ TEST_F(PandrelCli, EveryCommandEscapesTabsLineBreaksAndBackslashes) {
     }
 }
 
-// A listing of megabytes, with letters that take two bytes in UTF-8, comes out whole and in order.
-TEST_F(PandrelCli, ALargeListingComesOutWhole) {
+// A listing of megabytes, with letters that take two bytes in UTF-8 and characters to escape,
+// comes out whole and in order; a record that cannot be read stops it with nothing on stdout, the
+// first such record in the file being the one reported, wherever the listing was split.
+TEST_F(PandrelCli, ALargeListingComesOutWholeOrNotAtAll) {
     constexpr int Registros = 30000;
     const auto texto = [](int i) {
-        return QStringLiteral("Caf\u00e9 \u00f1and\u00fa n\u00famero %1 ").arg(i) +
+        return QStringLiteral("Caf\u00e9 \u00f1and\u00fa n\u00famero %1").arg(i) +
+               (i % 7 == 0 ? QStringLiteral("\ta\\b ") : QStringLiteral(" ")) +
                QString(i % 37, 'x');
     };
-    clsConstructorBase base("Grande", "DATA", "Grnd");
-    base.EsquemaAppForge("Grande", {{"Nombre", clsConstructorBase::String}});
-    for (int i = 0; i < Registros; ++i)
-        base.AgregarRegistro({texto(i)});
-    base.Guardar(Handheld() + "/Grande.pdb");
+    const auto guardar = [&](const QString& xNombre, const QMap<int, QByteArray>& xRotos) {
+        clsConstructorBase base(xNombre, "DATA", "Grnd");
+        base.EsquemaAppForge(
+            xNombre, {{"Nombre", clsConstructorBase::String}, {"N", clsConstructorBase::Long}});
+        for (int i = 0; i < Registros; ++i) {
+            if (xRotos.contains(i))
+                base.AgregarRegistroCrudo(xRotos[i]);
+            else
+                base.AgregarRegistro({texto(i), i});
+        }
+        base.Guardar(Handheld() + "/" + xNombre + ".pdb");
+    };
+    // A Long cut short early on, a String without its end late.
+    const QByteArray longCorto("ok\0\1\2", 5);
+    const QByteArray textoSinFin("sin fin");
+    guardar("Grande", {});
+    guardar("RotoAlFinal", {{Registros - 10, textoSinFin}});
+    guardar("RotoEnAmbos", {{10, longCorto}, {Registros - 10, textoSinFin}});
 
     const Resultado resultado = Ejecutar({"records", "Grande"});
     ASSERT_EQ(resultado.Estado, 0) << resultado.Errores.toStdString();
@@ -196,8 +213,23 @@ TEST_F(PandrelCli, ALargeListingComesOutWhole) {
     const QStringList lineas = resultado.Salida.split('\n');
     ASSERT_EQ(lineas.size(), Registros + 1);
     EXPECT_EQ(lineas.last(), "");
-    for (int i = 0; i < Registros; ++i)
-        ASSERT_EQ(lineas[i], QString::number(0x100001 + i) + '\t' + texto(i).trimmed()) << i;
+    for (int i = 0; i < Registros; ++i) {
+        const QString escapado = texto(i).trimmed().replace("\\", "\\\\").replace("\t", "\\t");
+        ASSERT_EQ(lineas[i],
+                  QString::number(0x100001 + i) + '\t' + escapado + '\t' + QString::number(i))
+            << i;
+    }
+    const struct {
+        const char* Base;
+        const char* Fuente;
+    } rotos[] = {{"RotoAlFinal", "LeerTexto"}, {"RotoEnAmbos", "LeerLong"}};
+    for (const auto& roto : rotos) {
+        const Resultado fallido = Ejecutar({"records", roto.Base});
+        EXPECT_EQ(fallido.Estado, 1) << roto.Base;
+        EXPECT_EQ(fallido.Salida, "") << roto.Base;
+        EXPECT_TRUE(fallido.Errores.contains(roto.Fuente)) << fallido.Errores.toStdString();
+        EXPECT_EQ(fallido.Errores.count('\n'), 1) << fallido.Errores.toStdString();
+    }
 }
 
 // The export as the explorer writes it: a Single's decimal comma becomes a full stop, Strings are

@@ -1,5 +1,7 @@
 #include "cli/modTextoSalida.h"
 
+#include <algorithm>
+
 #if defined(__SSE2__)
 #include <emmintrin.h>
 #endif
@@ -16,6 +18,57 @@ void ContarUna(char16_t xLetra, std::array<qsizetype, 4>& xCuenta) {
 }
 
 } // namespace
+
+QStringView Escapado(QStringView xTexto, QString& xEspacio, QStringView xSeparador) {
+    const auto especial = [](char16_t x) {
+        return x == u'\t' || x == u'\n' || x == u'\r' || x == u'\\' || x == kMarcaSeparador;
+    };
+    const char16_t* const inicio = xTexto.utf16();
+    const char16_t* const fin = inicio + xTexto.size();
+    if (std::find_if(inicio, fin, especial) == fin) return xTexto;
+    // Written in place into room for the longest result: every character a pair, or a separator.
+    xEspacio.resize(xTexto.size() * qMax<qsizetype>(2, xSeparador.size()));
+    char16_t* const comienzo = reinterpret_cast<char16_t*>(xEspacio.data());
+    char16_t* salida = comienzo;
+    const auto par = [&salida](char16_t xLetra) {
+        *salida++ = u'\\';
+        *salida++ = xLetra;
+    };
+    for (const char16_t* letra = inicio; letra != fin; ++letra) {
+        switch (*letra) {
+        case u'\t':
+            par(u't');
+            break;
+        case u'\n':
+            par(u'n');
+            break;
+        case u'\r':
+            par(u'r');
+            break;
+        case u'\\':
+            par(u'\\');
+            break;
+        case kMarcaSeparador:
+            salida = std::copy(xSeparador.utf16(), xSeparador.utf16() + xSeparador.size(), salida);
+            break;
+        default:
+            *salida++ = *letra;
+        }
+    }
+    xEspacio.resize(salida - comienzo);
+    return xEspacio;
+}
+
+QString Escapado(QStringView xTexto) {
+    QString espacio;
+    return Escapado(xTexto, espacio).toString();
+}
+
+QString SeparadorLectura(const QString& xSeparador) {
+    QString espacio;
+    return Escapado(xSeparador, espacio).size() == xSeparador.size() ? xSeparador
+                                                                     : QString(kMarcaSeparador);
+}
 
 std::array<qsizetype, 4> Especiales(QStringView xTexto) {
     std::array<qsizetype, 4> cuenta{};

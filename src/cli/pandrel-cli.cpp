@@ -2,13 +2,14 @@
 // an error prints nothing on stdout, one line "Error NUMBER: DESCRIPTION [SOURCE]" on stderr and
 // ends with status 1; a wrong command line prints the usage and ends with status 2.
 
+#include "cli/clsSalida.h"
 #include "cli/modComandosInforme.h"
+#include "cli/modListadoRegistros.h"
 #include "cli/modLotes.h"
 #include "cli/modTextoSalida.h"
 #include "common/ErrorVB.h"
 #include "common/clsConfiguracionRegional.h"
 #include "data/MensajesError.h"
-#include "data/clsBloqueMemoria.h"
 #include "data/clsFuenteCarpeta.h"
 #include "data/clsPalmPDB.h"
 #include "data/modFuncionesConversion.h"
@@ -31,6 +32,10 @@
 #include <vector>
 
 namespace {
+
+using modTextoSalida::Escapado;
+using modTextoSalida::kMarcaSeparador;
+using modTextoSalida::SeparadorLectura;
 
 const char* const kUso =
     "usage: pandrel-cli [--handheld PATH] [--locale NAME] [--encoding NAME] COMMAND ...\n"
@@ -58,140 +63,6 @@ const char* const kUso =
 
 // A wrong command line.
 struct ErrorUso {};
-
-// Stands for the separator between the fields of a record while its text is escaped: no field
-// can hold it, as texts end at their first zero byte.
-constexpr char16_t kMarcaSeparador = u'\0';
-
-// xTexto as one item of a line: tab, line feed, carriage return and backslash written as \t, \n,
-// \r and \\, so no item splits into two or spans lines; each kMarcaSeparador becomes
-// xSeparador. xTexto itself when there is nothing to change, otherwise xEspacio filled.
-QStringView Escapado(QStringView xTexto, QString& xEspacio, QStringView xSeparador = {}) {
-    const auto especial = [](char16_t x) {
-        return x == u'\t' || x == u'\n' || x == u'\r' || x == u'\\' || x == kMarcaSeparador;
-    };
-    const char16_t* const inicio = xTexto.utf16();
-    const char16_t* const fin = inicio + xTexto.size();
-    if (std::find_if(inicio, fin, especial) == fin) return xTexto;
-    // Written in place into room for the longest result: every character a pair, or a separator.
-    xEspacio.resize(xTexto.size() * qMax<qsizetype>(2, xSeparador.size()));
-    char16_t* const comienzo = reinterpret_cast<char16_t*>(xEspacio.data());
-    char16_t* salida = comienzo;
-    const auto par = [&salida](char16_t xLetra) {
-        *salida++ = u'\\';
-        *salida++ = xLetra;
-    };
-    for (const char16_t* letra = inicio; letra != fin; ++letra) {
-        switch (*letra) {
-        case u'\t':
-            par(u't');
-            break;
-        case u'\n':
-            par(u'n');
-            break;
-        case u'\r':
-            par(u'r');
-            break;
-        case u'\\':
-            par(u'\\');
-            break;
-        case kMarcaSeparador:
-            salida = std::copy(xSeparador.utf16(), xSeparador.utf16() + xSeparador.size(), salida);
-            break;
-        default:
-            *salida++ = *letra;
-        }
-    }
-    xEspacio.resize(salida - comienzo);
-    return xEspacio;
-}
-
-QString Escapado(QStringView xTexto) {
-    QString espacio;
-    return Escapado(xTexto, espacio).toString();
-}
-
-// What a command prints; written out only when the whole command succeeded. The text is kept as
-// UTF-8 in blocks that are filled in place and never moved, each backed in one call: a listing
-// of tens of thousands of records is megabytes.
-class clsSalida {
-public:
-    // One item, escaped.
-    void Linea(QStringView xTexto) { LineaTal(Escapado(xTexto, mEspacio)); }
-    // Items separated by tabs, each escaped.
-    void Linea(std::initializer_list<QStringView> xItems) {
-        QString linea;
-        for (const QStringView item : xItems) {
-            if (item.data() != xItems.begin()->data()) linea += QLatin1Char('\t');
-            linea += Escapado(item, mEspacio);
-        }
-        LineaTal(linea);
-    }
-    // A record's text, whose fields xTexto separates by kMarcaSeparador when its separator
-    // needs escaping (see TextoRegistro).
-    void Registro(QStringView xTexto, QStringView xSeparador) {
-        LineaTal(Escapado(xTexto, mEspacio, xSeparador));
-    }
-    // A record's line: its ID, a tab and its text, as Registro writes it.
-    void Registro(qint64 xNumero, QStringView xTexto, QStringView xSeparador) {
-        Linea(xNumero, Escapado(xTexto, mEspacio, xSeparador));
-    }
-    // A number, a tab and a text as it is: the line of a record that needs no escaping.
-    void Linea(qint64 xNumero, QStringView xTexto) {
-        char cifras[24];
-        char* const finCifras = cifras + sizeof cifras;
-        char* inicio = finCifras;
-        quint64 valor = xNumero < 0 ? 0 - quint64(xNumero) : quint64(xNumero);
-        do {
-            *--inicio = char('0' + valor % 10);
-            valor /= 10;
-        } while (valor != 0);
-        if (xNumero < 0) *--inicio = '-';
-        const qsizetype largo = finCifras - inicio;
-        char* destino = Espacio(largo + 1 + mCodificador.requiredSpace(xTexto.size()) + 1);
-        destino = std::copy(inicio, finCifras, destino);
-        *destino++ = '\t';
-        char* fin = mCodificador.appendToBuffer(destino, xTexto);
-        *fin++ = '\n';
-        Usar(fin);
-    }
-    void Escribir(std::FILE* xDestino) const {
-        for (const Bloque& bloque : mBloques)
-            std::fwrite(bloque.Memoria.Datos(), 1, size_t(bloque.Usado), xDestino);
-    }
-
-private:
-    // A line as it is.
-    void LineaTal(QStringView xTexto) {
-        char* fin = mCodificador.appendToBuffer(
-            Espacio(mCodificador.requiredSpace(xTexto.size()) + 1), xTexto);
-        *fin++ = '\n';
-        Usar(fin);
-    }
-    // Most commands print a few lines; a listing grows by large blocks.
-    static constexpr qsizetype PrimerBloque = 16 * 1024;
-    static constexpr qsizetype TamanoBloque = 2 * 1024 * 1024;
-    struct Bloque {
-        clsBloqueMemoria Memoria;
-        qsizetype Usado = 0;
-        char* Fin() const { return Memoria.Datos() + Usado; }
-        qsizetype Libre() const { return Memoria.Capacidad() - Usado; }
-    };
-
-    // Room for xCantidad more bytes at the end of the last block.
-    char* Espacio(qsizetype xCantidad) {
-        if (mBloques.empty() || mBloques.back().Libre() < xCantidad)
-            mBloques.push_back(
-                {clsBloqueMemoria(qMax(mBloques.empty() ? PrimerBloque : TamanoBloque, xCantidad)),
-                 0});
-        return mBloques.back().Fin();
-    }
-    void Usar(const char* xFin) { mBloques.back().Usado = xFin - mBloques.back().Memoria.Datos(); }
-
-    std::vector<Bloque> mBloques;
-    QString mEspacio; // the escaped text of the line being written
-    QStringEncoder mCodificador{QStringEncoder::Utf8, QStringEncoder::Flag::Stateless};
-};
 
 struct Contexto {
     QStringList Argumentos; // the command's own arguments
@@ -225,20 +96,6 @@ QString Separador(const Contexto& xContexto, int xDesde) {
     const QString separador =
         Opcion(xContexto, xDesde, QStringLiteral("--separator"), QStringLiteral("\t"));
     return separador == QLatin1String("\\t") ? QStringLiteral("\t") : separador;
-}
-
-// The separator a record is read with: xSeparador itself, unless it holds a character that
-// output escapes; then kMarcaSeparador, which the output turns back into xSeparador, so that only
-// the fields' own characters are escaped. Neither is the comma that quotes String fields.
-// How many of each character that output escapes a text holds.
-std::array<qsizetype, 4> Especiales(QStringView xTexto) {
-    return modTextoSalida::Especiales(xTexto);
-}
-
-QString SeparadorLectura(const QString& xSeparador) {
-    QString espacio;
-    return Escapado(xSeparador, espacio).size() == xSeparador.size() ? xSeparador
-                                                                     : QString(kMarcaSeparador);
 }
 
 void SinMasArgumentos(const Contexto& xContexto, int xCantidad) {
@@ -333,30 +190,7 @@ void Esquema(const Contexto& xContexto) {
 void Registros(const Contexto& xContexto) {
     const QString separador = Separador(xContexto, 1);
     Abrir(xContexto);
-    // A resource database has no records to read.
-    if (!xContexto.Base.IsDataBase()) return;
-    // Each record is read with the separator; one that holds an escaped character beside the
-    // separators between its fields is read again with the separator's stand-in and escaped.
-    const QString lectura = SeparadorLectura(separador);
-    std::array<qsizetype, 4> enSeparadores = Especiales(separador);
-    bool alPrincipio = true;
-    QString registro;
-    for (bool primero = true;; primero = false) {
-        const qint32 id = xContexto.Base.ReadRecord(alPrincipio, registro, separador);
-        if (id == -1) return;
-        // The schema is known once a record was read (which reports a database without one).
-        if (primero) {
-            const qsizetype entre = qMax(0, xContexto.Base.NumFields() - 1);
-            for (qsizetype& cuenta : enSeparadores)
-                cuenta *= entre;
-        }
-        if (Especiales(registro) == enSeparadores) {
-            xContexto.Salida.Linea(id, registro);
-            continue;
-        }
-        xContexto.Base.ReadRecordByID(id, registro, lectura);
-        xContexto.Salida.Registro(id, registro, separador);
-    }
+    modListadoRegistros::Listar(xContexto.Base, separador, xContexto.Salida);
 }
 
 void Leer(const Contexto& xContexto) {

@@ -32,7 +32,7 @@ bool clsAdaptadorRegistrosCarpeta::FinDeRegistros() {
     return mCursor >= CantidadRegistros();
 }
 
-void clsAdaptadorRegistrosCarpeta::Llenar(qint32 xIndice, RegistroPalm& xRegistro) const {
+void clsAdaptadorRegistrosCarpeta::LeerEnIndice(qint32 xIndice, RegistroPalm& xRegistro) const {
     const IndiceRegistroPDB& indice = mBase->Disposicion().Registros[xIndice];
     xRegistro.Indice = xIndice;
     xRegistro.ID = static_cast<qint32>(indice.ID);
@@ -49,7 +49,7 @@ bool clsAdaptadorRegistrosCarpeta::LeerSiguienteQue(Acepta xAcepta, RegistroPalm
         qint32 categoria = 0;
         clsArchivoPDB::SepararAtributos(registros[indice].Atributos, atributos, categoria);
         if (xAcepta(atributos, categoria)) {
-            Llenar(indice, xRegistro);
+            LeerEnIndice(indice, xRegistro);
             return true;
         }
     }
@@ -90,7 +90,7 @@ RegistroPalm clsAdaptadorRegistrosCarpeta::LeerPorID(qint32 xID) {
                           .arg(mBase->Nombre())
                           .arg(xID));
     RegistroPalm registro;
-    Llenar(indice, registro);
+    LeerEnIndice(indice, registro);
     return registro;
 }
 

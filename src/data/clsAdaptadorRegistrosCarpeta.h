@@ -23,6 +23,8 @@ public:
     bool LeerSiguienteEnCategoria(qint32 xCategoria, RegistroPalm& xRegistro) override;
     bool LeerSiguienteModificadoEnCategoria(qint32 xCategoria, RegistroPalm& xRegistro) override;
     RegistroPalm LeerPorID(qint32 xID) override;
+    qint32 CantidadRegistros() const override;
+    void LeerEnIndice(qint32 xIndice, RegistroPalm& xRegistro) const override;
     qint32 EscribirRegistro(qint32 xID, qint32 xCategoria, qint32 xAtributos,
                             const QByteArray& xBytes) override;
     RegistroPalm CambiarRegistro(qint32 xID,
@@ -34,9 +36,6 @@ public:
 private:
     // The next record whose attributes and category xAcepta(attributes, category) accepts.
     template <typename Acepta> bool LeerSiguienteQue(Acepta xAcepta, RegistroPalm& xRegistro);
-    // Fills xRegistro with the record at xIndice, reusing its buffer.
-    void Llenar(qint32 xIndice, RegistroPalm& xRegistro) const;
-    qint32 CantidadRegistros() const;
 
     std::unique_ptr<clsBaseAbierta> mBase;
     QString mCodigoPagina;

@@ -68,6 +68,11 @@ public:
     virtual bool LeerSiguienteModificadoEnCategoria(qint32 xCategoria, RegistroPalm& xRegistro) = 0;
     // Raises when no record has that ID.
     virtual RegistroPalm LeerPorID(qint32 xID) = 0;
+    // The records in file order, and the one at xIndice (0 to CantidadRegistros() - 1) into
+    // xRegistro, reusing its buffer. Neither moves the sequential reading nor changes anything, so
+    // several threads may read at once while nobody writes.
+    virtual qint32 CantidadRegistros() const = 0;
+    virtual void LeerEnIndice(qint32 xIndice, RegistroPalm& xRegistro) const = 0;
     // xID 0 writes a new record; returns the record's unique ID.
     virtual qint32 EscribirRegistro(qint32 xID, qint32 xCategoria, qint32 xAtributos,
                                     const QByteArray& xBytes) = 0;

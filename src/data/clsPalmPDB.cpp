@@ -59,6 +59,17 @@ qint64 ValorInicial(QStringView xTexto) {
     return negativo ? -valor : valor;
 }
 
+// The record's text without the separator after its last field, into xRegistro (whose buffer is
+// kept for the next record).
+void TextoSinUltimoSeparador(clsBufferTexto& xTexto, const QString& xSeparator,
+                             QString& xRegistro) {
+    if (xTexto.Cantidad() > 0) xTexto.Recortar(xSeparator.size());
+    const QStringView vista = xTexto.Vista();
+    xRegistro.resize(vista.size());
+    std::memcpy(xRegistro.data(), vista.data(),
+                sizeof(char16_t) * static_cast<size_t>(vista.size()));
+}
+
 } // namespace
 
 clsPalmPDB::clsPalmPDB() : clsPalmPDB(modHandheld::FuenteActual()) {}
@@ -383,34 +394,55 @@ qint32 clsPalmPDB::LeerRegistro(bool xMoverAlPrincipio, QString& xRegistro,
     // The end flag turns on as the last record is read; that record is still decoded.
     if (adaptador.FinDeRegistros() && mIDActual == 0) return -1;
 
-    // The field count is read with the types, once per open, as the schema does not change.
-    const bool cargar = mCargarTipos;
-    if (cargar) {
-        mCantidadCampos = NumFields();
-        mTiposCampo.clear();
-    }
-    const qint16 campos = mCantidadCampos;
-    const clsConfiguracionRegional& regional = clsConfiguracionRegional::Actual();
-    const bool unaLetra = xSeparator.size() == 1;
     clsBufferTexto& texto = mTextoRegistro;
     texto.Vaciar();
-    qint32 pos = 0;
-    for (qint16 i = 0; i < campos; ++i) {
-        if (cargar) mTiposCampo.push_back(CodigoDeNombre(FieldType(i)));
-        if (i >= CantidadTipos()) throw ErrorVB::SubscriptOutOfRange(QStringLiteral("ReadRecord"));
-        AgregarCampo(texto, mRegistroActual, mTiposCampo[i], pos, xSeparator, *mTabla, regional);
-        if (unaLetra)
-            texto.Letra(xSeparator.front().unicode());
-        else
+    if (mCargarTipos) {
+        // The field count is read with the types, once per open, as the schema does not change.
+        mCantidadCampos = NumFields();
+        mTiposCampo.clear();
+        const clsConfiguracionRegional& regional = clsConfiguracionRegional::Actual();
+        qint32 pos = 0;
+        for (qint16 i = 0; i < mCantidadCampos; ++i) {
+            mTiposCampo.push_back(CodigoDeNombre(FieldType(i)));
+            AgregarCampo(texto, mRegistroActual, mTiposCampo[i], pos, xSeparator, *mTabla,
+                         regional);
             texto.Texto(xSeparator);
+        }
+        mCargarTipos = false;
+    } else {
+        TextoCampos(mRegistroActual, xSeparator, texto);
     }
-    if (cargar) mCargarTipos = false;
-    if (texto.Cantidad() > 0) texto.Recortar(xSeparator.size());
-    const QStringView vista = texto.Vista();
-    xRegistro.resize(vista.size());
-    std::memcpy(xRegistro.data(), vista.data(),
-                sizeof(char16_t) * static_cast<size_t>(vista.size()));
+    TextoSinUltimoSeparador(texto, xSeparator, xRegistro);
     return mIDActual;
+}
+
+void clsPalmPDB::TextoCampos(const QByteArray& xBytes, const QString& xSeparator,
+                             clsBufferTexto& xTexto) const {
+    const clsConfiguracionRegional& regional = clsConfiguracionRegional::Actual();
+    const bool unaLetra = xSeparator.size() == 1;
+    qint32 pos = 0;
+    for (qint16 i = 0; i < mCantidadCampos; ++i) {
+        if (i >= CantidadTipos()) throw ErrorVB::SubscriptOutOfRange(QStringLiteral("ReadRecord"));
+        AgregarCampo(xTexto, xBytes, mTiposCampo[i], pos, xSeparator, *mTabla, regional);
+        if (unaLetra)
+            xTexto.Letra(xSeparator.front().unicode());
+        else
+            xTexto.Texto(xSeparator);
+    }
+}
+
+qint32 clsPalmPDB::RegistrosEnArchivo() const {
+    return mEsBaseDatos && mAdaptadorRegistros ? mAdaptadorRegistros->CantidadRegistros() : 0;
+}
+
+qint32 clsPalmPDB::TextoEnIndice(qint32 xIndice, const QString& xSeparator, LecturaIndice& xLectura,
+                                 QString& xRegistro) const {
+    Registros("ReadRecord").LeerEnIndice(xIndice, xLectura.Leido);
+    clsBufferTexto& texto = xLectura.Texto;
+    texto.Vaciar();
+    TextoCampos(xLectura.Leido.Bytes, xSeparator, texto);
+    TextoSinUltimoSeparador(texto, xSeparator, xRegistro);
+    return xLectura.Leido.ID;
 }
 
 // The field is encoded into the record as the database holds it when the write is made, so a

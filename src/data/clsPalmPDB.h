@@ -54,11 +54,29 @@ public:
     float DBSize() override;
     bool IsAppForgeDB() override;
 
+    // Reading records by their place in the file, for a reader that shares a long listing among
+    // threads. Valid once ReadRecord has read a record of the open database (which loads its
+    // schema). TextoEnIndice writes the text ReadRecord would and returns the record's ID; it
+    // changes nothing of this object, so threads may call it at once, each with its own
+    // LecturaIndice, while nobody writes and when LecturaCompartible says so.
+    struct LecturaIndice {
+        RegistroPalm Leido;
+        clsBufferTexto Texto;
+    };
+    qint32 RegistrosEnArchivo() const;
+    qint32 TextoEnIndice(qint32 xIndice, const QString& xSeparator, LecturaIndice& xLectura,
+                         QString& xRegistro) const;
+    // False for a multi-byte code page, whose texts go through one shared converter.
+    bool LecturaCompartible() const { return !mTabla->Multibyte(); }
+
 private:
     bool OpenDataBase(const QString& xNombre);
     bool OpenResource(const QString& xNombre);
     qint32 LeerRegistro(bool xMoverAlPrincipio, QString& xRegistro, const QString& xSeparator,
                         qint32 xCategoryID, bool xModified, qint32 xRecordID);
+    // The fields of xBytes by the loaded schema, each followed by xSeparator, into xTexto.
+    void TextoCampos(const QByteArray& xBytes, const QString& xSeparator,
+                     clsBufferTexto& xTexto) const;
 
     void VerificarAbierta(const char* xOperacion) const;
     void VerificarCerrada(const char* xOperacion) const;
