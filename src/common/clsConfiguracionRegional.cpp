@@ -9,6 +9,7 @@
 
 #include <QDate>
 #include <QTime>
+#include <atomic>
 #include <charconv>
 #include <cmath>
 #include <cstring>
@@ -29,6 +30,9 @@ clsConfiguracionRegional::clsConfiguracionRegional(const QLocale& xLocale)
     const qsizetype largoFecha = LargoMaximo(mFechaCorta);
     const qsizetype largoHora = LargoMaximo(mHoraLarga);
     mLargoFechaGeneral = largoFecha < 0 || largoHora < 0 ? -1 : largoFecha + 1 + largoHora;
+    mHoraSola = SoloHora(mHoraLarga);
+    static std::atomic<quint64> versiones{0};
+    mVersion = ++versiones;
     mSeparadorFecha = PrimerSeparador(mFechaCorta, QLatin1Char('/'));
     mSeparadorHora = PrimerSeparador(mHoraLarga, QLatin1Char(':'));
     QByteArray orden;
@@ -198,21 +202,25 @@ void clsConfiguracionRegional::AgregarFechaGeneral(QString& xDestino,
 void clsConfiguracionRegional::AgregarFechaGeneral(clsBufferTexto& xDestino, const QDate& xDia,
                                                    int xSegundos) const {
     const int milisegundos = xSegundos * 1000;
-    const PartesFecha partes(xDia, milisegundos);
     if (mLargoFechaGeneral < 0) {
-        EscribirFechaGeneral(xDestino, partes, milisegundos, mFechaCorta, mHoraLarga, mLocale);
+        EscribirFechaGeneral(xDestino, PartesFecha(xDia, milisegundos), milisegundos, mFechaCorta,
+                             mHoraLarga, mLocale);
         return;
     }
-    // Patterns of numbers alone, the usual ones, are written without a check per piece.
+    // Patterns of numbers alone, the usual ones, are written without a check per piece, the day
+    // through the texts kept for the days last written.
     char16_t* const inicio = xDestino.Reservar(mLargoFechaGeneral);
     char16_t* fin = inicio;
-    if (partes.Dia == DiaCero) {
-        fin = EscribirFechaNumerica(fin, partes, mHoraLarga);
+    const auto hora = [&] {
+        return mHoraSola ? PartesFecha(milisegundos) : PartesFecha(xDia, milisegundos);
+    };
+    if (xDia == DiaCero) {
+        fin = EscribirFechaNumerica(fin, hora(), mHoraLarga);
     } else {
-        fin = EscribirFechaNumerica(fin, partes, mFechaCorta);
+        fin = EscribirDiaNumerico(fin, xDia, mFechaCorta, mVersion);
         if (milisegundos != 0) {
             *fin++ = u' ';
-            fin = EscribirFechaNumerica(fin, partes, mHoraLarga);
+            fin = EscribirFechaNumerica(fin, hora(), mHoraLarga);
         }
     }
     xDestino.Usar(fin - inicio);

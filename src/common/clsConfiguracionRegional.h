@@ -69,6 +69,8 @@ private:
     PatronFecha mFechaCorta;
     PatronFecha mHoraLarga;
     qsizetype mLargoFechaGeneral = -1; // the longest general date text, -1 when names are in it
+    bool mHoraSola = false;            // the long time writes the time of day alone
+    quint64 mVersion = 0;              // which settings these are, for texts kept between calls
     // The last format given to FormatoFecha, compiled.
     mutable QString mUltimoFormato;
     mutable PatronFecha mUltimoPatron;

@@ -2,12 +2,15 @@
 
 #include "common/clsBufferTexto.h"
 
+#include <algorithm>
+#include <memory>
+
 namespace modEscrituraFecha {
 
 namespace {
 
-// xValor at xDestino with zeros in front up to xAncho digits, as clsEscritorTexto::Entero writes it;
-// returns the end.
+// xValor at xDestino with zeros in front up to xAncho digits, as clsEscritorTexto::Entero writes
+// it; returns the end.
 inline char16_t* Numero(char16_t* xDestino, int xValor, int xAncho) {
     if (xValor >= 0 && xValor < 100 && xAncho <= 2) {
         if (xValor >= 10 || xAncho == 2) *xDestino++ = static_cast<char16_t>(u'0' + xValor / 10);
@@ -16,6 +19,17 @@ inline char16_t* Numero(char16_t* xDestino, int xValor, int xAncho) {
     }
     return clsBufferTexto::EscribirEntero(xDestino, xValor, qMin(xAncho, 15));
 }
+
+// A day's text kept by EscribirDiaNumerico. A thousand days by day number: the dates of three
+// years stay side by side.
+constexpr qint64 DiasGuardados = 1024;
+constexpr qsizetype LargoGuardado = 30;
+struct DiaEscrito {
+    quint64 Version = 0; // 0: nothing kept here yet
+    qint64 Juliano = 0;
+    qsizetype Largo = 0;
+    char16_t Letras[LargoGuardado];
+};
 
 } // namespace
 
@@ -66,6 +80,40 @@ char16_t* EscribirFechaNumerica(char16_t* xDestino, const PartesFecha& xFecha,
         }
     }
     return xDestino;
+}
+
+bool SoloHora(const Patron& xPatron) {
+    return std::all_of(xPatron.begin(), xPatron.end(), [](const Pieza& xPieza) {
+        switch (xPieza.Clase) {
+        case Pieza::Literal:
+        case Pieza::Hora12:
+        case Pieza::Hora24:
+        case Pieza::Minuto:
+        case Pieza::Segundo:
+        case Pieza::Milisegundo:
+        case Pieza::AmPm:
+            return true;
+        default:
+            return false;
+        }
+    });
+}
+
+char16_t* EscribirDiaNumerico(char16_t* xDestino, const QDate& xDia, const Patron& xPatron,
+                              quint64 xVersion) {
+    thread_local std::unique_ptr<DiaEscrito[]> dias;
+    if (!dias) dias = std::make_unique<DiaEscrito[]>(DiasGuardados);
+    const qint64 juliano = xDia.toJulianDay();
+    DiaEscrito& dia = dias[static_cast<quint64>(juliano) % DiasGuardados];
+    if (dia.Version == xVersion && dia.Juliano == juliano)
+        return std::copy(dia.Letras, dia.Letras + dia.Largo, xDestino);
+    char16_t* const fin = EscribirFechaNumerica(xDestino, PartesFecha(xDia, 0), xPatron);
+    if (fin - xDestino > LargoGuardado) return fin;
+    dia.Version = xVersion;
+    dia.Juliano = juliano;
+    dia.Largo = fin - xDestino;
+    std::copy(xDestino, fin, dia.Letras);
+    return fin;
 }
 
 } // namespace modEscrituraFecha

@@ -22,16 +22,20 @@ struct PartesFecha {
         : PartesFecha(xDia, xHora.msecsSinceStartOfDay()) {}
     PartesFecha(const QDate& xDia, int xMilisegundos) : Dia(xDia) {
         Calendario(xDia);
-        const int milisegundos = xMilisegundos;
-        Hora = milisegundos / 3600000;
-        Minuto = milisegundos / 60000 % 60;
-        Segundo = milisegundos / 1000 % 60;
-        Milisegundo = milisegundos % 1000;
+        Horas(xMilisegundos);
     }
+    // The time of day alone, for the patterns SoloHora accepts: no day is worked out.
+    explicit PartesFecha(int xMilisegundos) { Horas(xMilisegundos); }
     QDate Dia;
     int Anio = 0, Mes = 0, DiaDelMes = 0;
 
 private:
+    void Horas(int xMilisegundos) {
+        Hora = xMilisegundos / 3600000;
+        Minuto = xMilisegundos / 60000 % 60;
+        Segundo = xMilisegundos / 1000 % 60;
+        Milisegundo = xMilisegundos % 1000;
+    }
     // Year, month and day from the day number in integer steps (proleptic Gregorian calendar,
     // as QDate counts), for the years after 1 AD; QDate itself for the others.
     void Calendario(const QDate& xDia) {
@@ -120,6 +124,16 @@ void EscribirFecha(Escritura& xTexto, const PartesFecha& xFecha, const Patron& x
 // for it; returns the end.
 char16_t* EscribirFechaNumerica(char16_t* xDestino, const PartesFecha& xFecha,
                                 const Patron& xPatron);
+
+// True when xPatron writes the time of day alone: no day, month, year or their names.
+bool SoloHora(const Patron& xPatron);
+
+// The day xDia through a pattern of numbers and literals, as EscribirFechaNumerica writes it, kept
+// on each thread for the days last written: a database's records fall on far fewer days than
+// there are records. xVersion names the pattern (each set of regional settings has its own, never
+// 0), so a pattern replaced by another is never taken for it.
+char16_t* EscribirDiaNumerico(char16_t* xDestino, const QDate& xDia, const Patron& xPatron,
+                              quint64 xVersion);
 
 // The general text: the time alone on day 0, the date alone at midnight, else both.
 template <typename Escritura>
