@@ -75,39 +75,50 @@ std::array<qsizetype, 4> Especiales(QStringView xTexto) {
     const char16_t* letra = xTexto.utf16();
     const char16_t* const fin = letra + xTexto.size();
 #if defined(__SSE2__)
-    // Each equal letter subtracts -1 from its lane; a text has fewer than 8 x 32767 of any.
-    __m128i sumas[4] = {};
-    const __m128i buscadas[4] = {_mm_set1_epi16(static_cast<short>(Letras[0])),
-                                 _mm_set1_epi16(static_cast<short>(Letras[1])),
-                                 _mm_set1_epi16(static_cast<short>(Letras[2])),
-                                 _mm_set1_epi16(static_cast<short>(Letras[3]))};
-    const auto contar = [&](__m128i xOcho, int xK) {
-        sumas[xK] = _mm_sub_epi16(sumas[xK], _mm_cmpeq_epi16(xOcho, buscadas[xK]));
+    // Each equal letter adds -1 to its lane, so the sums count down; a text has fewer than
+    // 8 x 32767 of any. The four sums are kept apart so that each step is a compare and an add.
+    const __m128i tab = _mm_set1_epi16(static_cast<short>(Letras[0]));
+    const __m128i avance = _mm_set1_epi16(static_cast<short>(Letras[1]));
+    const __m128i retorno = _mm_set1_epi16(static_cast<short>(Letras[2]));
+    const __m128i barra = _mm_set1_epi16(static_cast<short>(Letras[3]));
+    __m128i tabs = _mm_setzero_si128();
+    __m128i avances = _mm_setzero_si128();
+    __m128i retornos = _mm_setzero_si128();
+    __m128i barras = _mm_setzero_si128();
+    const auto contar = [&](__m128i xOcho) {
+        tabs = _mm_add_epi16(tabs, _mm_cmpeq_epi16(xOcho, tab));
+        avances = _mm_add_epi16(avances, _mm_cmpeq_epi16(xOcho, avance));
+        retornos = _mm_add_epi16(retornos, _mm_cmpeq_epi16(xOcho, retorno));
+        barras = _mm_add_epi16(barras, _mm_cmpeq_epi16(xOcho, barra));
     };
-    for (; fin - letra >= 8; letra += 8) {
-        const __m128i ocho = _mm_loadu_si128(reinterpret_cast<const __m128i*>(letra));
-        for (int k = 0; k < 4; ++k)
-            contar(ocho, k);
-    }
+    for (; fin - letra >= 8; letra += 8)
+        contar(_mm_loadu_si128(reinterpret_cast<const __m128i*>(letra)));
     // The last letters: the eight that end the text, those already counted put out of reach.
     if (letra != fin && xTexto.size() >= 8) {
         static constexpr short Mascaras[16] = {0,  0,  0,  0,  0,  0,  0,  0,
                                                -1, -1, -1, -1, -1, -1, -1, -1};
         const __m128i nuevas =
             _mm_loadu_si128(reinterpret_cast<const __m128i*>(Mascaras + (fin - letra)));
-        const __m128i ocho = _mm_or_si128(
+        contar(_mm_or_si128(
             _mm_andnot_si128(nuevas, _mm_set1_epi16(-1)),
-            _mm_and_si128(nuevas, _mm_loadu_si128(reinterpret_cast<const __m128i*>(fin - 8))));
-        for (int k = 0; k < 4; ++k)
-            contar(ocho, k);
+            _mm_and_si128(nuevas, _mm_loadu_si128(reinterpret_cast<const __m128i*>(fin - 8)))));
         letra = fin;
     }
-    for (int k = 0; k < 4; ++k) {
-        alignas(16) qint32 partes[4];
-        _mm_store_si128(reinterpret_cast<__m128i*>(partes),
-                        _mm_madd_epi16(sumas[k], _mm_set1_epi16(1)));
-        cuenta[k] = partes[0] + partes[1] + partes[2] + partes[3];
-    }
+    // The four sums side by side, each lane pair added, then the halves.
+    const __m128i menosUno = _mm_set1_epi16(-1);
+    const __m128i bajas =
+        _mm_unpacklo_epi64(_mm_madd_epi16(tabs, menosUno), _mm_madd_epi16(avances, menosUno));
+    const __m128i altas =
+        _mm_unpackhi_epi64(_mm_madd_epi16(tabs, menosUno), _mm_madd_epi16(avances, menosUno));
+    const __m128i bajas2 =
+        _mm_unpacklo_epi64(_mm_madd_epi16(retornos, menosUno), _mm_madd_epi16(barras, menosUno));
+    const __m128i altas2 =
+        _mm_unpackhi_epi64(_mm_madd_epi16(retornos, menosUno), _mm_madd_epi16(barras, menosUno));
+    alignas(16) qint32 partes[8];
+    _mm_store_si128(reinterpret_cast<__m128i*>(partes), _mm_add_epi32(bajas, altas));
+    _mm_store_si128(reinterpret_cast<__m128i*>(partes + 4), _mm_add_epi32(bajas2, altas2));
+    for (int k = 0; k < 4; ++k)
+        cuenta[k] = partes[2 * k] + partes[2 * k + 1];
 #endif
     for (; letra != fin; ++letra)
         ContarUna(*letra, cuenta);
