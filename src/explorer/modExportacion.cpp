@@ -6,6 +6,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <algorithm>
 #include <cstring>
 #include <utility>
 
@@ -111,9 +112,14 @@ void clsArchivoExportacion::Fila(const std::vector<QStringView>& xCeldas) {
 
 void clsArchivoExportacion::FilaTabulada(QStringView xTexto) {
     mCeldas.clear();
-    for (const QStringView celda : xTexto.tokenize(u'\t')) {
-        if (qsizetype(mCeldas.size()) == mTipos.size()) break;
-        mCeldas.push_back(celda);
+    // Cells are a few letters long: a plain search beats a library call per cell.
+    const char16_t* celda = xTexto.utf16();
+    const char16_t* const fin = celda + xTexto.size();
+    while (qsizetype(mCeldas.size()) < mTipos.size()) {
+        const char16_t* const tab = std::find(celda, fin, u'\t');
+        mCeldas.emplace_back(celda, tab - celda);
+        if (tab == fin) break;
+        celda = tab + 1;
     }
     Linea(mCeldas, false);
 }
