@@ -35,12 +35,15 @@ bool NecesitaComillas(QStringView xTexto, bool xSinComas) {
     return false;
 }
 
-// Every character below 128; written to let the compiler test many at once.
-bool EsAscii(QStringView xTexto) {
+// Copies xTexto a byte per character into xDestino and says whether every character was below
+// 128, so that the copy stands; one pass, written to let the compiler take many at once.
+bool CopiarAscii(QStringView xTexto, char* xDestino) {
     char16_t todos = 0;
     const char16_t* c = xTexto.utf16();
-    for (qsizetype i = 0; i < xTexto.size(); ++i)
+    for (qsizetype i = 0; i < xTexto.size(); ++i) {
         todos |= c[i];
+        xDestino[i] = char(c[i]);
+    }
     return todos < 128;
 }
 
@@ -159,11 +162,9 @@ void clsArchivoExportacion::Agregar(QStringView xTexto, bool xPuntoDecimal,
         return;
     }
     char* const inicio = Espacio(2 * xTexto.size());
-    // Most cells are plain ASCII with nothing to change: one narrowing copy.
-    if (mAsciiIgual && !xPuntoDecimal && !xDuplicarComillas && EsAscii(xTexto)) {
-        const char16_t* origen = xTexto.utf16();
-        for (qsizetype i = 0; i < xTexto.size(); ++i)
-            inicio[i] = char(origen[i]);
+    // Most cells are plain ASCII with nothing to change: one narrowing copy, written over below
+    // when it does not stand.
+    if (mAsciiIgual && !xPuntoDecimal && !xDuplicarComillas && CopiarAscii(xTexto, inicio)) {
         mUsado += xTexto.size();
         return;
     }
