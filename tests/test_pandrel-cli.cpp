@@ -178,16 +178,19 @@ TEST_F(PandrelCli, EveryCommandEscapesTabsLineBreaksAndBackslashes) {
 }
 
 // A listing of megabytes, with letters that take two bytes in UTF-8 and characters to escape,
-// comes out whole and in order; a record that cannot be read stops it with nothing on stdout, the
-// first such record in the file being the one reported, wherever the listing was split.
+// comes out whole and in order, and so does an export of as many records, read ahead of the
+// file; a record that cannot be read stops either with nothing written, the first such record in
+// the file being the one reported, wherever the reading was split.
 TEST_F(PandrelCli, ALargeListingComesOutWholeOrNotAtAll) {
     constexpr int Registros = 30000;
-    const auto texto = [](int i) {
+    const auto texto = [](int i, bool xTab) {
         return QStringLiteral("Caf\u00e9 \u00f1and\u00fa n\u00famero %1").arg(i) +
-               (i % 7 == 0 ? QStringLiteral("\ta\\b ") : QStringLiteral(" ")) +
+               (i % 7 == 0 ? (xTab ? QStringLiteral("\ta\\b ") : QStringLiteral("a\\b "))
+                           : QStringLiteral(" ")) +
                QString(i % 37, 'x');
     };
-    const auto guardar = [&](const QString& xNombre, const QMap<int, QByteArray>& xRotos) {
+    const auto guardar = [&](const QString& xNombre, bool xTab,
+                             const QMap<int, QByteArray>& xRotos) {
         clsConstructorBase base(xNombre, "DATA", "Grnd");
         base.EsquemaAppForge(
             xNombre, {{"Nombre", clsConstructorBase::String}, {"N", clsConstructorBase::Long}});
@@ -195,16 +198,17 @@ TEST_F(PandrelCli, ALargeListingComesOutWholeOrNotAtAll) {
             if (xRotos.contains(i))
                 base.AgregarRegistroCrudo(xRotos[i]);
             else
-                base.AgregarRegistro({texto(i), i});
+                base.AgregarRegistro({texto(i, xTab), i});
         }
         base.Guardar(Handheld() + "/" + xNombre + ".pdb");
     };
     // A Long cut short early on, a String without its end late.
     const QByteArray longCorto("ok\0\1\2", 5);
     const QByteArray textoSinFin("sin fin");
-    guardar("Grande", {});
-    guardar("RotoAlFinal", {{Registros - 10, textoSinFin}});
-    guardar("RotoEnAmbos", {{10, longCorto}, {Registros - 10, textoSinFin}});
+    guardar("Grande", true, {});
+    guardar("Exportable", false, {});
+    guardar("RotoAlFinal", true, {{Registros - 10, textoSinFin}});
+    guardar("RotoEnAmbos", true, {{10, longCorto}, {Registros - 10, textoSinFin}});
 
     const Resultado resultado = Ejecutar({"records", "Grande"});
     ASSERT_EQ(resultado.Estado, 0) << resultado.Errores.toStdString();
@@ -214,22 +218,40 @@ TEST_F(PandrelCli, ALargeListingComesOutWholeOrNotAtAll) {
     ASSERT_EQ(lineas.size(), Registros + 1);
     EXPECT_EQ(lineas.last(), "");
     for (int i = 0; i < Registros; ++i) {
-        const QString escapado = texto(i).trimmed().replace("\\", "\\\\").replace("\t", "\\t");
+        const QString escapado =
+            texto(i, true).trimmed().replace("\\", "\\\\").replace("\t", "\\t");
         ASSERT_EQ(lineas[i],
                   QString::number(0x100001 + i) + '\t' + escapado + '\t' + QString::number(i))
             << i;
     }
+
+    const QString archivo = mCarpeta.filePath("grande.txt");
+    ASSERT_EQ(Ejecutar({"export", "Exportable", archivo}).Estado, 0);
+    QFile exportado(archivo);
+    ASSERT_TRUE(exportado.open(QIODevice::ReadOnly));
+    const QList<QByteArray> filas = exportado.readAll().split('\n');
+    ASSERT_EQ(filas.size(), Registros + 2);
+    EXPECT_EQ(filas[0], "Nombre\tN\r");
+    for (int i = 0; i < Registros; ++i)
+        ASSERT_EQ(filas[i + 1],
+                  (texto(i, false).trimmed() + '\t' + QString::number(i) + '\r').toLatin1())
+            << i;
+
     const struct {
         const char* Base;
         const char* Fuente;
     } rotos[] = {{"RotoAlFinal", "LeerTexto"}, {"RotoEnAmbos", "LeerLong"}};
     for (const auto& roto : rotos) {
-        const Resultado fallido = Ejecutar({"records", roto.Base});
-        EXPECT_EQ(fallido.Estado, 1) << roto.Base;
-        EXPECT_EQ(fallido.Salida, "") << roto.Base;
-        EXPECT_TRUE(fallido.Errores.contains(roto.Fuente)) << fallido.Errores.toStdString();
-        EXPECT_EQ(fallido.Errores.count('\n'), 1) << fallido.Errores.toStdString();
+        for (const QStringList& orden :
+             {QStringList{"records", roto.Base}, QStringList{"export", roto.Base, "roto.txt"}}) {
+            const Resultado fallido = Ejecutar(orden);
+            EXPECT_EQ(fallido.Estado, 1) << roto.Base;
+            EXPECT_EQ(fallido.Salida, "") << roto.Base;
+            EXPECT_TRUE(fallido.Errores.contains(roto.Fuente)) << fallido.Errores.toStdString();
+            EXPECT_EQ(fallido.Errores.count('\n'), 1) << fallido.Errores.toStdString();
+        }
     }
+    EXPECT_FALSE(QFile::exists("roto.txt"));
 }
 
 // The export as the explorer writes it: a Single's decimal comma becomes a full stop, Strings are

@@ -1,7 +1,9 @@
 #include "cli/modComandosInforme.h"
 
+#include "cli/clsLecturaAdelantada.h"
 #include "common/ErrorVB.h"
 #include "data/clsPDBInterface.h"
+#include "data/clsPalmPDB.h"
 #include "data/modFuncionesConversion.h"
 #include "data/modHandheld.h"
 #include "explorer/clsGrillaFlexible.h"
@@ -148,7 +150,7 @@ std::optional<OrdenExportar> LeerOrdenExportar(const QStringList& xArgumentos) {
     return orden;
 }
 
-QString Exportar(clsPDBInterface& xBase, const OrdenExportar& xOrden) {
+QString Exportar(clsPalmPDB& xBase, const OrdenExportar& xOrden) {
     // A save dialog answers with a whole path; a relative name is taken from the current folder.
     QString archivo = xOrden.Archivo.trimmed();
     if (!archivo.isEmpty()) archivo = QFileInfo(archivo).absoluteFilePath();
@@ -167,10 +169,17 @@ QString Exportar(clsPDBInterface& xBase, const OrdenExportar& xOrden) {
     for (const QStringView titulo : QStringView(titulos).tokenize(u'\t'))
         celdas.push_back(titulo);
     salida.Encabezado(celdas);
+    // The first record is read as every reader reads it (which loads the schema); the others are
+    // read ahead while the file is written.
     bool alPrincipio = true;
     QString registro;
-    while (xBase.ReadRecord(alPrincipio, registro, kTab) != -1)
+    if (xBase.ReadRecord(alPrincipio, registro, kTab) != -1) {
         salida.FilaTabulada(registro);
+        clsLecturaAdelantada lectura(xBase, kTab, 1);
+        QStringView texto;
+        while (lectura.Siguiente(texto))
+            salida.FilaTabulada(texto);
+    }
     salida.Terminar();
     return archivo;
 }

@@ -9,6 +9,7 @@
 
 class QCoreApplication;
 class clsPDBInterface;
+class clsPalmPDB;
 
 // The commands of pandrel-cli that write a file the explorer writes too: the export of a
 // database's records and its printed report.
@@ -29,7 +30,7 @@ struct OrdenExportar {
 std::optional<OrdenExportar> LeerOrdenExportar(const QStringList& xArgumentos);
 // Writes every record of the open database as the explorer's export does; a missing folder is
 // created and an existing file replaced. Returns the name of the file written.
-QString Exportar(clsPDBInterface& xBase, const OrdenExportar& xOrden);
+QString Exportar(clsPalmPDB& xBase, const OrdenExportar& xOrden);
 
 // report DB --pdf FILE: the command's arguments after DB, the PDF file; nothing when wrong.
 std::optional<QString> LeerOrdenInforme(const QStringList& xArgumentos);

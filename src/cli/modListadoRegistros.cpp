@@ -23,16 +23,14 @@ struct Forma {
     std::array<qsizetype, 4> EnSeparadores;
 };
 
-// The records from xDesde to xHasta (not included) of the xTotal in the file.
+// The records from xDesde to xHasta (not included) in file order.
 void ListarTramo(const clsPalmPDB& xBase, const Forma& xForma, qint32 xDesde, qint32 xHasta,
-                 qint32 xTotal, clsSalida& xSalida) {
+                 clsSalida& xSalida) {
     clsPalmPDB::LecturaIndice lectura;
     QString registro;
     for (qint32 indice = xDesde; indice < xHasta; ++indice) {
         const qint32 id = xBase.TextoEnIndice(indice, xForma.Separador, lectura, registro);
-        // A reader going through the records stops at a last record whose ID is 0: the end of
-        // the records and no record look alike to it.
-        if (indice == xTotal - 1 && id == 0) return;
+        if (id == -1) return;
         if (modTextoSalida::Especiales(registro) == xForma.EnSeparadores) {
             xSalida.Linea(id, registro);
             continue;
@@ -52,19 +50,19 @@ void ListarEnDos(const clsPalmPDB& xBase, const Forma& xForma, qint32 xTotal, cl
     try {
         hilo = std::thread([&] {
             try {
-                ListarTramo(xBase, xForma, mitad, xTotal, xTotal, segunda);
+                ListarTramo(xBase, xForma, mitad, xTotal, segunda);
             } catch (...) {
                 fallaSegunda = std::current_exception();
             }
         });
     } catch (const std::system_error&) {
         // No thread to be had: one does it all.
-        ListarTramo(xBase, xForma, 0, xTotal, xTotal, xSalida);
+        ListarTramo(xBase, xForma, 0, xTotal, xSalida);
         return;
     }
     std::exception_ptr fallaPrimera;
     try {
-        ListarTramo(xBase, xForma, 0, mitad, xTotal, xSalida);
+        ListarTramo(xBase, xForma, 0, mitad, xSalida);
     } catch (...) {
         fallaPrimera = std::current_exception();
     }
@@ -91,7 +89,7 @@ void Listar(clsPalmPDB& xBase, const QString& xSeparador, clsSalida& xSalida) {
         cuenta *= entre;
     const qint32 total = xBase.RegistrosEnArchivo();
     if (total < MinimoParaDividir || !xBase.LecturaCompartible()) {
-        ListarTramo(xBase, forma, 0, total, total, xSalida);
+        ListarTramo(xBase, forma, 0, total, xSalida);
         return;
     }
     ListarEnDos(xBase, forma, total, xSalida);

@@ -437,7 +437,12 @@ qint32 clsPalmPDB::RegistrosEnArchivo() const {
 
 qint32 clsPalmPDB::TextoEnIndice(qint32 xIndice, const QString& xSeparator, LecturaIndice& xLectura,
                                  QString& xRegistro) const {
-    Registros("ReadRecord").LeerEnIndice(xIndice, xLectura.Leido);
+    const clsAdaptadorRegistros& adaptador = Registros("ReadRecord");
+    const qint32 cantidad = adaptador.CantidadRegistros();
+    if (xIndice < 0 || xIndice >= cantidad) return -1;
+    adaptador.LeerEnIndice(xIndice, xLectura.Leido);
+    // ReadRecord's reading takes a last record whose ID is 0 for the end of the records.
+    if (xIndice == cantidad - 1 && xLectura.Leido.ID == 0) return -1;
     clsBufferTexto& texto = xLectura.Texto;
     texto.Vaciar();
     TextoCampos(xLectura.Leido.Bytes, xSeparator, texto);

@@ -56,7 +56,8 @@ public:
 
     // Reading records by their place in the file, for a reader that shares a long listing among
     // threads. Valid once ReadRecord has read a record of the open database (which loads its
-    // schema). TextoEnIndice writes the text ReadRecord would and returns the record's ID; it
+    // schema). TextoEnIndice writes the text ReadRecord would and returns the record's ID, or -1
+    // where ReadRecord's reading ends (past the last record, or at a last record whose ID is 0); it
     // changes nothing of this object, so threads may call it at once, each with its own
     // LecturaIndice, while nobody writes and when LecturaCompartible says so.
     struct LecturaIndice {
