@@ -37,8 +37,11 @@ clsLecturaAdelantada::~clsLecturaAdelantada() {
 }
 
 void clsLecturaAdelantada::Leer() {
+    // What the reader writes per record stays on its own stack, away from this object, which the
+    // other thread's stack holds.
     clsPalmPDB::LecturaIndice lectura;
     QString texto;
+    qint32 indice = mIndice;
     for (bool ultimo = false; !ultimo;) {
         Lote lote;
         {
@@ -54,11 +57,11 @@ void clsLecturaAdelantada::Leer() {
         lote.Fines.clear();
         try {
             while (qsizetype(lote.Fines.size()) < RegistrosPorLote) {
-                if (mBase.TextoEnIndice(mIndice, mSeparador, lectura, texto) == -1) {
+                if (mBase.TextoEnIndice(indice, mSeparador, lectura, texto) == -1) {
                     lote.Ultimo = true;
                     break;
                 }
-                ++mIndice;
+                ++indice;
                 lote.Letras.insert(lote.Letras.end(), texto.utf16(), texto.utf16() + texto.size());
                 lote.Fines.push_back(lote.Letras.size());
             }

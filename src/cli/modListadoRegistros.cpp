@@ -49,11 +49,16 @@ void ListarEnDos(const clsPalmPDB& xBase, const Forma& xForma, qint32 xTotal, cl
     std::thread hilo;
     try {
         hilo = std::thread([&] {
+            // The thread writes its lines into an output of its own stack and hands the blocks
+            // over at the end: what it writes per line then shares no cache line with what this
+            // thread writes.
+            clsSalida propia;
             try {
-                ListarTramo(xBase, xForma, mitad, xTotal, segunda);
+                ListarTramo(xBase, xForma, mitad, xTotal, propia);
             } catch (...) {
                 fallaSegunda = std::current_exception();
             }
+            segunda.Anexar(std::move(propia));
         });
     } catch (const std::system_error&) {
         // No thread to be had: one does it all.
