@@ -418,17 +418,8 @@ qint32 clsPalmPDB::LeerRegistro(bool xMoverAlPrincipio, QString& xRegistro,
 
 void clsPalmPDB::TextoCampos(const QByteArray& xBytes, const QString& xSeparator,
                              clsBufferTexto& xTexto) const {
-    const clsConfiguracionRegional& regional = clsConfiguracionRegional::Actual();
-    const bool unaLetra = xSeparator.size() == 1;
-    qint32 pos = 0;
-    for (qint16 i = 0; i < mCantidadCampos; ++i) {
-        if (i >= CantidadTipos()) throw ErrorVB::SubscriptOutOfRange(QStringLiteral("ReadRecord"));
-        AgregarCampo(xTexto, xBytes, mTiposCampo[i], pos, xSeparator, *mTabla, regional);
-        if (unaLetra)
-            xTexto.Letra(xSeparator.front().unicode());
-        else
-            xTexto.Texto(xSeparator);
-    }
+    AgregarCampos(xTexto, xBytes, mTiposCampo, mCantidadCampos, xSeparator, *mTabla,
+                  clsConfiguracionRegional::Actual());
 }
 
 qint32 clsPalmPDB::RegistrosEnArchivo() const {

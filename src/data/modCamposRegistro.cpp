@@ -78,9 +78,12 @@ qint32 PosicionEn(qint64 xPosicion, const char* xFuente) {
     return static_cast<qint32>(xPosicion);
 }
 
-void AgregarCampo(clsBufferTexto& xTexto, const QByteArray& xRegistro, quint8 xCodigoTipo,
-                  qint32& xPos, const QString& xSeparator, const TablaCodigoPagina& xTabla,
-                  const clsConfiguracionRegional& xRegional) {
+namespace {
+
+// The body of AgregarCampo, written into the field loop of AgregarCampos too.
+Q_ALWAYS_INLINE void Campo(clsBufferTexto& xTexto, const QByteArray& xRegistro, quint8 xCodigoTipo,
+                           qint32& xPos, const QString& xSeparator, const TablaCodigoPagina& xTabla,
+                           const clsConfiguracionRegional& xRegional) {
     const qsizetype inicio = xTexto.Cantidad();
     switch (xCodigoTipo) {
     case TipoByte:
@@ -123,6 +126,31 @@ void AgregarCampo(clsBufferTexto& xTexto, const QByteArray& xRegistro, quint8 xC
     }
     // Numbers and truth values are written without blanks around them.
     if (xCodigoTipo >= TipoSingle && xCodigoTipo != TipoBoolean) xTexto.RecortarBlancos(inicio);
+}
+
+} // namespace
+
+void AgregarCampo(clsBufferTexto& xTexto, const QByteArray& xRegistro, quint8 xCodigoTipo,
+                  qint32& xPos, const QString& xSeparator, const TablaCodigoPagina& xTabla,
+                  const clsConfiguracionRegional& xRegional) {
+    Campo(xTexto, xRegistro, xCodigoTipo, xPos, xSeparator, xTabla, xRegional);
+}
+
+// The field loop of every record read: no function is called per field.
+void AgregarCampos(clsBufferTexto& xTexto, const QByteArray& xRegistro,
+                   const std::vector<quint8>& xTipos, qint16 xCampos, const QString& xSeparator,
+                   const TablaCodigoPagina& xTabla, const clsConfiguracionRegional& xRegional) {
+    const bool unaLetra = xSeparator.size() == 1;
+    qint32 pos = 0;
+    for (qint16 i = 0; i < xCampos; ++i) {
+        if (i >= static_cast<qsizetype>(xTipos.size()))
+            throw ErrorVB::SubscriptOutOfRange(QStringLiteral("ReadRecord"));
+        Campo(xTexto, xRegistro, xTipos[i], pos, xSeparator, xTabla, xRegional);
+        if (unaLetra)
+            xTexto.Letra(xSeparator.front().unicode());
+        else
+            xTexto.Texto(xSeparator);
+    }
 }
 
 qint32 PosicionCampo(const QByteArray& xRegistro, const std::vector<quint8>& xTipos,

@@ -38,6 +38,12 @@ void AgregarCampo(clsBufferTexto& xTexto, const QByteArray& xRegistro, quint8 xC
                   qint32& xPos, const QString& xSeparator, const TablaCodigoPagina& xTabla,
                   const clsConfiguracionRegional& xRegional);
 
+// Appends the texts of the first xCampos fields of xRegistro, whose types xTipos gives, each
+// followed by xSeparator. Raises SubscriptOutOfRange (source ReadRecord) when xTipos is shorter.
+void AgregarCampos(clsBufferTexto& xTexto, const QByteArray& xRegistro,
+                   const std::vector<quint8>& xTipos, qint16 xCampos, const QString& xSeparator,
+                   const TablaCodigoPagina& xTabla, const clsConfiguracionRegional& xRegional);
+
 // The position of field xNroCampo in xRegistro, whose fields have the types xTipos.
 // The field counter is 16-bit: a last field beyond its range overflows before any field is
 // walked, whatever the schema holds.
