@@ -595,6 +595,34 @@ TEST_F(PalmPDBTest, UnRegistroDeID0SeEscribeEnSuLugar) {
     EXPECT_EQ(archivo.Registros[1].Datos.toHex(), "4200000200");
 }
 
+// Reading by place in the file gives what the sequential reading gives, record for record, and
+// ends where it ends: a record whose ID is 0 is read in the middle, but taken for the end last.
+TEST_F(PalmPDBTest, LaLecturaPorLugarEsLaSecuencial) {
+    for (const int conID0 : {-1, 0, 2}) {
+        GuardarClientes({"4100000101", "4200000200", "4300000001"}, 1,
+                        [conID0](clsConstructorBase& xBase) {
+                            if (conID0 >= 0) xBase.Archivo().Registros[conID0].ID = 0;
+                        });
+        clsPalmPDB pdb(Fuente());
+        ASSERT_TRUE(pdb.OpenFile("Clientes"));
+        for (const QString& separador : {QStringLiteral("\t"), QStringLiteral(",")}) {
+            QStringList secuencial;
+            QString texto;
+            bool alPrincipio = true;
+            for (qint32 id; (id = pdb.ReadRecord(alPrincipio, texto, separador)) != -1;)
+                secuencial << QString::number(id) + ':' + texto;
+            QStringList porLugar;
+            clsPalmPDB::LecturaIndice lectura;
+            for (qint32 i = 0, id; (id = pdb.TextoEnIndice(i, separador, lectura, texto)) != -1;
+                 ++i)
+                porLugar << QString::number(id) + ':' + texto;
+            EXPECT_EQ(porLugar, secuencial) << conID0;
+            EXPECT_EQ(porLugar.size(), conID0 == 2 ? 2 : 3) << conID0;
+        }
+        pdb.CloseDatabase();
+    }
+}
+
 TEST_F(PalmPDBTest, DatosDeCadaRegistro) {
     ASSERT_TRUE(mBase->OpenFile("Clientes"));
     const struct {
