@@ -22,9 +22,9 @@ public:
     const char* what() const noexcept override { return mTexto.c_str(); }
 
     // Runtime errors the system relies on.
-    static constexpr qint32 Desbordamiento = 6;         // "Overflow"
-    static constexpr qint32 SubindiceFueraDeRango = 9;  // "Subscript out of range"
-    static constexpr qint32 TiposNoCoinciden = 13;      // "Type mismatch"
+    static constexpr qint32 Desbordamiento = 6;        // "Overflow"
+    static constexpr qint32 SubindiceFueraDeRango = 9; // "Subscript out of range"
+    static constexpr qint32 TiposNoCoinciden = 13;     // "Type mismatch"
 
     static ErrorVB Overflow(const QString& xFuente);
     static ErrorVB SubscriptOutOfRange(const QString& xFuente);

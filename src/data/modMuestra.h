@@ -7,6 +7,7 @@
 namespace modMuestra {
 // The bundled sample: "sample" beside the executable (or in the build tree). "" when absent.
 QString CarpetaMuestra();
-// The working copy, made on first use from the bundled sample. Raises ErrorVB when it cannot be made.
+// The working copy, made on first use from the bundled sample. Raises ErrorVB when it cannot be
+// made.
 QString CarpetaDeTrabajo();
 } // namespace modMuestra
