@@ -17,6 +17,7 @@
 #include "shell/frmInicio.h"
 #include "shell/modDialogos.h"
 #include "shell/modMain.h"
+#include "support_ventanas/modDialogosPrueba.h"
 
 #include <QAction>
 #include <QApplication>
@@ -100,18 +101,7 @@ void Elegir(QTreeWidget* xArbol, QTreeWidgetItem* xNodo, Medida& xMedida) {
     xMedida.Terminar();
 }
 
-// Runs xAccion on the modal dialog of class D as soon as it shows.
-template <typename D> void AlAbrir(const std::function<void(D*)>& xAccion) {
-    auto* reloj = new QTimer;
-    QObject::connect(reloj, &QTimer::timeout, [reloj, xAccion] {
-        if (auto* dialogo = qobject_cast<D*>(QApplication::activeModalWidget())) {
-            reloj->stop();
-            reloj->deleteLater();
-            xAccion(dialogo);
-        }
-    });
-    reloj->start(0);
-}
+using modDialogosPrueba::AlAbrir;
 
 // The record actions on every row of the large database, as the user does them.
 void MedirRegistros(QWidget* xExplorador, int xRepeticiones) {

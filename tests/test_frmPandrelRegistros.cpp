@@ -16,6 +16,7 @@
 #include "printing/clsImpresoraGrabadora.h"
 #include "printing/clsImpresoraQt.h"
 #include "shell/modDialogos.h"
+#include "support_ventanas/modDialogosPrueba.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -64,18 +65,7 @@ void CrearHandheld(const QString& xCarpeta) {
     base.Guardar(QDir(xCarpeta).filePath("Stock.pdb"));
 }
 
-// Runs xAccion on the modal dialog of class D once it shows.
-template <typename D> void AlAbrir(std::function<void(D*)> xAccion) {
-    auto* reloj = new QTimer;
-    QObject::connect(reloj, &QTimer::timeout, [reloj, xAccion] {
-        if (auto* dialogo = qobject_cast<D*>(QApplication::activeModalWidget())) {
-            reloj->stop();
-            reloj->deleteLater();
-            xAccion(dialogo);
-        }
-    });
-    reloj->start(5);
-}
+using modDialogosPrueba::AlAbrir;
 
 class frmPandrelRegistrosTest : public ::testing::Test {
 protected:
