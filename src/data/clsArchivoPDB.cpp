@@ -186,29 +186,39 @@ DisposicionPDB clsArchivoPDB::Analizar(QByteArrayView xBytes, qint64 xTamanoArch
     if (sortInfo != 0) comprobador.Comprobar(Bloque::SortInfo, 0, sortInfo);
     const bool recursos = disposicion.EsRecursos();
     if (!xSinEntradas) {
-        if (recursos)
+        if (recursos) {
             modMemoria::Reservar(disposicion.Recursos, entradas);
-        else
+            disposicion.Recursos.resize(entradas);
+        } else {
             modMemoria::Reservar(disposicion.Registros, entradas);
+            disposicion.Registros.resize(entradas);
+        }
     }
+    // The entry list lies whole in xBytes (checked above), so its entries are read straight.
+    const auto* entrada = reinterpret_cast<const uchar*>(xBytes.data()) + TamanoCabecera;
+    IndiceRegistroPDB* registro = disposicion.Registros.data();
+    IndiceRecursoPDB* recurso = disposicion.Recursos.data();
     qint64 primerDato = xTamanoArchivo;
     for (qint32 i = 0; i < entradas; ++i) {
         quint32 desde = 0;
-        quint32 tipo = 0;
-        quint16 idRecurso = 0;
-        quint8 atributos = 0;
-        quint32 id = 0;
-        const bool leida =
-            recursos ? lector.LeerU32(tipo) && lector.LeerU16(idRecurso) && lector.LeerU32(desde)
-                     : lector.LeerU32(desde) && lector.LeerU8(atributos) && lector.LeerU24(id);
-        Exigir(leida, "the entry list");
+        if (recursos) {
+            desde = qFromBigEndian<quint32>(entrada + 6);
+            if (!xSinEntradas)
+                *recurso++ = {{desde, 0},
+                              qFromBigEndian<quint32>(entrada),
+                              qFromBigEndian<quint16>(entrada + 4)};
+            entrada += TamanoEntradaRecurso;
+        } else {
+            desde = qFromBigEndian<quint32>(entrada);
+            if (!xSinEntradas)
+                *registro++ = {{desde, 0},
+                               (quint32(entrada[5]) << 16) | (quint32(entrada[6]) << 8) |
+                                   entrada[7],
+                               entrada[4]};
+            entrada += TamanoEntradaRegistro;
+        }
         comprobador.Comprobar(recursos ? Bloque::Recurso : Bloque::Registro, i, desde);
         if (i == 0) primerDato = desde;
-        if (xSinEntradas) continue;
-        if (recursos)
-            disposicion.Recursos.append({{desde, 0}, tipo, idRecurso});
-        else
-            disposicion.Registros.append({{desde, 0}, id, atributos});
     }
     PonerLargos(disposicion.Registros, xTamanoArchivo);
     PonerLargos(disposicion.Recursos, xTamanoArchivo);
