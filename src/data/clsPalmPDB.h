@@ -82,7 +82,6 @@ private:
     void VerificarAbierta(const char* xOperacion) const;
     void VerificarCerrada(const char* xOperacion) const;
     void VerificarEsquema(const char* xOperacion) const;
-    qsizetype CantidadTipos() const { return static_cast<qsizetype>(mTiposCampo.size()); }
     clsAdaptadorRegistros& Registros(const char* xOperacion) const;
     // Takes the record's bytes by exchanging buffers with xRegistro.
     void TomarRegistro(RegistroPalm& xRegistro);
