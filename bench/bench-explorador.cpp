@@ -11,13 +11,13 @@
 //   memory     the peak resident memory of the whole program at the end.
 // Usage: bench-explorador FOLDER [REPETITIONS]. Runs on the offscreen platform unless told.
 
-#include "explorer/clsVistaGrilla.h"
-#include "explorer/frmActualizarValor.h"
-#include "explorer/frmBuscarRegistro.h"
+#include "common/ventanas/modDialogos.h"
+#include "explorer/ventanas/clsVistaGrilla.h"
+#include "explorer/ventanas/frmActualizarValor.h"
+#include "explorer/ventanas/frmBuscarRegistro.h"
 #include "shell/frmInicio.h"
-#include "shell/modDialogos.h"
 #include "shell/modMain.h"
-#include "support_ventanas/modDialogosPrueba.h"
+#include "support/ventanas/modDialogosPrueba.h"
 
 #include <QAction>
 #include <QApplication>

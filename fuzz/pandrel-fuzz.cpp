@@ -13,9 +13,9 @@
 #include "common/ErrorVB.h"
 #include "common/clsConfiguracionRegional.h"
 #include "data/MensajesError.h"
-#include "data/clsArchivoPDB.h"
-#include "data/clsFuenteCarpeta.h"
+#include "data/carpeta/clsFuenteCarpeta.h"
 #include "data/clsPalmPDB.h"
+#include "data/formato/clsArchivoPDB.h"
 #include "data/modHandheld.h"
 
 #include <QByteArray>

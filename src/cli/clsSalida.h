@@ -1,7 +1,7 @@
 #pragma once
 
 #include "cli/modTextoSalida.h"
-#include "data/clsBloqueMemoria.h"
+#include "common/clsBloqueMemoria.h"
 
 #include <QString>
 #include <QStringEncoder>

@@ -4,7 +4,7 @@
 #include "common/ErrorVB.h"
 #include "data/clsPDBInterface.h"
 #include "data/clsPalmPDB.h"
-#include "data/modFuncionesConversion.h"
+#include "data/formato/modFuncionesConversion.h"
 #include "data/modHandheld.h"
 #include "explorer/clsGrillaFlexible.h"
 #include "explorer/clsNavegadorRegistros.h"

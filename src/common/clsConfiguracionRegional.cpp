@@ -5,6 +5,7 @@
 #include "common/modCifras.h"
 #include "common/modEscrituraFecha.h"
 #include "common/modFecha.h"
+#include "common/modFunciones.h"
 #include "common/modLecturaTexto.h"
 
 #include <QDate>
@@ -238,6 +239,11 @@ clsConfiguracionRegional::PatronDe(const QString& xFormato) const {
         mUltimoFormato = xFormato;
     }
     return mUltimoPatron;
+}
+
+QString clsConfiguracionRegional::TextoKilobytes(double xBytes, const QString& xFormato) const {
+    const double kb = modFunciones::Kilobytes(xBytes);
+    return (xFormato.isEmpty() ? TextoNumero(kb) : Formato(kb, xFormato)) + QStringLiteral(" KB");
 }
 
 QString clsConfiguracionRegional::FormatoFecha(const QDateTime& xFecha,

@@ -38,6 +38,9 @@ public:
     QString TextoFechaCorta(const QDateTime& xFecha) const;
     // A number through a format of digits: "0.00", "#0.##" (which always keeps its separator).
     QString Formato(double xValor, const QString& xFormato) const;
+    // A size in KB: modFunciones::Kilobytes of xBytes as TextoNumero writes it (1.5 KB, 1 KB), or
+    // through xFormato when given (the header panel's "#0.##": 1. KB), then " KB".
+    QString TextoKilobytes(double xBytes, const QString& xFormato = QString()) const;
     // A date through a format such as "mm/dd/yyyy hh:mm:ss" or "hh:mm:ss" (mm after hh is minutes).
     QString FormatoFecha(const QDateTime& xFecha, const QString& xFormato) const;
 

@@ -1,7 +1,6 @@
 #include "common/modFunciones.h"
 
 #include "common/ErrorVB.h"
-#include "printing/clsImpresora.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -93,9 +92,8 @@ namespace {
 // Builds the lines of MultiLinea one word at a time.
 class Renglones {
 public:
-    Renglones(double xAncho, int xSangria, const clsImpresora& xDispositivo)
-        : mAncho(xAncho), mSangria(qMax(xSangria, 0), QLatin1Char(' ')),
-          mDispositivo(xDispositivo) {}
+    Renglones(double xAncho, int xSangria, const AnchoDeTexto& xAnchoDe)
+        : mAncho(xAncho), mSangria(qMax(xSangria, 0), QLatin1Char(' ')), mAnchoDe(xAnchoDe) {}
 
     void Palabra(QString xPalabra) {
         if (xPalabra.isEmpty()) return;
@@ -126,7 +124,7 @@ public:
     QString Texto() const { return mTexto + mLinea; }
 
 private:
-    bool Cabe(const QString& xLinea) const { return mDispositivo.TextWidth(xLinea) <= mAncho; }
+    bool Cabe(const QString& xLinea) const { return mAnchoDe(xLinea) <= mAncho; }
 
     // The longest start of the word that fits on the line with its "-", at least one character.
     qsizetype LargoQueCabe(const QString& xPalabra) const {
@@ -139,16 +137,15 @@ private:
 
     double mAncho;
     QString mSangria;
-    const clsImpresora& mDispositivo;
+    const AnchoDeTexto& mAnchoDe;
     QString mTexto;
     QString mLinea;
     bool mVacia = true;
 };
 
-QString Envolver(const QString& xTexto, double xAncho, int xSangria,
-                 const clsImpresora& xDispositivo) {
+QString Envolver(const QString& xTexto, double xAncho, int xSangria, const AnchoDeTexto& xAnchoDe) {
     const QString texto = SinBlancos(xTexto).toString();
-    Renglones renglones(xAncho, xSangria, xDispositivo);
+    Renglones renglones(xAncho, xSangria, xAnchoDe);
     QString palabra;
     for (qsizetype i = 0; i < texto.size(); ++i) {
         const QChar c = texto[i];
@@ -169,9 +166,9 @@ QString Envolver(const QString& xTexto, double xAncho, int xSangria,
 } // namespace
 
 QString MultiLinea(const QString& xTexto, double xAncho, int xSangria,
-                   const clsImpresora& xDispositivo) {
+                   const AnchoDeTexto& xAnchoDe) {
     try {
-        return Envolver(xTexto, xAncho, xSangria, xDispositivo);
+        return Envolver(xTexto, xAncho, xSangria, xAnchoDe);
     } catch (const ErrorVB& error) {
         throw error.ConFuente(error.Fuente() + QStringLiteral(".modFunciones.MultiLinea\r\n"));
     }

@@ -2,8 +2,7 @@
 
 #include <QString>
 #include <QStringList>
-
-class clsImpresora;
+#include <functional>
 
 // General helpers shared by the whole program.
 namespace modFunciones {
@@ -33,12 +32,15 @@ QString NombreUsuario();
 // the end of the name; a longer name is cut at the first place its own 15th character appears.
 QString CortarNombreUsuario(const QString& xNombre);
 
-// Breaks a text into lines no wider than xAncho, measured with xDispositivo's own TextWidth in its
-// current scale. Blanks at both ends go, runs of blanks separate words; every line after the first
-// starts with xSangria blanks; line breaks already in the text are kept (as CR LF). A word too
-// wide for a line of its own is cut, each cut marked with "-". A failure of the device is raised
-// again with ".modFunciones.MultiLinea" and a line break added to its source.
+// The printed width of a text, in the measuring device's current scale.
+using AnchoDeTexto = std::function<double(const QString&)>;
+
+// Breaks a text into lines no wider than xAncho, measured with xAnchoDe (a printer's TextWidth).
+// Blanks at both ends go, runs of blanks separate words; every line after the first starts with
+// xSangria blanks; line breaks already in the text are kept (as CR LF). A word too wide for a line
+// of its own is cut, each cut marked with "-". A failure of the measure is raised again with
+// ".modFunciones.MultiLinea" and a line break added to its source.
 QString MultiLinea(const QString& xTexto, double xAncho, int xSangria,
-                   const clsImpresora& xDispositivo);
+                   const AnchoDeTexto& xAnchoDe);
 
 } // namespace modFunciones

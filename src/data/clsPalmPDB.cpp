@@ -4,7 +4,7 @@
 #include "common/clsConfiguracionRegional.h"
 #include "common/modFunciones.h"
 #include "data/MensajesError.h"
-#include "data/modCamposRegistro.h"
+#include "data/formato/modCamposRegistro.h"
 #include "data/modHandheld.h"
 
 #include <cstring>

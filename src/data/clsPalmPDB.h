@@ -4,7 +4,7 @@
 #include "common/clsConfiguracionRegional.h"
 #include "data/clsFuentePalm.h"
 #include "data/clsPDBInterface.h"
-#include "data/modFuncionesConversion.h"
+#include "data/formato/modFuncionesConversion.h"
 
 #include <QByteArray>
 #include <QString>

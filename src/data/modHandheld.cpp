@@ -1,8 +1,8 @@
 #include "data/modHandheld.h"
 
 #include "common/ErrorVB.h"
-#include "data/clsFuenteZip.h"
-#include "data/modFuncionesConversion.h"
+#include "data/formato/modFuncionesConversion.h"
+#include "data/zip/clsFuenteZip.h"
 
 #include <QFile>
 #include <QFileInfo>

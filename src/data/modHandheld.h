@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/clsFuenteCarpeta.h"
+#include "data/carpeta/clsFuenteCarpeta.h"
 #include "data/clsFuentePalm.h"
 
 #include <QString>

@@ -5,11 +5,6 @@
 
 namespace modTextosInformacion {
 
-QString TextoTamanio(qint64 xBytes, const clsConfiguracionRegional& xRegional) {
-    return xRegional.TextoNumero(modFunciones::Kilobytes(static_cast<double>(xBytes))) +
-           QStringLiteral(" KB");
-}
-
 QList<TextoInformacion> TextosTarjeta(const clsTarjetaPalm& xTarjeta,
                                       const clsConfiguracionRegional& xRegional) {
     const clsTarjetaPalm* t = &xTarjeta;
@@ -22,9 +17,9 @@ QList<TextoInformacion> TextosTarjeta(const clsTarjetaPalm& xTarjeta,
         {QStringLiteral("Card Number:"), [t] { return QString::number(t->Numero()); }},
         {QStringLiteral("Creation Date:"),
          [t, r] { return r->TextoFechaCorta(t->FechaCreacion()); }},
-        {QStringLiteral("Rom Size:"), [t, r] { return TextoTamanio(t->TamanoRom(), *r); }},
-        {QStringLiteral("Ram Size:"), [t, r] { return TextoTamanio(t->TamanoRam(), *r); }},
-        {QStringLiteral("Free Ram:"), [t, r] { return TextoTamanio(t->RamLibre(), *r); }},
+        {QStringLiteral("Rom Size:"), [t, r] { return r->TextoKilobytes(double(t->TamanoRom())); }},
+        {QStringLiteral("Ram Size:"), [t, r] { return r->TextoKilobytes(double(t->TamanoRam())); }},
+        {QStringLiteral("Free Ram:"), [t, r] { return r->TextoKilobytes(double(t->RamLibre())); }},
         {QStringLiteral("Rom Db Count:"), [t] { return QString::number(t->CantidadBasesRom()); }},
         {QStringLiteral("Ram Db Count:"), [t] { return QString::number(t->CantidadBasesRam()); }},
     };

@@ -13,9 +13,6 @@ class clsConfiguracionRegional;
 // as the window shows it, beside its caption.
 namespace modTextosInformacion {
 
-// bytes / 1024 rounded to 2 decimals in the regional number form, then " KB" (1024 KB, 1.5 KB).
-QString TextoTamanio(qint64 xBytes, const clsConfiguracionRegional& xRegional);
-
 // One value of the window: its caption, and its text, read from the handheld when Texto is
 // called (which raises when the value cannot be read).
 struct TextoInformacion {

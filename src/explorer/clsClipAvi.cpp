@@ -1,6 +1,6 @@
 #include "explorer/clsClipAvi.h"
 
-#include "data/clsLectorBytes.h"
+#include "data/formato/clsLectorBytes.h"
 
 #include <QFile>
 

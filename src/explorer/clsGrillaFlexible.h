@@ -1,5 +1,7 @@
 #pragma once
 
+#include "printing/clsGrillaImpresion.h"
+
 #include <QAbstractTableModel>
 #include <QLocale>
 #include <QString>
@@ -14,22 +16,9 @@
 // The properties carry the grid's own names (Rows, Cols, TextMatrix, RowData, ...), as the windows
 // use them. A row or column index outside the grid raises ErrorVB 9 (subscript out of range); so
 // does a fixed count that would leave no scrolling row or column.
-class clsGrillaFlexible : public QAbstractTableModel {
+class clsGrillaFlexible final : public QAbstractTableModel, public clsGrillaImpresion {
     Q_OBJECT
 public:
-    // Column alignment codes.
-    enum Alineacion : qint32 {
-        IzquierdaArriba = 0,
-        IzquierdaCentro = 1,
-        IzquierdaAbajo = 2,
-        CentroArriba = 3,
-        CentroCentro = 4,
-        CentroAbajo = 5,
-        DerechaArriba = 6,
-        DerechaCentro = 7,
-        DerechaAbajo = 8,
-        General = 9 // numbers right, other texts left, both vertically centred
-    };
     // Sort codes the program applies.
     enum Orden : qint32 {
         NumericoAscendente = 3, // by numeric value; a text that is no number counts as 0
@@ -44,22 +33,22 @@ public:
 
     explicit clsGrillaFlexible(QObject* xPadre = nullptr);
 
-    qint32 Rows() const { return static_cast<qint32>(mFilas.size()); }
+    qint32 Rows() const override { return static_cast<qint32>(mFilas.size()); }
     void SetRows(qint32 xFilas);
-    qint32 Cols() const { return mColumnas; }
+    qint32 Cols() const override { return mColumnas; }
     void SetCols(qint32 xColumnas);
     qint32 FixedRows() const { return mFilasFijas; }
     void SetFixedRows(qint32 xFijas);
     qint32 FixedCols() const { return mColumnasFijas; }
     void SetFixedCols(qint32 xFijas);
 
-    QString TextMatrix(qint32 xFila, qint32 xColumna) const;
+    QString TextMatrix(qint32 xFila, qint32 xColumna) const override;
     void SetTextMatrix(qint32 xFila, qint32 xColumna, const QString& xTexto);
     qint32 RowData(qint32 xFila) const;
     void SetRowData(qint32 xFila, qint32 xDato);
-    qint32 ColWidth(qint32 xColumna) const;
+    qint32 ColWidth(qint32 xColumna) const override;
     void SetColWidth(qint32 xColumna, qint32 xTwips);
-    qint32 ColAlignment(qint32 xColumna) const;
+    qint32 ColAlignment(qint32 xColumna) const override;
     void SetColAlignment(qint32 xColumna, qint32 xCodigo);
 
     // Appends one row whose cells are the tab-separated parts of xTexto (parts beyond the last

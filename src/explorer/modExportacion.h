@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/modFuncionesConversion.h"
+#include "data/formato/modFuncionesConversion.h"
 
 #include <QByteArray>
 #include <QSaveFile>

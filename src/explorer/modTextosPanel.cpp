@@ -14,9 +14,8 @@ QString TextoFecha(const QDateTime& xFecha, const clsConfiguracionRegional& xReg
     return xRegional.FormatoFecha(xFecha, QStringLiteral("mm/dd/yyyy hh:mm:ss"));
 }
 
-QString TextoTamanio(float xBytes, const clsConfiguracionRegional& xRegional) {
-    return xRegional.Formato(modFunciones::Kilobytes(xBytes), QStringLiteral("#0.##")) +
-           QStringLiteral(" KB");
+QString TextoTamanio(double xBytes, const clsConfiguracionRegional& xRegional) {
+    return xRegional.TextoKilobytes(xBytes, QStringLiteral("#0.##"));
 }
 
 // In the order the panel fills them: the database is asked for each value once.

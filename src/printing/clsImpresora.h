@@ -1,5 +1,7 @@
 #pragma once
 
+#include "common/modFunciones.h"
+
 #include <QString>
 
 // The printer as reports see it: a page with a current position, a current font and a scale.
@@ -44,6 +46,10 @@ public:
 
     // Width of the widest line and height of all the lines of a text, in the current scale.
     double TextWidth(const QString& xTexto) const;
+    // TextWidth as a measure for MultiLinea; the printer must outlive it.
+    modFunciones::AnchoDeTexto AnchoDe() const {
+        return [this](const QString& xTexto) { return TextWidth(xTexto); };
+    }
     double TextHeight(const QString& xTexto) const;
 
     void Print(const QString& xTexto = QString());

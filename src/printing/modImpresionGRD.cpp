@@ -3,7 +3,7 @@
 #include "common/ErrorVB.h"
 #include "common/clsConfiguracionRegional.h"
 #include "common/modFunciones.h"
-#include "explorer/clsGrillaFlexible.h"
+#include "printing/clsGrillaImpresion.h"
 #include "printing/clsImpresora.h"
 
 #include <QDate>
@@ -54,12 +54,12 @@ enum class Lado { Izquierda, Centro, Derecha, Ninguno };
 
 // The side a grid alignment code puts a column's texts on.
 Lado LadoDe(qint32 xCodigo) {
-    if (xCodigo >= clsGrillaFlexible::IzquierdaArriba &&
-        xCodigo <= clsGrillaFlexible::IzquierdaAbajo)
+    if (xCodigo >= clsGrillaImpresion::IzquierdaArriba &&
+        xCodigo <= clsGrillaImpresion::IzquierdaAbajo)
         return Lado::Izquierda;
-    if (xCodigo >= clsGrillaFlexible::CentroArriba && xCodigo <= clsGrillaFlexible::CentroAbajo)
+    if (xCodigo >= clsGrillaImpresion::CentroArriba && xCodigo <= clsGrillaImpresion::CentroAbajo)
         return Lado::Centro;
-    if (xCodigo >= clsGrillaFlexible::DerechaArriba && xCodigo <= clsGrillaFlexible::DerechaAbajo)
+    if (xCodigo >= clsGrillaImpresion::DerechaArriba && xCodigo <= clsGrillaImpresion::DerechaAbajo)
         return Lado::Derecha;
     return Lado::Ninguno;
 }
@@ -99,7 +99,7 @@ Lado LadoDeLinea(qint32 xAlineacion) {
 // One report on one printer, with what its procedures share while it prints.
 class clsInforme {
 public:
-    clsInforme(clsImpresora& xImpresora, const clsGrillaFlexible& xGrilla,
+    clsInforme(clsImpresora& xImpresora, const clsGrillaImpresion& xGrilla,
                const clsColImpresionGrd& xEncabezado, const QString& xTitulo)
         : p(xImpresora), mGrilla(xGrilla), mEncabezado(xEncabezado), mTitulo(xTitulo) {}
 
@@ -118,7 +118,7 @@ private:
     qint32 Columnas() const { return std::max(0, mGrilla.Cols() - 1); }
 
     clsImpresora& p;
-    const clsGrillaFlexible& mGrilla;
+    const clsGrillaImpresion& mGrilla;
     const clsColImpresionGrd& mEncabezado;
     const QString& mTitulo;
     std::vector<double> mInicios; // where each column starts, set by every page head
@@ -298,7 +298,7 @@ QString NombrePropio(const QString& xNombre) {
     return nombre;
 }
 
-bool OutImpresion(const QString& xTitulo, const clsGrillaFlexible& xGrilla,
+bool OutImpresion(const QString& xTitulo, const clsGrillaImpresion& xGrilla,
                   const DialogoImpresora& xDialogo, const clsColImpresionGrd& xEncabezado,
                   const clsColImpresionGrd& xPie) {
     // The pointer goes back to normal however the report ends.

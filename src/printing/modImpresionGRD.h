@@ -7,7 +7,7 @@
 #include <functional>
 #include <memory>
 
-class clsGrillaFlexible;
+class clsGrillaImpresion;
 class clsImpresora;
 
 // Prints a grid as a paginated report: on every page a head (the user's name, page number, date
@@ -32,7 +32,7 @@ struct DialogoImpresora {
 };
 
 // The whole report; true when the printer dialog was confirmed and the report printed.
-bool OutImpresion(const QString& xTitulo, const clsGrillaFlexible& xGrilla,
+bool OutImpresion(const QString& xTitulo, const clsGrillaImpresion& xGrilla,
                   const DialogoImpresora& xDialogo, const clsColImpresionGrd& xEncabezado,
                   const clsColImpresionGrd& xPie);
 

@@ -6,7 +6,7 @@
 namespace modInformeBase {
 
 bool ImprimirInforme(clsPDBInterface& xBase, const QString& xTitulo,
-                     const clsGrillaFlexible& xTabla,
+                     const clsGrillaImpresion& xTabla,
                      const modImpresionGRD::DialogoImpresora& xDialogo) {
     clsColImpresionGrd encabezado;
     clsColImpresionGrd pie;

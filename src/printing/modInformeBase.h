@@ -4,7 +4,7 @@
 
 #include <QString>
 
-class clsGrillaFlexible;
+class clsGrillaImpresion;
 class clsPDBInterface;
 
 // The database report: the records grid printed as a grid report under the explorer's caption,
@@ -13,7 +13,7 @@ namespace modInformeBase {
 
 // Returns whether the printer dialog was confirmed; failures are raised as they come.
 bool ImprimirInforme(clsPDBInterface& xBase, const QString& xTitulo,
-                     const clsGrillaFlexible& xTabla,
+                     const clsGrillaImpresion& xTabla,
                      const modImpresionGRD::DialogoImpresora& xDialogo);
 
 } // namespace modInformeBase

@@ -1,14 +1,15 @@
 #include "shell/frmInicio.h"
+#include "shell/frmMensajeConstruccion.h"
 
 #include "common/ErrorVB.h"
 #include "common/modRecientes.h"
+#include "common/ventanas/modDialogos.h"
+#include "common/ventanas/modRecursosGraficos.h"
 #include "data/modHandheld.h"
-#include "device/frmInformacion.h"
-#include "errors/MostrarMensajeError.h"
-#include "explorer/frmPandrel.h"
+#include "device/ventanas/frmInformacion.h"
+#include "errors/ventanas/MostrarMensajeError.h"
+#include "explorer/ventanas/frmPandrel.h"
 #include "shell/frmSplash.h"
-#include "shell/modDialogos.h"
-#include "shell/modRecursosGraficos.h"
 
 #include <QCloseEvent>
 #include <QCoreApplication>
@@ -270,6 +271,10 @@ frmPandrel* frmInicio::AnalizarArchivos() {
         connect(explorador, &frmPandrel::PunteroNormal, this,
                 [this] { setCursor(Qt::ArrowCursor); });
         connect(explorador, &frmPandrel::Progreso, this, &frmInicio::MostrarProgreso);
+        connect(explorador, &frmPandrel::AvisoConstruccion, explorador, [explorador] {
+            frmMensajeConstruccion aviso(explorador);
+            aviso.exec();
+        });
         QMdiSubWindow* hija = mArea->addSubWindow(explorador);
         hija->setAttribute(Qt::WA_DeleteOnClose);
         setCursor(Qt::WaitCursor);

@@ -1,5 +1,5 @@
 #include "common/ErrorVB.h"
-#include "errors/MostrarMensajeError.h"
+#include "errors/ventanas/MostrarMensajeError.h"
 #include "shell/modMain.h"
 
 #include <QApplication>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "data/clsArchivoPDB.h"
-#include "data/clsFuenteCarpeta.h"
+#include "data/carpeta/clsFuenteCarpeta.h"
+#include "data/formato/clsArchivoPDB.h"
 
 #include <QDateTime>
 #include <QDir>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/clsFuenteZip.h"
+#include "data/zip/clsFuenteZip.h"
 #include "support/FabricaCarpeta.h"
 #include "support/modZipPrueba.h"
 

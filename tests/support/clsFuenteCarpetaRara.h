@@ -1,7 +1,7 @@
 #pragma once
 
 #include "common/ErrorVB.h"
-#include "data/clsFuenteCarpeta.h"
+#include "data/carpeta/clsFuenteCarpeta.h"
 #include "data/clsGestorDelegado.h"
 
 #include <QMap>

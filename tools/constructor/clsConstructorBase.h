@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/clsArchivoPDB.h"
+#include "data/formato/clsArchivoPDB.h"
 
 #include <QDateTime>
 #include <QString>

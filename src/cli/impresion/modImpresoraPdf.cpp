@@ -3,7 +3,7 @@
 // (on Qt's offscreen platform unless another is asked for) and the printer that writes a PDF file.
 
 #include "common/ErrorVB.h"
-#include "printing/clsImpresoraQt.h"
+#include "printing/ventanas/clsImpresoraQt.h"
 
 #include <QGuiApplication>
 #include <QMarginsF>

@@ -1,0 +1,29 @@
+#include "errors/ventanas/MostrarMensajeError.h"
+
+#include "common/ErrorVB.h"
+#include "errors/ventanas/frmMensajeError.h"
+
+#include <QApplication>
+
+namespace {
+
+// Over whatever window holds the person's attention: a second failure stands over the first.
+QWidget* VentanaActiva() {
+    if (QWidget* modal = QApplication::activeModalWidget()) return modal;
+    return QApplication::activeWindow();
+}
+
+} // namespace
+
+void MostrarMensajeError(qint32 xNumero, const QString& xDescripcion, const QString& xFuente,
+                         const QString& xFormulario, const QString& xProcedimiento) {
+    frmMensajeError ventana(VentanaActiva());
+    ventana.Component(xNumero, xDescripcion, xFuente, xFormulario, xProcedimiento);
+    ventana.exec();
+}
+
+void MostrarMensajeError(const ErrorVB& xError, const QString& xFormulario,
+                         const QString& xProcedimiento) {
+    MostrarMensajeError(xError.Numero(), xError.Descripcion(), xError.Fuente(), xFormulario,
+                        xProcedimiento);
+}

@@ -1,0 +1,188 @@
+#include "errors/ventanas/frmMensajeError.h"
+
+#include "common/ErrorVB.h"
+#include "common/clsConfiguracionRegional.h"
+#include "common/modFecha.h"
+#include "common/modFunciones.h"
+#include "common/ventanas/modDialogos.h"
+#include "errors/ventanas/MostrarMensajeError.h"
+#include "printing/ventanas/clsImpresoraQt.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPrinter>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace {
+
+const QString FormatoFechaHora = QStringLiteral("mm/dd/yyyy hh:mm:ss");
+const QString FormatoHora = QStringLiteral("hh:mm:ss");
+
+QFont Arial(bool xNegrita = false) {
+    QFont fuente(QStringLiteral("Arial"), 9);
+    fuente.setBold(xNegrita);
+    return fuente;
+}
+
+QLabel* Rotulo(const QString& xNombre, const QString& xTexto) {
+    auto* rotulo = new QLabel(xTexto);
+    rotulo->setObjectName(xNombre);
+    rotulo->setFont(Arial(true));
+    return rotulo;
+}
+
+// A value the user can read and copy but not change, boxed as a field.
+QLabel* Valor(const QString& xNombre) {
+    auto* valor = new QLabel;
+    valor->setObjectName(xNombre);
+    valor->setFont(Arial());
+    valor->setFrameStyle(QFrame::Panel | QFrame::Sunken);
+    valor->setMinimumHeight(22);
+    valor->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    return valor;
+}
+
+} // namespace
+
+frmMensajeError::frmMensajeError(QWidget* parent) : QDialog(parent) {
+    setWindowTitle(QStringLiteral("Mensaje de Error"));
+    setModal(true);
+    CrearControles();
+    connect(cmdOk, &QPushButton::clicked, this, &QDialog::accept);
+    connect(cmdImprimir, &QPushButton::clicked, this, &frmMensajeError::cmdImprimir_Click);
+}
+
+void frmMensajeError::CrearControles() {
+    Frame1 = new QGroupBox(QStringLiteral(" SE HA PRODUCIDO UN ERROR "));
+    Frame1->setObjectName(QStringLiteral("Frame1"));
+    QFont titulo(QStringLiteral("Times New Roman"), 11);
+    titulo.setBold(true);
+    Frame1->setFont(titulo);
+
+    lblErrorNumero = Valor(QStringLiteral("lblErrorNumero"));
+    txtErrorDescrip = new QPlainTextEdit;
+    txtErrorDescrip->setObjectName(QStringLiteral("txtErrorDescrip"));
+    txtErrorDescrip->setFont(Arial());
+    txtErrorDescrip->setReadOnly(true);
+    txtErrorDescrip->setFixedHeight(72);
+    lblErrorFecha = Valor(QStringLiteral("lblErrorFecha"));
+    lblErrorHora = Valor(QStringLiteral("lblErrorHora"));
+    lblComputadora = Valor(QStringLiteral("lblComputadora"));
+    lblErrorFormulario = Valor(QStringLiteral("lblErrorFormulario"));
+    lblErrorModuloFormulario = Valor(QStringLiteral("lblErrorModuloFormulario"));
+    txtErrorProcedFuente = new QLineEdit;
+    txtErrorProcedFuente->setObjectName(QStringLiteral("txtErrorProcedFuente"));
+    txtErrorProcedFuente->setFont(Arial());
+    txtErrorProcedFuente->setReadOnly(true);
+
+    auto* rejilla = new QGridLayout(Frame1);
+    rejilla->setColumnStretch(1, 1);
+    rejilla->setColumnStretch(3, 1);
+    rejilla->addWidget(Rotulo(QStringLiteral("Label1"), QStringLiteral("Número de Error:")), 0, 0);
+    rejilla->addWidget(lblErrorNumero, 0, 1, 1, 3);
+    rejilla->addWidget(Rotulo(QStringLiteral("Label4"), QStringLiteral("Descripción del Error")), 1,
+                       0, 1, 4);
+    rejilla->addWidget(txtErrorDescrip, 2, 0, 1, 4);
+    rejilla->addWidget(Rotulo(QStringLiteral("Label7"), QStringLiteral("Fecha:")), 3, 0);
+    rejilla->addWidget(lblErrorFecha, 3, 1);
+    rejilla->addWidget(Rotulo(QStringLiteral("Label5"), QStringLiteral("Hora:")), 3, 2);
+    rejilla->addWidget(lblErrorHora, 3, 3);
+    rejilla->addWidget(Rotulo(QStringLiteral("Label9"), QStringLiteral("Computadora:")), 4, 0);
+    rejilla->addWidget(lblComputadora, 4, 1, 1, 3);
+    rejilla->addWidget(Rotulo(QStringLiteral("Label6"), QStringLiteral("Formulario:")), 5, 0);
+    rejilla->addWidget(lblErrorFormulario, 5, 1, 1, 3);
+    rejilla->addWidget(Rotulo(QStringLiteral("Label10"), QStringLiteral("Módulo de Formulario:")),
+                       6, 0);
+    rejilla->addWidget(lblErrorModuloFormulario, 6, 1, 1, 3);
+    rejilla->addWidget(Rotulo(QStringLiteral("Label2"), QStringLiteral("Procedimiento Fuente:")), 7,
+                       0);
+    rejilla->addWidget(txtErrorProcedFuente, 7, 1, 1, 3);
+
+    cmdImprimir = new QPushButton(QStringLiteral("&Imprimir"));
+    cmdImprimir->setObjectName(QStringLiteral("cmdImprimir"));
+    cmdOk = new QPushButton(QStringLiteral("&OK"));
+    cmdOk->setObjectName(QStringLiteral("cmdOk"));
+    cmdOk->setDefault(true);
+    auto* botones = new QHBoxLayout;
+    botones->addStretch();
+    botones->addWidget(cmdImprimir);
+    botones->addWidget(cmdOk);
+
+    auto* principal = new QVBoxLayout(this);
+    principal->addWidget(Frame1);
+    principal->addLayout(botones);
+    setMinimumWidth(460);
+}
+
+void frmMensajeError::Component(qint32 xErrNumber, const QString& xErrDescription,
+                                const QString& xErrSource, const QString& xFormulario,
+                                const QString& xModuloFormulario) {
+    const clsConfiguracionRegional& regional = clsConfiguracionRegional::Actual();
+    mFecha = modFecha::Ahora();
+    mDescripcion = xErrDescription;
+    mFuente = xErrSource;
+    lblErrorFecha->setText(regional.FormatoFecha(mFecha, FormatoFechaHora));
+    lblErrorHora->setText(regional.FormatoFecha(mFecha, FormatoHora));
+    lblComputadora->clear();
+    lblErrorNumero->setText(QString::number(xErrNumber));
+    txtErrorDescrip->setPlainText(xErrDescription);
+    lblErrorFormulario->setText(xFormulario);
+    lblErrorModuloFormulario->setText(xModuloFormulario);
+    txtErrorProcedFuente->setText(xErrSource);
+}
+
+// A printer dialog the person cancels ends the click without a word.
+void frmMensajeError::cmdImprimir_Click() {
+    QPrinter dlgImprimir(QPrinter::HighResolution);
+    if (!modDialogos::ElegirImpresora(this, dlgImprimir)) return;
+    ImprimoError(dlgImprimir);
+}
+
+void frmMensajeError::ImprimoError(QPrinter& xImpresora) {
+    try {
+        const std::shared_ptr<clsImpresora> impresora = clsImpresoraQt::Para(xImpresora);
+        Imprimir(*impresora);
+    } catch (const ErrorVB& error) {
+        MostrarMensajeError(error, QStringLiteral("Error Message"), QStringLiteral("ImprimoError"));
+    } catch (const std::exception& error) {
+        MostrarMensajeError(0, QString::fromLocal8Bit(error.what()), QStringLiteral("Pandrel"),
+                            QStringLiteral("Error Message"), QStringLiteral("ImprimoError"));
+    }
+}
+
+// One page in character cells: the title centred on line 1, the facts from column 10. The
+// description's continuation lines start at the left edge, so MultiLinea indents them by ten
+// blanks to stand under the labels. "Form´s Module" carries the procedure and "Procedure" the
+// source, as the window's captions pair them.
+void frmMensajeError::Imprimir(clsImpresora& xImpresora) {
+    const clsConfiguracionRegional& regional = clsConfiguracionRegional::Actual();
+    const QString titulo = QStringLiteral("An Error was occurred");
+    xImpresora.SetScaleMode(clsImpresora::EscalaCaracteres);
+    xImpresora.SetFontName(QStringLiteral("MS Sans Serif"));
+    xImpresora.SetFontSize(9);
+    xImpresora.SetCurrentX((xImpresora.ScaleWidth() - xImpresora.TextWidth(titulo)) / 2);
+    xImpresora.SetCurrentY(1);
+    xImpresora.Print(titulo);
+
+    const auto linea = [&xImpresora](double xY, const QString& xTexto) {
+        xImpresora.SetCurrentX(10);
+        xImpresora.SetCurrentY(xY);
+        xImpresora.Print(xTexto);
+    };
+    linea(5, QStringLiteral("Date: ") + regional.FormatoFecha(mFecha, FormatoFechaHora));
+    linea(6, QStringLiteral("Time: ") + regional.FormatoFecha(mFecha, FormatoHora));
+    linea(7, QStringLiteral("Computer: ") + lblComputadora->text());
+    linea(10, QStringLiteral("Number: ") + lblErrorNumero->text());
+    linea(11, QStringLiteral("Description: ") +
+                  modFunciones::MultiLinea(mDescripcion, 70, 10, xImpresora.AnchoDe()));
+    linea(14, QStringLiteral("Form: ") + lblErrorFormulario->text());
+    linea(15, QStringLiteral("Form\u00B4s Module: ") + lblErrorModuloFormulario->text());
+    linea(16, QStringLiteral("Procedure: ") + mFuente);
+    xImpresora.EndDoc();
+    xImpresora.SetScaleMode(clsImpresora::EscalaTwips);
+}

@@ -1,0 +1,76 @@
+// Export and print of the records grid: the file and printer dialogs and the messages here, the
+// file format in modExportacion and the report in modInformeBase.
+#include "explorer/ventanas/frmPandrel.h"
+
+#include "common/ventanas/modDialogos.h"
+#include "data/clsPDBInterface.h"
+#include "data/formato/modFuncionesConversion.h"
+#include "data/modHandheld.h"
+#include "explorer/clsGrillaFlexible.h"
+#include "explorer/modExportacion.h"
+#include "explorer/ventanas/clsVistaGrilla.h"
+#include "printing/modInformeBase.h"
+#include "printing/ventanas/clsImpresoraQt.h"
+
+#include <QPrinter>
+
+void frmPandrel::ExportarInformacion() {
+    QString filtro;
+    const QString archivo =
+        modDialogos::GuardarArchivo(this, QString(), QString(), modExportacion::kFiltros, &filtro);
+    if (archivo.isEmpty()) return;
+    const int indiceFiltro = modExportacion::IndiceFiltro(filtro);
+    Atrapar(QStringLiteral("ExportarInformacion"), [&] {
+        const QString nombre = modExportacion::NombreConExtension(archivo.trimmed(), indiceFiltro);
+        if (!ValidarArchivoExportacion(nombre)) return;
+        setCursor(Qt::WaitCursor);
+        if (!CargarTabla(false, -1)) return;
+        modExportacion::ExportarGrilla(
+            grdTabla->Grilla(), nombre, modExportacion::FormatoDeFiltro(indiceFiltro),
+            [this](qint32 xColumna) { return mBase->FieldType(xColumna); },
+            modFuncionesConversion::TablaCodigoPagina::Para(
+                modHandheld::FuenteActual()->CodigoPagina()));
+    });
+    setCursor(Qt::ArrowCursor);
+}
+
+bool frmPandrel::ValidarArchivoExportacion(const QString& xArchivo) {
+    const modExportacion::Respuestas respuestas{
+        [this](const QString& xMensaje) {
+            modDialogos::MsgBox(this, xMensaje, QMessageBox::Ok, QMessageBox::Warning,
+                                windowTitle());
+        },
+        [this](const QString& xPregunta) {
+            return modDialogos::MsgBox(this, xPregunta, QMessageBox::Yes | QMessageBox::No,
+                                       QMessageBox::Question, windowTitle()) == QMessageBox::Yes;
+        }};
+    return modExportacion::ValidarArchivoExportacion(xArchivo, respuestas);
+}
+
+// The report of the grid as it stands, under the window's caption.
+void frmPandrel::Imprimir() {
+    const modImpresionGRD::DialogoImpresora dialogo{
+        [this](qint32& xCopias) -> std::shared_ptr<clsImpresora> {
+            auto impresora = std::make_shared<QPrinter>(QPrinter::HighResolution);
+            if (!modDialogos::ElegirImpresora(this, *impresora)) return nullptr;
+            xCopias = impresora->copyCount();
+            // The printer lives as long as the printer interface painting on it.
+            struct Juntos {
+                std::shared_ptr<QPrinter> Impresora;
+                std::shared_ptr<clsImpresora> Interfaz;
+            };
+            auto juntos =
+                std::make_shared<Juntos>(Juntos{impresora, clsImpresoraQt::Para(*impresora)});
+            return std::shared_ptr<clsImpresora>(juntos, juntos->Interfaz.get());
+        },
+        [this](const QString& xTexto, const QString& xTitulo) {
+            modDialogos::MsgBox(this, xTexto, QMessageBox::Ok, QMessageBox::Warning, xTitulo);
+        },
+        [this](bool xEspera) { setCursor(xEspera ? Qt::WaitCursor : Qt::ArrowCursor); }};
+    try {
+        modInformeBase::ImprimirInforme(*mBase, windowTitle(), grdTabla->Grilla(), dialogo);
+    } catch (const std::exception&) {
+        modDialogos::MsgBox(this, QStringLiteral("Printing error."), QMessageBox::Ok,
+                            QMessageBox::Warning, windowTitle());
+    }
+}

@@ -1,0 +1,147 @@
+// The explorer's panels for the chosen database: the header facts, the schema grid, and for an
+// application the databases of its creator with their totals.
+#include "explorer/clsNavegadorRegistros.h"
+#include "explorer/ventanas/frmPandrel.h"
+
+#include "common/ErrorVB.h"
+#include "common/clsConfiguracionRegional.h"
+#include "common/modFunciones.h"
+#include "data/clsPDBInterface.h"
+#include "explorer/clsGrillaFlexible.h"
+#include "explorer/modTextosPanel.h"
+#include "explorer/ventanas/clsVistaGrilla.h"
+
+#include <QGroupBox>
+#include <QLabel>
+#include <QStackedWidget>
+#include <QTreeWidget>
+
+namespace {
+const QString kSeparador = QStringLiteral("\t");
+
+struct ColumnaRecurso {
+    const char* Titulo;
+    qint32 Ancho; // twips
+    qint32 Alineacion;
+};
+const ColumnaRecurso kColumnasRecurso[] = {
+    {"File", 1800, clsGrillaFlexible::IzquierdaCentro},
+    {"Type", 600, clsGrillaFlexible::IzquierdaCentro},
+    {"Record Count", 1100, clsGrillaFlexible::DerechaCentro},
+    {"Size", 800, clsGrillaFlexible::DerechaCentro},
+    {"Version", 800, clsGrillaFlexible::DerechaCentro},
+    {"Creation Date", 2000, clsGrillaFlexible::DerechaCentro},
+    {"Modification Date", 2000, clsGrillaFlexible::DerechaCentro},
+    {"Backup Date", 2000, clsGrillaFlexible::DerechaCentro},
+};
+constexpr qint32 kColumnasRecursoVisibles = 8;
+} // namespace
+
+void frmPandrel::CargarInformacionBase() {
+    mPaneles->setCurrentWidget(mBase->IsDataBase() ? fraDataBase : fraRecursos);
+
+    const qint32 cantidad = mBase->NumRecords();
+    mNavegador->EstablecerCantidadRegistros(cantidad);
+    lblCantidadRegistros->setText(QStringLiteral("Record ") +
+                                  (cantidad > 0 ? QStringLiteral("1") : QStringLiteral("0")) +
+                                  QStringLiteral("/ ") + QString::number(cantidad));
+
+    const clsConfiguracionRegional& regional = clsConfiguracionRegional::Actual();
+    lblVersion->setText(modTextosPanel::TextoVersion(mBase->DBVersion(), regional));
+    lblTipo->setText(mBase->DBType());
+    lblFechaCreacion->setText(modTextosPanel::TextoFecha(mBase->CreationDate(), regional));
+    lblFechaModificacion->setText(modTextosPanel::TextoFecha(mBase->ModificationDate(), regional));
+    lblFechaBackup->setText(modTextosPanel::TextoFecha(mBase->BackupDate(), regional));
+    lblTotalRecuperado->setText(QStringLiteral("0"));
+    lblTamanio->setText(modTextosPanel::TextoTamanio(mBase->DBSize(), regional));
+}
+
+void frmPandrel::CargarFormatoCampos() {
+    clsGrillaFlexible& grilla = grdCampos->Grilla();
+    grilla.SetCols(3);
+    grilla.AddItem(QStringLiteral("Field\tType"));
+    grilla.SetFixedCols(2);
+    grilla.SetColWidth(0, 2000);
+    grilla.SetColWidth(1, 840);
+    grilla.SetColWidth(2, 0);
+}
+
+void frmPandrel::CargarFormatoRecurso() {
+    Atrapar(QStringLiteral("CargarFormatoRecurso"), [this] {
+        clsGrillaFlexible& grilla = grdRecursos->Grilla();
+        grilla.SetRows(0);
+        grilla.SetCols(kColumnasRecursoVisibles + 1);
+        grilla.SetColWidth(kColumnasRecursoVisibles, 0);
+        QStringList titulos;
+        for (const ColumnaRecurso& columna : kColumnasRecurso)
+            titulos << QString::fromLatin1(columna.Titulo);
+        grilla.AddItem(titulos.join(kSeparador));
+        grilla.SetFixedRows(0);
+        grilla.SetFixedCols(kColumnasRecursoVisibles);
+        for (qint32 c = 0; c < kColumnasRecursoVisibles; ++c) {
+            grilla.SetColAlignment(c, kColumnasRecurso[c].Alineacion);
+            grilla.SetColWidth(c, kColumnasRecurso[c].Ancho);
+        }
+    });
+}
+
+void frmPandrel::CargarRecursos(QTreeWidgetItem* xNodo) {
+    Atrapar(QStringLiteral("CargarRecursos"), [this, xNodo] {
+        mTotalRegistros = 0;
+        mTotalTamanio = 0;
+        if (!xNodo->parent())
+            throw ErrorVB(91, QStringLiteral("frmPandrel"),
+                          QStringLiteral("Object variable or With block variable not set"));
+        const QString lista = mBase->RetrieveDataBases(xNodo->parent()->text(0), kSeparador);
+        if (lista.trimmed().isEmpty()) return;
+        clsGrillaFlexible& grilla = grdRecursos->Grilla();
+        const QStringList entradas = EntradasLista(lista);
+        for (qsizetype i = 0; i < entradas.size(); ++i) {
+            const QString& entrada = entradas.at(i);
+            const qsizetype estrella = entrada.indexOf(QLatin1Char('*'));
+            grilla.AddItem(FilaRecurso(estrella < 0 ? entrada : entrada.left(estrella)));
+            if (grilla.Rows() == 2) {
+                grilla.SetFixedCols(0);
+                grilla.SetFixedRows(1);
+            }
+            InformarProgreso(static_cast<int>(i + 1), static_cast<int>(entradas.size()));
+        }
+    });
+}
+
+// One database of the application's creator, opened in turn; one that cannot be opened is
+// listed as in use and adds nothing to the totals.
+QString frmPandrel::FilaRecurso(const QString& xNombre) {
+    mBase->CloseDatabase();
+    try {
+        mBase->OpenFile(xNombre);
+    } catch (const std::exception&) {
+        QStringList celdas = {xNombre + QStringLiteral(" (file in use) "), QStringLiteral("Data")};
+        for (int c = 2; c < kColumnasRecursoVisibles; ++c)
+            celdas << QStringLiteral("Unknow");
+        return celdas.join(kSeparador);
+    }
+    const auto tamanio = static_cast<float>(modFunciones::Kilobytes(mBase->DBSize()));
+    const qint32 registros = mBase->NumRecords();
+    mTotalTamanio += tamanio;
+    mTotalRegistros += registros;
+
+    const clsConfiguracionRegional& regional = clsConfiguracionRegional::Actual();
+    return QStringList{xNombre,
+                       mBase->DBType(),
+                       QString::number(registros),
+                       regional.TextoSingle(tamanio),
+                       regional.TextoSingle(mBase->DBVersion()),
+                       regional.TextoFechaGeneral(mBase->CreationDate()),
+                       regional.TextoFechaGeneral(mBase->ModificationDate()),
+                       regional.TextoFechaGeneral(mBase->BackupDate())}
+        .join(kSeparador);
+}
+
+void frmPandrel::MostrarTotalesAplicacion() {
+    lblCantidadObjetos->setText(QString::number(grdRecursos->Grilla().Rows() - 1));
+    lblTotalRegistros->setText(QString::number(mTotalRegistros));
+    lblTamanioAplicacion->setText(
+        clsConfiguracionRegional::Actual().Formato(mTotalTamanio, QStringLiteral("0.00")) +
+        QStringLiteral(" KB"));
+}

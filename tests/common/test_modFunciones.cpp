@@ -1,0 +1,131 @@
+#include "common/ErrorVB.h"
+#include "common/clsConfiguracionRegional.h"
+#include "common/modFunciones.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+namespace {
+
+TEST(OrdenarVector, OrdenaSegunSentido) {
+    const struct {
+        QStringList Entrada;
+        int Sentido;
+        QStringList Esperado;
+    } casos[] = {
+        {{}, 1, {}},
+        {{"pear", "apple", "fig"}, 0, {"pear", "fig", "apple"}},
+        // A binary comparison puts upper-case letters before every lower-case one.
+        {{"b", "a", "B", "A"}, 1, {"A", "B", "a", "b"}},
+        {{"ab*1", "a*4", "abc"}, 1, {"a*4", "ab*1", "abc"}},
+        {{"c", "a", "b"}, 2, {"c", "a", "b"}}, // an unknown direction leaves the list alone
+    };
+    for (const auto& caso : casos) {
+        QStringList lista = caso.Entrada;
+        modFunciones::OrdenarVector(lista, caso.Sentido);
+        EXPECT_EQ(lista, caso.Esperado) << caso.Entrada.join(' ').toStdString();
+    }
+}
+
+TEST(OrdenarVector, LimiteDeLosContadores) {
+    struct Caso {
+        int cantidad;
+        bool desborda;
+    } casos[] = {{32767, false}, {32768, true}};
+    for (const Caso& caso : casos) {
+        QStringList lista;
+        for (int i = 0; i < caso.cantidad; ++i)
+            lista.append(i == 0 ? QStringLiteral("z") : QStringLiteral("a"));
+        try {
+            modFunciones::OrdenarVector(lista, 1);
+            EXPECT_FALSE(caso.desborda) << caso.cantidad;
+            EXPECT_EQ(lista.last(), QStringLiteral("z"));
+        } catch (const ErrorVB& e) {
+            EXPECT_TRUE(caso.desborda) << caso.cantidad;
+            EXPECT_EQ(e.Numero(), 6);
+            EXPECT_EQ(e.Descripcion(), QStringLiteral("Overflow"));
+            EXPECT_EQ(lista.first(), QStringLiteral("z")) << "the list must be left untouched";
+        }
+    }
+}
+
+TEST(SinBlancos, QuitaSoloLosBlancosDadosDeLosExtremos) {
+    struct Caso {
+        const char16_t* Texto;
+        const char16_t* Blancos;
+        const char16_t* Esperado;
+    } casos[] = {
+        {u"  a b  ", u" ", u"a b"}, {u"\t a \t", u" ", u"\t a \t"},
+        {u"\t a \t", u" \t", u"a"}, {u"   ", u" ", u""},
+        {u"", u" ", u""},           {u" \n x\n ", u" ", u"\n x\n"},
+    };
+    for (const Caso& caso : casos)
+        EXPECT_EQ(modFunciones::SinBlancos(caso.Texto, caso.Blancos).toString(),
+                  QString::fromUtf16(caso.Esperado))
+            << QString::fromUtf16(caso.Texto).toStdString();
+}
+
+// One rounding for every size in KB: the header panel ("#0.##") and the handheld information
+// show the same hundredths, a half going to the even one.
+TEST(Kilobytes, UnaSolaReglaDeRedondeo) {
+    const clsConfiguracionRegional ingles(QLocale(QLocale::English, QLocale::UnitedStates));
+    const struct {
+        double Bytes;
+        double KB;
+        const char* Informacion;
+        const char* Panel;
+    } casos[] = {
+        {640, 0.62, "0.62 KB", "0.62 KB"},  // 0.625: the half goes down to the even 2
+        {1920, 1.88, "1.88 KB", "1.88 KB"}, // 1.875: up to the even 8
+        {1000, 0.98, "0.98 KB", "0.98 KB"}, // 0.9765625
+        {1023, 1, "1 KB", "1. KB"},         // 0.999...
+        {5, 0, "0 KB", "0. KB"},            // less than half a hundredth
+        {8589934592.0, 8388608, "8388608 KB", "8388608. KB"}, // beyond 32 bits
+    };
+    for (const auto& caso : casos) {
+        EXPECT_EQ(modFunciones::Kilobytes(caso.Bytes), caso.KB) << caso.Bytes;
+        EXPECT_EQ(ingles.TextoKilobytes(caso.Bytes), caso.Informacion);
+        EXPECT_EQ(ingles.TextoKilobytes(caso.Bytes, "#0.##"), caso.Panel);
+    }
+}
+
+TEST(CrearCarpeta, CreaCadaNivelYFallaSobreUnArchivo) {
+    QTemporaryDir base;
+    ASSERT_TRUE(base.isValid());
+    const QString profunda = base.filePath("uno/dos/tres");
+    modFunciones::CrearCarpeta(profunda);
+    EXPECT_TRUE(QDir(profunda).exists());
+    EXPECT_NO_THROW(modFunciones::CrearCarpeta(profunda)) << "an existing folder is fine";
+
+    QFile archivo(base.filePath("archivo"));
+    ASSERT_TRUE(archivo.open(QIODevice::WriteOnly));
+    archivo.close();
+    const QString malas[] = {base.filePath("archivo"), base.filePath("archivo/debajo"), "", "   "};
+    for (const QString& mala : malas)
+        EXPECT_THROW(modFunciones::CrearCarpeta(mala), ErrorVB) << mala.toStdString();
+}
+
+TEST(NombreUsuario, UnNombreLargoSeCortaEnSuDecimoquintoCaracter) {
+    const struct {
+        QString Nombre, Cortado;
+    } casos[] = {{"administrators", "administrators"},
+                 {"studentaccount1", "studentaccount"},
+                 {"shortname-with-s", "shortname"},
+                 {QString(300, 'a'), ""}};
+    for (const auto& caso : casos)
+        EXPECT_EQ(modFunciones::CortarNombreUsuario(caso.Nombre), caso.Cortado);
+}
+
+TEST(NombreUsuario, DevuelveElUsuarioDeLaSesion) {
+    const QString nombre = modFunciones::NombreUsuario();
+    EXPECT_FALSE(nombre.isEmpty());
+    EXPECT_LE(nombre.size(), 255);
+    const QString usuario = qEnvironmentVariable("USER");
+    if (!usuario.isEmpty()) {
+        EXPECT_EQ(nombre, modFunciones::CortarNombreUsuario(usuario));
+    }
+}
+
+} // namespace

@@ -1,0 +1,863 @@
+#include "common/ErrorVB.h"
+#include "data/carpeta/clsFuenteCarpeta.h"
+#include "data/formato/clsArchivoPDB.h"
+#include "support/FabricaCarpeta.h"
+#include "support/FabricaZip.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <chrono>
+#include <functional>
+#include <future>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr quint32 Codigo(const char (&x)[5]) {
+    return (quint32(quint8(x[0])) << 24) | (quint32(quint8(x[1])) << 16) |
+           (quint32(quint8(x[2])) << 8) | quint32(quint8(x[3]));
+}
+
+QDateTime Fecha(int xAnio, int xMes, int xDia, int xHora = 0, int xMinuto = 0, int xSegundo = 0) {
+    return QDateTime(QDate(xAnio, xMes, xDia), QTime(xHora, xMinuto, xSegundo), Qt::UTC);
+}
+
+// The standard category block with the given names in slots 0, 1, ...
+QByteArray BloqueCategorias(const QList<QByteArray>& xNombres) {
+    QByteArray bloque(2, '\0');
+    for (int i = 0; i < 16; ++i) {
+        QByteArray nombre = i < xNombres.size() ? xNombres[i] : QByteArray();
+        nombre.resize(16, '\0');
+        bloque += nombre;
+    }
+    for (int i = 0; i < 16; ++i)
+        bloque.append(static_cast<char>(i));
+    bloque.append(2, '\0');
+    return bloque;
+}
+
+clsArchivoPDB BaseDeRegistros(const QByteArray& xNombre, const char (&xCreador)[5] = "TEST") {
+    clsArchivoPDB archivo;
+    archivo.Nombre = xNombre;
+    archivo.Version = 2;
+    archivo.FechaCreacion = 2082844800;     // 1970-01-01 00:00:00
+    archivo.FechaModificacion = 3792059110; // 2024-02-29 13:45:10
+    archivo.FechaBackup = 3029529599;       // 1999-12-31 23:59:59
+    archivo.NumeroModificacion = 41;
+    archivo.Tipo = Codigo("DATA");
+    archivo.Creador = Codigo(xCreador);
+    archivo.SemillaID = 12;
+    archivo.AppInfo = BloqueCategorias({"Unfiled", "Business", "", "Caf\xe9"}) + "APPINFO";
+    archivo.SortInfo = "SORT";
+    return archivo;
+}
+
+// Records with every kind of attribute byte: ID, raw attribute byte, bytes.
+clsArchivoPDB BaseVariada() {
+    clsArchivoPDB archivo = BaseDeRegistros("Variada");
+    archivo.Registros = {
+        {0x41, 5, "uno"},        // dirty, category 1
+        {0x02, 9, "dos"},        // category 2
+        {0xC8, 7, "tres"},       // deleted, dirty, archive
+        {0x42, 3, QByteArray()}, // dirty, category 2, empty
+        {0x11, 11, "cinco"},     // secret, category 1
+    };
+    return archivo;
+}
+
+clsArchivoPDB BaseDeRecursos(const QByteArray& xNombre) {
+    clsArchivoPDB archivo;
+    archivo.Nombre = xNombre;
+    archivo.Atributos = clsArchivoPDB::AtributoRecursos;
+    archivo.Version = 4;
+    archivo.Tipo = Codigo("appl");
+    archivo.Creador = Codigo("PROG");
+    archivo.Recursos = {{Codigo("code"), 1, "codigo"}, {Codigo("tFRM"), 1000, "forma"}};
+    return archivo;
+}
+
+template <typename F> void EsperarError(qint32 xNumero, F&& xAccion, const QString& xTexto = {}) {
+    try {
+        xAccion();
+        ADD_FAILURE() << "no error was raised";
+    } catch (const ErrorVB& error) {
+        EXPECT_EQ(error.Numero(), xNumero) << error.what();
+        EXPECT_TRUE(error.Descripcion().contains(xTexto)) << error.what();
+    }
+}
+
+// The card and the user a source describes, field by field as texts (all but the free RAM).
+QStringList Describir(clsFuentePalm& xFuente) {
+    const auto t = xFuente.CrearSistema()->TarjetaMemoria();
+    const auto u = xFuente.CrearSistema()->InformacionUsuario();
+    const auto n = [](auto x) { return QString::number(x); };
+    return {n(t->Numero()),
+            n(t->Version()),
+            t->FechaCreacion().toString(Qt::ISODate),
+            n(t->TamanoRom()),
+            n(t->TamanoRam()),
+            t->Nombre(),
+            t->Fabricante(),
+            n(t->CantidadBasesRom()),
+            n(t->CantidadBasesRam()),
+            u->Nombre(),
+            u->Clave(),
+            u->FechaUltimaSincronizacion().toString(Qt::ISODate),
+            n(u->UltimaSincronizacionPC()),
+            n(u->IDUsuario())};
+}
+
+// The suite is written against the source roles and a factory that lays databases out in a
+// handheld; any later source of databases passes it by supplying its own factory.
+template <typename T> class FuenteDeBases : public ::testing::Test {
+protected:
+    // The records of a database as its file holds them now, read apart from the source.
+    clsArchivoPDB EnDisco(const QString& xArchivo) {
+        return clsArchivoPDB::Leer(mFabrica.Contenido(xArchivo));
+    }
+    QStringList Listar(clsFuentePalm& xFuente) { return xFuente.CrearGestor()->ListarBases(-1); }
+    QVector<qint32> LeerIDs(clsAdaptadorRegistros& xAdaptador,
+                            const std::function<bool(RegistroPalm&)>& xLeer) {
+        QVector<qint32> ids;
+        xAdaptador.IrAlPrincipio(0);
+        RegistroPalm registro;
+        while (xLeer(registro))
+            ids.append(registro.ID);
+        EXPECT_TRUE(xAdaptador.FinDeRegistros());
+        EXPECT_FALSE(xLeer(registro));
+        return ids;
+    }
+
+    T mFabrica;
+};
+
+using Fabricas = ::testing::Types<FabricaCarpeta, FabricaZip>;
+TYPED_TEST_SUITE(FuenteDeBases, Fabricas);
+
+} // namespace
+
+TYPED_TEST(FuenteDeBases, ElCatalogoConoceCadaBasePorElNombreDeSuCabecera) {
+    this->mFabrica.Poner("b.pdb", BaseDeRegistros("Zeta"));
+    this->mFabrica.Poner("a.pdb", BaseDeRegistros("Alfa"));
+    this->mFabrica.Poner("c.PRC", BaseDeRecursos("Programa"));
+    this->mFabrica.Poner("notas.txt", BaseDeRegistros("Ignorada"));
+    auto fuente = this->mFabrica.Crear();
+    EXPECT_EQ(this->Listar(*fuente), QStringList({"Alfa", "Zeta", "Programa"}));
+    EXPECT_TRUE(TypeParam::Avisos(*fuente).isEmpty());
+}
+
+TYPED_TEST(FuenteDeBases, ElObjetoDeInformacionDaLaCabecera) {
+    const QByteArray bytes = BaseVariada().Escribir();
+    this->mFabrica.Poner("v.pdb", bytes);
+    this->mFabrica.Poner("p.prc", BaseDeRecursos("Programa"));
+    auto fuente = this->mFabrica.Crear();
+    auto gestor = fuente->CrearGestor();
+    const auto info = gestor->BuscarBase("Variada");
+    EXPECT_EQ(info->Nombre(), "Variada");
+    EXPECT_EQ(fuente->CodigoATexto(info->Tipo(), -1), "DATA");
+    EXPECT_EQ(fuente->CodigoATexto(info->Creador(), -1), "TEST");
+    EXPECT_EQ(info->AtributosBase(), 0);
+    EXPECT_EQ(info->Version(), 2);
+    EXPECT_EQ(info->VersionCompanero(), 0);
+    EXPECT_EQ(info->FechaCreacion(), Fecha(1970, 1, 1));
+    EXPECT_EQ(info->FechaModificacion(), Fecha(2024, 2, 29, 13, 45, 10));
+    EXPECT_EQ(info->FechaBackup(), Fecha(1999, 12, 31, 23, 59, 59));
+    EXPECT_EQ(info->TamanoBase(), bytes.size());
+    EXPECT_EQ(info->CantidadRegistros(), 5);
+
+    const auto programa = gestor->BuscarBase("Programa");
+    EXPECT_EQ(programa->AtributosBase() & 1, 1);
+    EXPECT_EQ(fuente->CodigoATexto(programa->Tipo(), -1), "appl");
+    EXPECT_EQ(programa->CantidadRegistros(), 2);
+}
+
+TYPED_TEST(FuenteDeBases, EnumerarFiltraPorCreadorYTipo) {
+    this->mFabrica.Poner("1.pdb", BaseDeRegistros("Uno", "memo"));
+    this->mFabrica.Poner("2.pdb", BaseDeRegistros("Dos", "todo"));
+    this->mFabrica.Poner("3.pdb", BaseDeRegistros("Tres", "memo"));
+    clsArchivoPDB programa = BaseDeRecursos("Cuatro");
+    programa.Creador = Codigo("memo");
+    this->mFabrica.Poner("4.prc", programa);
+    auto fuente = this->mFabrica.Crear();
+    struct Caso {
+        QString Creador, Tipo;
+        QStringList Nombres;
+    };
+    const Caso casos[] = {
+        {"memo", "", {"Uno", "Tres", "Cuatro"}},
+        {"memo", "DATA", {"Uno", "Tres"}},
+        {"", "appl", {"Cuatro"}},
+        {"", "", {"Uno", "Dos", "Tres", "Cuatro"}},
+        {"MEMO", "", {}},
+        {"none", "", {}},
+    };
+    auto gestor = fuente->CrearGestor();
+    for (const Caso& caso : casos) {
+        QStringList nombres;
+        for (auto info = gestor->EnumerarBases(caso.Creador, caso.Tipo, true); info;
+             info = gestor->EnumerarBases(caso.Creador, caso.Tipo, false))
+            nombres.append(info->Nombre());
+        EXPECT_EQ(nombres, caso.Nombres)
+            << caso.Creador.toStdString() << "/" << caso.Tipo.toStdString();
+        EXPECT_EQ(gestor->EnumerarBases(caso.Creador, caso.Tipo, false), nullptr);
+    }
+}
+
+TYPED_TEST(FuenteDeBases, UnNombreRepetidoLoGanaElPrimerArchivoYSeAvisa) {
+    clsArchivoPDB primera = BaseDeRegistros("Memo");
+    primera.Registros = {{0, 1, "primera"}};
+    clsArchivoPDB segunda = BaseDeRegistros("Memo");
+    segunda.Registros = {{0, 1, "segunda"}, {0, 2, "x"}};
+    this->mFabrica.Poner("MemoB.pdb", segunda);
+    this->mFabrica.Poner("MemoA.pdb", primera);
+    auto fuente = this->mFabrica.Crear();
+    EXPECT_EQ(this->Listar(*fuente), QStringList({"Memo"}));
+    auto adaptador = fuente->CrearGestor()->AbrirBaseRegistros("Memo", "", 208);
+    EXPECT_EQ(adaptador->LeerPorID(1).Bytes, QByteArray("primera"));
+    const QStringList avisos = TypeParam::Avisos(*fuente);
+    ASSERT_EQ(avisos.size(), 1);
+    EXPECT_TRUE(avisos[0].contains("MemoB.pdb")) << avisos[0].toStdString();
+    EXPECT_TRUE(avisos[0].contains("\"Memo\"")) << avisos[0].toStdString();
+}
+
+TYPED_TEST(FuenteDeBases, LosArchivosMalFormadosQuedanFueraYSeAvisan) {
+    QByteArray cortada = BaseVariada().Escribir();
+    cortada.replace(0, 8, QByteArray("Cortada\0", 8));
+    cortada.chop(20); // the last records now start past the end
+    this->mFabrica.Poner("basura.pdb", QByteArray(300, '\xA5'));
+    this->mFabrica.Poner("corta.pdb", QByteArray("MemoDB\0\0\0", 9));
+    this->mFabrica.Poner("cortada.pdb", cortada);
+    this->mFabrica.Poner("vacia.prc", QByteArray());
+    this->mFabrica.Poner("valida.pdb", BaseVariada());
+    auto fuente = this->mFabrica.Crear();
+    EXPECT_EQ(this->Listar(*fuente), QStringList({"Variada"}));
+    const QStringList avisos = TypeParam::Avisos(*fuente);
+    ASSERT_EQ(avisos.size(), 4) << avisos.join('\n').toStdString();
+    for (const char* archivo : {"basura.pdb", "corta.pdb", "cortada.pdb", "vacia.prc"})
+        EXPECT_TRUE(avisos.filter(archivo).size() == 1) << archivo;
+
+    auto gestor = fuente->CrearGestor();
+    EsperarError(
+        ErroresFuente::BaseEnUso, [&] { gestor->BuscarBase("Cortada"); }, "Cortada");
+    EsperarError(
+        ErroresFuente::BaseEnUso, [&] { gestor->AbrirBaseRegistros("Cortada", "", 208); },
+        "past the end");
+    EsperarError(
+        ErroresFuente::BaseNoEncontrada, [&] { gestor->BuscarBase("Nadie"); }, "Nadie");
+    EsperarError(ErroresFuente::BaseNoEncontrada,
+                 [&] { gestor->AbrirBaseRecursos("Nadie", "", 208); });
+}
+
+TYPED_TEST(FuenteDeBases, UnHandheldInaccesibleLoDiceEnCadaPuerta) {
+    auto fuente = this->mFabrica.CrearInaccesible();
+    const std::vector<std::function<void()>> puertas = {
+        [&] { fuente->CrearGestor()->ListarBases(-1); },
+        [&] { fuente->CrearGestor()->EnumerarBases("", "", true); },
+        [&] { fuente->CrearGestor()->BuscarBase("MemoDB"); },
+        [&] { fuente->CrearGestor()->AbrirBaseRegistros("MemoDB", "", 208); },
+        [&] { fuente->CrearSistema()->TarjetaMemoria(); },
+        [&] { fuente->CrearSistema()->InformacionUsuario(); },
+    };
+    for (const auto& puerta : puertas)
+        EsperarError(ErroresFuente::HandheldInaccesible, puerta);
+}
+
+TYPED_TEST(FuenteDeBases, AbrirUnaBaseQueYaNoSePuedeLeerDaBaseEnUso) {
+    this->mFabrica.Poner("v.pdb", BaseVariada());
+    this->mFabrica.Poner("p.prc", BaseDeRecursos("Programa"));
+    auto fuente = this->mFabrica.Crear();
+    auto gestor = fuente->CrearGestor();
+    ASSERT_EQ(this->Listar(*fuente).size(), 2);
+    EsperarError(
+        ErroresFuente::BaseEnUso, [&] { gestor->AbrirBaseRegistros("Programa", "", 208); },
+        "resource database");
+    EsperarError(ErroresFuente::BaseEnUso, [&] { gestor->AbrirBaseRecursos("Variada", "", 208); });
+    this->mFabrica.Poner("p.prc", QByteArray("Programa\0garbage", 16));
+    EsperarError(
+        ErroresFuente::BaseEnUso, [&] { gestor->AbrirBaseRecursos("Programa", "", 208); },
+        "Programa");
+    this->mFabrica.Quitar("v.pdb");
+    EsperarError(
+        ErroresFuente::BaseEnUso, [&] { gestor->AbrirBaseRegistros("Variada", "", 208); },
+        "Variada");
+}
+
+// What the catalogue knew when the folder was read gives way to the files as they are on opening.
+TYPED_TEST(FuenteDeBases, AbrirVeLosCambiosHechosDesdeQueSeLeyoLaCarpeta) {
+    const auto Con = [](const QByteArray& xNombre, int xRegistros) {
+        clsArchivoPDB base = BaseDeRegistros(xNombre);
+        for (int i = 0; i < xRegistros; ++i)
+            base.Registros.append({0, quint32(i + 1), "registro"});
+        return base;
+    };
+    const struct {
+        const char* Caso;
+        std::function<void(TypeParam&)> Cambiar;
+        QByteArray Abrir;
+        qint32 Registros; // -1: the open fails as in use
+    } casos[] = {
+        {"untouched", [](TypeParam&) {}, "Alfa", 2},
+        {"more records", [&](TypeParam& x) { x.Poner("a.pdb", Con("Alfa", 5)); }, "Alfa", 5},
+        {"moved to another file",
+         [&](TypeParam& x) {
+             x.Quitar("a.pdb");
+             x.Poner("z.pdb", Con("Alfa", 3));
+         },
+         "Alfa", 3},
+        {"a new database", [&](TypeParam& x) { x.Poner("b.pdb", Con("Beta", 4)); }, "Beta", 4},
+        {"its file holds another database", [&](TypeParam& x) { x.Poner("a.pdb", Con("Beta", 1)); },
+         "Alfa", -1},
+    };
+    for (const auto& caso : casos) {
+        TypeParam fabrica;
+        fabrica.Poner("a.pdb", Con("Alfa", 2));
+        auto fuente = fabrica.Crear();
+        auto gestor = fuente->CrearGestor();
+        ASSERT_EQ(this->Listar(*fuente).size(), 1);
+        caso.Cambiar(fabrica);
+        if (caso.Registros < 0) {
+            EsperarError(
+                ErroresFuente::BaseEnUso, [&] { gestor->AbrirBaseRegistros(caso.Abrir, "", 208); },
+                "no longer on the handheld");
+            continue;
+        }
+        auto adaptador = gestor->AbrirBaseRegistros(caso.Abrir, "", 208);
+        EXPECT_EQ(
+            this->LeerIDs(*adaptador, [&](RegistroPalm& x) { return adaptador->LeerSiguiente(x); })
+                .size(),
+            caso.Registros)
+            << caso.Caso;
+        EXPECT_EQ(gestor->BuscarBase(caso.Abrir)->CantidadRegistros(), caso.Registros) << caso.Caso;
+    }
+}
+
+TYPED_TEST(FuenteDeBases, LasLecturasSecuencialesFiltranYTerminan) {
+    this->mFabrica.Poner("v.pdb", BaseVariada());
+    auto fuente = this->mFabrica.Crear();
+    auto adaptador = fuente->CrearGestor()->AbrirBaseRegistros("Variada", "", 208);
+    auto& a = *adaptador;
+    struct Caso {
+        const char* Nombre;
+        std::function<bool(RegistroPalm&)> Leer;
+        QVector<qint32> IDs;
+    };
+    const std::vector<Caso> casos = {
+        {"all", [&](RegistroPalm& r) { return a.LeerSiguiente(r); }, {5, 9, 7, 3, 11}},
+        {"dirty", [&](RegistroPalm& r) { return a.LeerSiguienteModificado(r); }, {5, 7, 3}},
+        {"category 2", [&](RegistroPalm& r) { return a.LeerSiguienteEnCategoria(2, r); }, {9, 3}},
+        {"category 1", [&](RegistroPalm& r) { return a.LeerSiguienteEnCategoria(1, r); }, {5, 11}},
+        {"deleted read as category 0",
+         [&](RegistroPalm& r) { return a.LeerSiguienteEnCategoria(0, r); },
+         {7}},
+        {"dirty in 2",
+         [&](RegistroPalm& r) { return a.LeerSiguienteModificadoEnCategoria(2, r); },
+         {3}},
+        {"dirty in 7",
+         [&](RegistroPalm& r) { return a.LeerSiguienteModificadoEnCategoria(7, r); },
+         {}},
+    };
+    for (const Caso& caso : casos)
+        EXPECT_EQ(this->LeerIDs(a, caso.Leer), caso.IDs) << caso.Nombre;
+}
+
+TYPED_TEST(FuenteDeBases, ElFinLlegaConElUltimoRegistroYLeerPorIDNoMueveLaLectura) {
+    this->mFabrica.Poner("v.pdb", BaseVariada());
+    auto fuente = this->mFabrica.Crear();
+    auto adaptador = fuente->CrearGestor()->AbrirBaseRegistros("Variada", "", 208);
+    adaptador->IrAlPrincipio(0);
+    RegistroPalm registro;
+    for (int i = 0; i < 5; ++i) {
+        EXPECT_FALSE(adaptador->FinDeRegistros()) << i;
+        ASSERT_TRUE(adaptador->LeerSiguiente(registro));
+        EXPECT_EQ(registro.Indice, i);
+        if (i == 0) {
+            const RegistroPalm borrado = adaptador->LeerPorID(7);
+            EXPECT_EQ(borrado.Indice, 2);
+            EXPECT_EQ(borrado.Atributos, 0xC8);
+            EXPECT_EQ(borrado.Categoria, 0);
+            EXPECT_EQ(borrado.Bytes, QByteArray("tres"));
+        }
+    }
+    EXPECT_TRUE(adaptador->FinDeRegistros());
+    EXPECT_EQ(registro.ID, 11);
+    EXPECT_EQ(registro.Atributos, 0x10);
+    EXPECT_EQ(registro.Categoria, 1);
+    EXPECT_EQ(registro.Bytes, QByteArray("cinco"));
+    registro = {};
+    EXPECT_FALSE(adaptador->LeerSiguiente(registro));
+    EXPECT_EQ(registro.ID, 0); // left untouched
+    adaptador->IrAlPrincipio(0);
+    EXPECT_FALSE(adaptador->FinDeRegistros());
+    EXPECT_TRUE(adaptador->LeerPorID(3).Bytes.isEmpty());
+    EsperarError(
+        ErroresFuente::RegistroNoEncontrado, [&] { adaptador->LeerPorID(8); }, "8");
+}
+
+TYPED_TEST(FuenteDeBases, BloquesYCategoriasSeLeenConLaPaginaDeCodigos) {
+    clsArchivoPDB base = BaseVariada();
+    base.Nombre = "Caf\xe9s";
+    this->mFabrica.Poner("v.pdb", base);
+    struct Caso {
+        QByteArray Ajustes;
+        QString Pagina, Base, Categoria3;
+    };
+    const Caso casos[] = {
+        {"", "windows-1252", QStringLiteral("Caf\u00e9s"), QStringLiteral("Caf\u00e9")},
+        {"[Handheld]\nEncoding=ISO-8859-7\n", "ISO-8859-7", QStringLiteral("Caf\u03b9s"),
+         QStringLiteral("Caf\u03b9")},
+        // An unknown code page is reported and the default one is used.
+        {"[Handheld]\nEncoding=klingon-1\n", "windows-1252", QStringLiteral("Caf\u00e9s"),
+         QStringLiteral("Caf\u00e9")},
+    };
+    for (const Caso& caso : casos) {
+        this->mFabrica.PonerAjustes(caso.Ajustes);
+        auto fuente = this->mFabrica.Crear();
+        EXPECT_EQ(fuente->CodigoPagina(), caso.Pagina);
+        EXPECT_EQ(TypeParam::Avisos(*fuente).filter("klingon-1").size(),
+                  caso.Ajustes.contains("klingon") ? 1 : 0);
+        EXPECT_EQ(this->Listar(*fuente), QStringList({caso.Base}));
+        auto adaptador = fuente->CrearGestor()->AbrirBaseRegistros(caso.Base, "", 208);
+        EXPECT_EQ(adaptador->LeerAppInfo(), base.AppInfo);
+        EXPECT_EQ(adaptador->LeerInfoOrden(), QByteArray("SORT"));
+        const clsCategoriasPalm& categorias = adaptador->Categorias();
+        // Slots 0, 1 and 3 have names: the count reaches the last of them.
+        EXPECT_EQ(categorias.CantidadCategorias(), 4);
+        EXPECT_EQ(categorias.NombreCategoria(0), "Unfiled");
+        EXPECT_EQ(categorias.NombreCategoria(2), "");
+        EXPECT_EQ(categorias.NombreCategoria(3), caso.Categoria3);
+        EXPECT_EQ(categorias.NombreCategoria(15), "");
+        EsperarError(ErrorVB::SubindiceFueraDeRango, [&] { categorias.NombreCategoria(16); });
+    }
+}
+
+TYPED_TEST(FuenteDeBases, SinBloqueDeCategoriasNoHayCategorias) {
+    clsArchivoPDB base = BaseVariada();
+    base.AppInfo = "corto";
+    this->mFabrica.Poner("v.pdb", base);
+    auto fuente = this->mFabrica.Crear();
+    auto adaptador = fuente->CrearGestor()->AbrirBaseRegistros("Variada", "", 208);
+    EXPECT_EQ(adaptador->Categorias().CantidadCategorias(), 0);
+    EXPECT_EQ(adaptador->Categorias().NombreCategoria(0), "");
+}
+
+TYPED_TEST(FuenteDeBases, EscribirUnRegistroDejaTodoLoDemasComoEstaba) {
+    const clsArchivoPDB antes = BaseVariada();
+    this->mFabrica.Poner("v.pdb", antes);
+    auto fuente = this->mFabrica.Crear();
+    auto gestor = fuente->CrearGestor();
+    const auto info = gestor->BuscarBase("Variada");
+    auto adaptador = gestor->AbrirBaseRegistros("Variada", "", 208);
+    const QDateTime desde = QDateTime::currentDateTime().addSecs(-1);
+    EXPECT_EQ(adaptador->EscribirRegistro(9, 4, 0x50, "DOS nuevo"), 9);
+    const QDateTime hasta = QDateTime::currentDateTime().addSecs(1);
+
+    // The file as it would be with only the record, the modification number and date changed.
+    clsArchivoPDB esperado = clsArchivoPDB::Leer(antes.Escribir());
+    esperado.Registros[1] = {0x54, 9, "DOS nuevo"};
+    esperado.NumeroModificacion += 1;
+    const clsArchivoPDB despues = this->EnDisco("v.pdb");
+    esperado.FechaModificacion = despues.FechaModificacion;
+    EXPECT_EQ(despues.Escribir(), esperado.Escribir());
+    const QDateTime modificada = info->FechaModificacion(); // the header as the file is now
+    const auto pared = [](const QDateTime& x) { return QDateTime(x.date(), x.time(), Qt::UTC); };
+    EXPECT_GE(modificada, pared(desde));
+    EXPECT_LE(modificada, pared(hasta));
+
+    const RegistroPalm leido = adaptador->LeerPorID(9);
+    EXPECT_EQ(leido.Bytes, QByteArray("DOS nuevo"));
+    EXPECT_EQ(leido.Categoria, 4);
+    EXPECT_EQ(leido.Atributos, 0x50);
+    EXPECT_EQ(this->mFabrica.Sobrantes(), QStringList()); // no lock or temporary left
+}
+
+TYPED_TEST(FuenteDeBases, UnRegistroNuevoRecibeElIDSiguienteAlMayor) {
+    this->mFabrica.Poner("v.pdb", BaseVariada());
+    auto fuente = this->mFabrica.Crear();
+    auto gestor = fuente->CrearGestor();
+    const auto info = gestor->BuscarBase("Variada");
+    auto adaptador = gestor->AbrirBaseRegistros("Variada", "", 208);
+    EXPECT_EQ(adaptador->EscribirRegistro(0, 3, 0, QByteArray(4, '\0')), 12);
+    EXPECT_EQ(adaptador->EscribirRegistro(0, 1, 0x40, "otro"), 13);
+    const clsArchivoPDB despues = this->EnDisco("v.pdb");
+    ASSERT_EQ(despues.Registros.size(), 7);
+    EXPECT_EQ(despues.Registros[5].ID, 12u);
+    EXPECT_EQ(despues.Registros[5].Atributos, 0x03);
+    EXPECT_EQ(despues.Registros[6].Atributos, 0x41);
+    EXPECT_GT(despues.SemillaID, 13u);
+    EXPECT_EQ(info->CantidadRegistros(), 7);
+    EXPECT_EQ(adaptador->LeerPorID(13).Indice, 6);
+    EsperarError(ErroresFuente::RegistroNoEncontrado,
+                 [&] { adaptador->EscribirRegistro(99, 0, 0, "x"); });
+
+    // Past the largest ID a file holds (24 bits), a new record takes the lowest one free.
+    const struct {
+        QVector<quint32> IDs;
+        qint32 Nuevo;
+    } vueltas[] = {{{0xFFFFFF}, 1}, {{2, 0xFFFFFF, 1, 4}, 3}, {{0xFFFFFE}, 0xFFFFFF}};
+    for (const auto& vuelta : vueltas) {
+        TypeParam fabrica;
+        clsArchivoPDB base = BaseDeRegistros("Llena");
+        for (quint32 id : vuelta.IDs)
+            base.Registros.append({0, id, "r"});
+        fabrica.Poner("l.pdb", base);
+        auto otra = fabrica.Crear();
+        EXPECT_EQ(otra->CrearGestor()
+                      ->AbrirBaseRegistros("Llena", "", 208)
+                      ->EscribirRegistro(0, 0, 0, "nuevo"),
+                  vuelta.Nuevo);
+    }
+}
+
+TYPED_TEST(FuenteDeBases, BorrarQuitaElRegistroOTodos) {
+    const clsArchivoPDB antes = BaseVariada();
+    this->mFabrica.Poner("v.pdb", antes);
+    auto fuente = this->mFabrica.Crear();
+    auto adaptador = fuente->CrearGestor()->AbrirBaseRegistros("Variada", "", 208);
+    adaptador->IrAlPrincipio(0);
+    RegistroPalm registro;
+    for (int i = 0; i < 3; ++i)
+        ASSERT_TRUE(adaptador->LeerSiguiente(registro));
+    adaptador->BorrarRegistro(registro.ID); // the record just read: the read goes on after it
+    ASSERT_TRUE(adaptador->LeerSiguiente(registro));
+    EXPECT_EQ(registro.ID, 3);
+    clsArchivoPDB despues = this->EnDisco("v.pdb");
+    QVector<quint32> ids;
+    for (const auto& registro : despues.Registros)
+        ids.append(registro.ID);
+    EXPECT_EQ(ids, QVector<quint32>({5, 9, 3, 11}));
+    EXPECT_EQ(despues.Registros[3].Datos, QByteArray("cinco"));
+
+    const QByteArray sinCambio = this->mFabrica.Contenido("v.pdb");
+    EsperarError(ErroresFuente::RegistroNoEncontrado, [&] { adaptador->BorrarRegistro(7); });
+    EXPECT_EQ(this->mFabrica.Contenido("v.pdb"), sinCambio);
+
+    adaptador->BorrarTodos(0, 255);
+    despues = this->EnDisco("v.pdb");
+    EXPECT_TRUE(despues.Registros.isEmpty());
+    EXPECT_EQ(despues.AppInfo, antes.AppInfo);
+    EXPECT_EQ(despues.NumeroModificacion, antes.NumeroModificacion + 2);
+    adaptador->IrAlPrincipio(0);
+    EXPECT_TRUE(adaptador->FinDeRegistros());
+}
+
+// The information object of a database answers with what the last write of this program left.
+TYPED_TEST(FuenteDeBases, LaInformacionDeLaBaseSigueALasEscrituras) {
+    this->mFabrica.Poner("v.pdb", BaseVariada());
+    auto fuente = this->mFabrica.Crear();
+    auto gestor = fuente->CrearGestor();
+    const auto info = gestor->BuscarBase("Variada");
+    auto adaptador = gestor->AbrirBaseRegistros("Variada", "", 208);
+    const struct {
+        const char* Caso;
+        std::function<void()> Escribir;
+        qint32 Registros;
+    } casos[] = {
+        {"add", [&] { adaptador->EscribirRegistro(0, 0, 0, "seis"); }, 6},
+        {"delete", [&] { adaptador->BorrarRegistro(9); }, 5},
+        {"delete all", [&] { adaptador->BorrarTodos(0, 0); }, 0},
+    };
+    for (const auto& caso : casos) {
+        caso.Escribir();
+        EXPECT_EQ(info->CantidadRegistros(), caso.Registros) << caso.Caso;
+        EXPECT_EQ(info->TamanoBase(), this->mFabrica.Contenido("v.pdb").size()) << caso.Caso;
+        EXPECT_EQ(gestor->BuscarBase("Variada")->CantidadRegistros(), caso.Registros) << caso.Caso;
+    }
+}
+
+TYPED_TEST(FuenteDeBases, UnCambioDeOtroEscritorSobreviveALaEscrituraSiguiente) {
+    this->mFabrica.Poner("v.pdb", BaseVariada());
+    auto fuente = this->mFabrica.Crear();
+    auto nuestro = fuente->CrearGestor()->AbrirBaseRegistros("Variada", "", 208);
+
+    struct Caso {
+        const char* Nombre;
+        std::function<void()> OtroEscritor;
+        QByteArray Primero; // what the other writer left in the first record
+    };
+    auto otraFuente = this->mFabrica.Crear();
+    auto otro = otraFuente->CrearGestor()->AbrirBaseRegistros("Variada", "", 208);
+    const std::vector<Caso> casos = {
+        {"another source", [&] { otro->EscribirRegistro(5, 1, 0x40, "de otra ventana"); },
+         "de otra ventana"},
+        {"another program",
+         [&] {
+             clsArchivoPDB base = this->EnDisco("v.pdb");
+             base.Registros[0].Datos = "de otro programa";
+             this->mFabrica.CambiarPorFuera("v.pdb", base);
+         },
+         "de otro programa"},
+        {"another program, in place with the time set back",
+         [&] { this->mFabrica.CambiarEnSuSitio("v.pdb", "de otro programa", "DE OTRO PROGRAMA"); },
+         "DE OTRO PROGRAMA"},
+    };
+    for (const Caso& caso : casos) {
+        caso.OtroEscritor();
+        nuestro->EscribirRegistro(11, 1, 0, caso.Nombre);
+        const clsArchivoPDB despues = this->EnDisco("v.pdb");
+        EXPECT_EQ(despues.Registros[4].Datos, QByteArray(caso.Nombre));
+        EXPECT_EQ(despues.Registros[0].Datos, caso.Primero) << caso.Nombre;
+        EXPECT_EQ(nuestro->LeerPorID(5).Bytes, despues.Registros[0].Datos) << caso.Nombre;
+    }
+}
+
+// A file that holds another database now (replaced by a copy of another, say) is not written.
+TYPED_TEST(FuenteDeBases, UnaEscrituraNoCaeEnOtraBase) {
+    const struct {
+        const char* Caso;
+        std::function<void(clsArchivoPDB&)> Cambiar;
+    } casos[] = {
+        {"another name", [](clsArchivoPDB& x) { x.Nombre = "Beta"; }},
+        {"another type", [](clsArchivoPDB& x) { x.Tipo = Codigo("Data"); }},
+        {"another creator", [](clsArchivoPDB& x) { x.Creador = Codigo("OTRO"); }},
+        {"another creation date", [](clsArchivoPDB& x) { x.FechaCreacion += 1; }},
+    };
+    for (const auto& caso : casos) {
+        TypeParam fabrica;
+        fabrica.Poner("v.pdb", BaseVariada());
+        auto fuente = fabrica.Crear();
+        auto adaptador = fuente->CrearGestor()->AbrirBaseRegistros("Variada", "", 208);
+        clsArchivoPDB otra = BaseVariada();
+        caso.Cambiar(otra);
+        fabrica.CambiarPorFuera("v.pdb", otra);
+        const QByteArray antes = fabrica.Contenido("v.pdb");
+        const std::vector<std::function<void()>> escrituras = {
+            [&] { adaptador->EscribirRegistro(9, 0, 0, "no"); },
+            [&] { adaptador->EscribirRegistro(0, 0, 0, "no"); },
+            [&] { adaptador->CambiarRegistro(9, [](RegistroPalm& x) { x.Bytes = "no"; }); },
+            [&] { adaptador->BorrarRegistro(9); },
+            [&] { adaptador->BorrarTodos(0, 255); },
+        };
+        for (const auto& escritura : escrituras)
+            EsperarError(ErroresFuente::BaseCambiada, escritura, "changed on disk");
+        EXPECT_EQ(fabrica.Contenido("v.pdb"), antes) << caso.Caso;
+        EXPECT_EQ(fabrica.Sobrantes(), QStringList()) << caso.Caso;
+    }
+}
+
+TYPED_TEST(FuenteDeBases, UnaEscrituraQueFallaNoCambiaNada) {
+    struct Caso {
+        const char* Nombre;
+        std::function<void(TypeParam&)> Impedir;
+    };
+    const std::vector<Caso> casos = {
+        {"read-only file", [](TypeParam& x) { x.HacerSoloLectura("v.pdb"); }},
+        {"read-only folder", [](TypeParam& x) { x.HacerCarpetaSoloLectura(); }},
+    };
+    for (const Caso& caso : casos) {
+        TypeParam fabrica;
+        fabrica.Poner("v.pdb", BaseVariada());
+        const QByteArray antes = fabrica.Contenido("v.pdb");
+        auto fuente = fabrica.Crear();
+        auto adaptador = fuente->CrearGestor()->AbrirBaseRegistros("Variada", "", 208);
+        caso.Impedir(fabrica);
+        const std::vector<std::function<void()>> escrituras = {
+            [&] { adaptador->EscribirRegistro(9, 0, 0, "no"); },
+            [&] { adaptador->EscribirRegistro(0, 0, 0, "no"); },
+            [&] { adaptador->BorrarRegistro(9); },
+            [&] { adaptador->BorrarTodos(0, 255); },
+        };
+        for (const auto& escritura : escrituras)
+            EsperarError(ErroresFuente::EscrituraFallida, escritura, "read-only");
+        EXPECT_EQ(fabrica.Contenido("v.pdb"), antes) << caso.Nombre;
+        EXPECT_EQ(adaptador->LeerPorID(9).Bytes, QByteArray("dos")) << caso.Nombre;
+        EXPECT_EQ(fabrica.Sobrantes(), QStringList()) << caso.Nombre;
+    }
+}
+
+TYPED_TEST(FuenteDeBases, LaTarjetaYElUsuarioVienenDeLosAjustes) {
+    this->mFabrica.Poner("v.pdb", BaseVariada());
+    this->mFabrica.PonerAjustes("[Card]\nNumber=1\nVersion=3.5\nCreationDate=2003-04-05 06:07:08\n"
+                                "RomSize=4194304\nRamSize=16777216\nFreeRam=1536\nName=Visor\n"
+                                "Manufacturer=Acme\nRomDbCount=40\nRamDbCount=12\n"
+                                "[User]\nName=Ana Diaz\nPassword=secreto\n"
+                                "LastSyncDate=2004-01-02T03:04:05\nLastSyncPC=77\nUserID=1234\n");
+    auto fuente = this->mFabrica.Crear();
+    EXPECT_EQ(Describir(*fuente), QStringList({"1", "3.5", "2003-04-05T06:07:08Z", "4194304",
+                                               "16777216", "Visor", "Acme", "40", "12", "Ana Diaz",
+                                               "secreto", "2004-01-02T03:04:05Z", "77", "1234"}));
+    EXPECT_EQ(fuente->CrearSistema()->TarjetaMemoria()->RamLibre(), 1536);
+}
+
+TYPED_TEST(FuenteDeBases, SinAjustesLosValoresSeDerivanDelHandheld) {
+    this->mFabrica.ComoRespaldoDe("Juan Perez");
+    clsArchivoPDB vieja = BaseDeRegistros("Vieja");
+    vieja.FechaCreacion = 0; // 1904-01-01
+    const QByteArray bytesVieja = vieja.Escribir();
+    const QByteArray bytesVariada = BaseVariada().Escribir();
+    this->mFabrica.Poner("a.pdb", bytesVieja);
+    this->mFabrica.Poner("b.pdb", bytesVariada);
+    this->mFabrica.Poner("c.pdb", QByteArray(10, 'x')); // not a database
+    auto fuente = this->mFabrica.Crear();
+    EXPECT_EQ(Describir(*fuente),
+              QStringList({"0", "1", "1904-01-01T00:00:00Z", "0",
+                           QString::number(bytesVieja.size() + bytesVariada.size()),
+                           this->mFabrica.NombreHandheld(), "", "0", "2", "Juan Perez", "", "", "0",
+                           "0"}));
+    EXPECT_NEAR(double(fuente->CrearSistema()->TarjetaMemoria()->RamLibre()),
+                double(this->mFabrica.EspacioLibre()), 64e6);
+    // The backup's name is taken in any case; another name gives no user.
+    for (const auto& [respaldo, usuario] :
+         {std::pair<QString, QString>{"backup", "Ana"}, {"Backups", ""}}) {
+        TypeParam fabrica;
+        fabrica.ComoRespaldoDe("Ana", respaldo);
+        fabrica.Poner("b.pdb", BaseVariada());
+        EXPECT_EQ(fabrica.Crear()->CrearSistema()->InformacionUsuario()->Nombre(), usuario)
+            << respaldo.toStdString();
+    }
+}
+
+// A value that is not of its kind fails when it is read; the others are read all the same.
+TYPED_TEST(FuenteDeBases, UnAjusteQueNoEsDeSuClaseFallaAlLeerlo) {
+    using Lectura = std::function<void(clsSistemaPalm&)>;
+    const struct {
+        const char* Ajustes;
+        Lectura Mala;
+    } casos[] = {
+        {"[Card]\nNumber=uno\n", [](clsSistemaPalm& x) { x.TarjetaMemoria()->Numero(); }},
+        {"[Card]\nCreationDate=ayer\n",
+         [](clsSistemaPalm& x) { x.TarjetaMemoria()->FechaCreacion(); }},
+        {"[Card]\nRomSize=abc\n", [](clsSistemaPalm& x) { x.TarjetaMemoria()->TamanoRom(); }},
+        {"[User]\nLastSyncDate=2004-13-45 00:00:00\n",
+         [](clsSistemaPalm& x) { x.InformacionUsuario()->FechaUltimaSincronizacion(); }},
+        {"[Card]\nVersion=x1\n", [](clsSistemaPalm& x) { x.TarjetaMemoria()->Version(); }},
+    };
+    for (const auto& caso : casos) {
+        this->mFabrica.PonerAjustes(QByteArray(caso.Ajustes) + "[Card]\nName=Visor\n");
+        auto sistema = this->mFabrica.Crear()->CrearSistema();
+        EsperarError(
+            ErroresFuente::HandheldInaccesible, [&] { caso.Mala(*sistema); }, "Handheld.ini");
+        EXPECT_EQ(sistema->TarjetaMemoria()->Nombre(), "Visor") << caso.Ajustes;
+        EXPECT_EQ(sistema->InformacionUsuario()->Clave(), "") << caso.Ajustes;
+    }
+}
+
+TYPED_TEST(FuenteDeBases, ElAdaptadorDeRecursosDaCadaRecurso) {
+    this->mFabrica.Poner("p.prc", BaseDeRecursos("Programa"));
+    auto fuente = this->mFabrica.Crear();
+    auto adaptador = fuente->CrearGestor()->AbrirBaseRecursos("Programa", "", 208);
+    ASSERT_EQ(adaptador->CantidadRecursos(), 2);
+    const RecursoPalm recurso = adaptador->LeerRecurso(1);
+    EXPECT_EQ(recurso.Indice, 1);
+    EXPECT_EQ(fuente->CodigoATexto(recurso.Tipo, -1), "tFRM");
+    EXPECT_EQ(recurso.ID, 1000);
+    EXPECT_EQ(recurso.Bytes, QByteArray("forma"));
+    EsperarError(ErroresFuente::RegistroNoEncontrado, [&] { adaptador->LeerRecurso(2); });
+    EsperarError(ErroresFuente::RegistroNoEncontrado, [&] { adaptador->LeerRecurso(-1); });
+}
+
+TYPED_TEST(FuenteDeBases, LosArchivosDeUnHandheldReal) {
+    const QDir dispositivo(QStringLiteral(PANDREL_FIXTURES));
+    if (!dispositivo.exists()) GTEST_SKIP() << "no device files";
+    for (const QString& nombre : dispositivo.entryList({"*.pdb", "*.prc"}, QDir::Files)) {
+        QFile archivo(dispositivo.filePath(nombre));
+        ASSERT_TRUE(archivo.open(QIODevice::ReadOnly));
+        this->mFabrica.Poner(nombre, archivo.readAll());
+    }
+    auto fuente = this->mFabrica.Crear();
+    auto gestor = fuente->CrearGestor();
+    struct Caso {
+        QString Nombre, Tipo, Creador;
+        qint32 Entradas;
+        bool Recursos;
+    };
+    const Caso casos[] = {
+        {"AddressDB", "DATA", "addr", 2, false}, {"DatebookDB", "DATA", "date", 3, false},
+        {"MemoDB", "DATA", "memo", 5, false},    {"OnBoard", "appl", "OnBA", 26, true},
+        {"ToDoDB", "DATA", "todo", 3, false},
+    };
+    EXPECT_EQ(this->Listar(*fuente).size(), std::size(casos));
+    EXPECT_TRUE(TypeParam::Avisos(*fuente).isEmpty());
+    for (const Caso& caso : casos) {
+        const auto info = gestor->BuscarBase(caso.Nombre);
+        EXPECT_EQ(fuente->CodigoATexto(info->Tipo(), -1), caso.Tipo);
+        EXPECT_EQ(fuente->CodigoATexto(info->Creador(), -1), caso.Creador);
+        EXPECT_EQ(info->CantidadRegistros(), caso.Entradas);
+        EXPECT_EQ(info->AtributosBase() & 1, caso.Recursos ? 1 : 0);
+    }
+    EXPECT_EQ(gestor->BuscarBase("MemoDB")->FechaCreacion(), Fecha(2002, 8, 16, 13, 8, 53));
+    EXPECT_EQ(gestor->AbrirBaseRecursos("OnBoard", "", 208)->CantidadRecursos(), 26);
+
+    auto memo = gestor->AbrirBaseRegistros("MemoDB", "", 208);
+    const clsCategoriasPalm& categorias = memo->Categorias();
+    EXPECT_EQ(categorias.CantidadCategorias(), 3);
+    EXPECT_EQ(categorias.NombreCategoria(1), "Business");
+    EXPECT_TRUE(memo->LeerPorID(2).Bytes.startsWith("Handheld Basics"));
+
+    const clsArchivoPDB antes = this->EnDisco("MemoDB.pdb");
+    memo->EscribirRegistro(4, 0, 0x40, "Download nothing\n");
+    const clsArchivoPDB despues = this->EnDisco("MemoDB.pdb");
+    ASSERT_EQ(despues.Registros.size(), antes.Registros.size());
+    for (int i = 0; i < antes.Registros.size(); ++i) {
+        if (antes.Registros[i].ID == 4) continue;
+        EXPECT_EQ(despues.Registros[i].Datos, antes.Registros[i].Datos) << i;
+        EXPECT_EQ(despues.Registros[i].Atributos, antes.Registros[i].Atributos) << i;
+    }
+    EXPECT_EQ(despues.Registros[2].Datos, QByteArray("Download nothing\n"));
+    EXPECT_EQ(despues.AppInfo, antes.AppInfo);
+    EXPECT_EQ(despues.RellenoNombre, antes.RellenoNombre);
+    EXPECT_EQ(despues.SemillaID, antes.SemillaID);
+}
+
+// What stands in the folder under a database's name but is not a regular file (a FIFO, a link to
+// one, a folder) is reported and never read: reading a FIFO would wait for a writer forever.
+TEST(CarpetaDeBases, LoQueNoEsUnArchivoSeAvisaSinEsperar) {
+    FabricaCarpeta fabrica;
+    fabrica.Poner("v.pdb", BaseVariada());
+    const QString carpeta = QFileInfo(fabrica.Ruta("v.pdb")).path();
+    ASSERT_EQ(::mkfifo(QFile::encodeName(fabrica.Ruta("cola.pdb")).constData(), 0600), 0);
+    ASSERT_EQ(::mkfifo(QFile::encodeName(fabrica.Ruta("Handheld.ini")).constData(), 0600), 0);
+    ASSERT_TRUE(QFile::link(fabrica.Ruta("cola.pdb"), fabrica.Ruta("enlace.prc")));
+    ASSERT_TRUE(QDir(carpeta).mkdir("carpeta.pdb"));
+
+    auto trabajo = std::async(std::launch::async, [&] {
+        auto fuente = fabrica.Crear();
+        const QStringList bases = fuente->CrearGestor()->ListarBases(-1);
+        EsperarError(
+            ErroresFuente::HandheldInaccesible, [&] { fuente->CrearSistema()->TarjetaMemoria(); },
+            "Handheld.ini");
+        return std::make_pair(bases, FabricaCarpeta::Avisos(*fuente));
+    });
+    if (trabajo.wait_for(std::chrono::seconds(20)) != std::future_status::ready) {
+        ADD_FAILURE() << "reading the folder did not end";
+        std::_Exit(1); // the reading thread cannot be stopped
+    }
+    const auto [bases, avisos] = trabajo.get();
+    EXPECT_EQ(bases, QStringList({"Variada"}));
+    ASSERT_EQ(avisos.size(), 3) << avisos.join('\n').toStdString();
+    for (const char* nombre : {"carpeta.pdb", "cola.pdb", "enlace.prc"})
+        EXPECT_EQ(avisos.filter(nombre).size(), 1) << nombre;
+}
+
+// A write lays the database out in a new file renamed over the old one: whatever still holds the
+// old file (a hard link here, a reader in practice) keeps it whole.
+TEST(CarpetaDeBases, UnaEscrituraNoTocaElArchivoAnterior) {
+    FabricaCarpeta fabrica;
+    fabrica.Poner("v.pdb", BaseVariada());
+    const QByteArray antes = fabrica.Contenido("v.pdb");
+    ASSERT_EQ(::link(QFile::encodeName(fabrica.Ruta("v.pdb")).constData(),
+                     QFile::encodeName(fabrica.Ruta("anterior")).constData()),
+              0);
+    auto fuente = fabrica.Crear();
+    fuente->CrearGestor()->AbrirBaseRegistros("Variada", "", 208)->EscribirRegistro(9, 0, 0, "x");
+    EXPECT_EQ(fabrica.Contenido("anterior"), antes);
+    EXPECT_NE(fabrica.Contenido("v.pdb"), antes);
+    EXPECT_EQ(fabrica.Sobrantes(), QStringList({"anterior"})); // no lock or temporary left
+}
+
+// A hidden file (a copy an editor or a sync tool leaves) is no database of the handheld, even
+// when it comes first in file-name order.
+TEST(CarpetaDeBases, UnArchivoOcultoNoEsUnaBase) {
+    FabricaCarpeta fabrica;
+    clsArchivoPDB oculta = BaseVariada();
+    oculta.Registros[0].Datos = "oculta";
+    fabrica.Poner(".Variada.pdb", oculta);
+    fabrica.Poner("Variada.pdb", BaseVariada());
+    auto fuente = fabrica.Crear();
+    EXPECT_EQ(fuente->CrearGestor()->ListarBases(-1), QStringList({"Variada"}));
+    EXPECT_TRUE(FabricaCarpeta::Avisos(*fuente).isEmpty());
+    EXPECT_EQ(fuente->CrearGestor()->AbrirBaseRegistros("Variada", "", 208)->LeerPorID(5).Bytes,
+              QByteArray("uno"));
+}

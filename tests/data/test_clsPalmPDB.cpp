@@ -1,0 +1,847 @@
+#include "common/ErrorVB.h"
+#include "common/clsConfiguracionRegional.h"
+#include "common/modFecha.h"
+#include "constructor/clsConstructorBase.h"
+#include "data/MensajesError.h"
+#include "data/clsPalmPDB.h"
+#include "data/formato/modFuncionesConversion.h"
+#include "support/clsFuenteCarpetaRara.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+#include <functional>
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr qint32 YaAbierta = static_cast<qint32>(0x800403E9u);
+constexpr qint32 Cerrada = static_cast<qint32>(0x800403EAu);
+constexpr qint32 SinEsquema = static_cast<qint32>(0x800403ECu);
+
+using C = clsConstructorBase;
+
+void Crudo(clsConstructorBase& xBase, quint32 xID, const QByteArray& xHex, qint32 xAtributos = 0,
+           qint32 xCategoria = 0) {
+    xBase.AgregarRegistroCrudo(QByteArray::fromHex(xHex), xAtributos, xCategoria);
+    xBase.Archivo().Registros.last().ID = xID;
+}
+
+// Runs xAccion and checks that it raises the error with that number and source.
+void EsperarError(const std::function<void()>& xAccion, qint32 xNumero, const QString& xFuente,
+                  const QString& xDescripcion = QString()) {
+    try {
+        xAccion();
+        ADD_FAILURE() << "no error raised, expected " << xNumero << " from "
+                      << xFuente.toStdString();
+    } catch (const ErrorVB& error) {
+        EXPECT_EQ(error.Numero(), xNumero) << xFuente.toStdString();
+        EXPECT_EQ(error.Fuente(), xFuente);
+        if (!xDescripcion.isNull()) {
+            EXPECT_EQ(error.Descripcion(), xDescripcion);
+        }
+    }
+}
+
+// A handheld folder in a temporary directory, laid out database by database.
+class CarpetaTest : public ::testing::Test {
+protected:
+    void SetUp() override { CargarMensajes(); }
+    QString Ruta(const QString& xNombre, bool xRecursos = false) const {
+        return mCarpeta.filePath(xNombre + (xRecursos ? ".prc" : ".pdb"));
+    }
+    void Guardar(const clsConstructorBase& xBase) {
+        const clsArchivoPDB& archivo = xBase.Archivo();
+        xBase.Guardar(Ruta(QString::fromLatin1(archivo.Nombre), archivo.EsRecursos()));
+    }
+    QByteArray Bytes(const QString& xNombre) const {
+        QFile archivo(Ruta(xNombre));
+        return archivo.open(QIODevice::ReadOnly) ? archivo.readAll() : QByteArray();
+    }
+    clsArchivoPDB Archivo(const QString& xNombre) const {
+        return clsArchivoPDB::Leer(Bytes(xNombre));
+    }
+    std::shared_ptr<clsFuentePalm> Fuente(Rarezas xRarezas = {}) {
+        return std::make_shared<clsFuenteCarpetaRara>(mCarpeta.path(), std::move(xRarezas));
+    }
+    void Ajustes(const QByteArray& xTexto) {
+        QFile ini(mCarpeta.filePath("Handheld.ini"));
+        ASSERT_TRUE(ini.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        ini.write(xTexto);
+    }
+
+    QTemporaryDir mCarpeta;
+};
+
+class PalmPDBTest : public CarpetaTest {
+protected:
+    void SetUp() override {
+        CarpetaTest::SetUp();
+        clsConfiguracionRegional::EstablecerActual(
+            QLocale(QLocale::English, QLocale::UnitedStates));
+        GuardarClientes({"414200010201", "2020782000000500", "00ffff00"});
+
+        clsConstructorBase completa("Completa", "DATA", "AFc2");
+        completa.EsquemaAppForge("Completa", {{"B", C::Byte},
+                                              {"I", C::Int},
+                                              {"L", C::Long},
+                                              {"S", C::Single},
+                                              {"T", C::String},
+                                              {"V", C::Boolean},
+                                              {"D", C::Date},
+                                              {"U", C::String}});
+        // 200, -2, 70000, 1.5, "Hola", False, 2004-01-05 15:04:05, "fin"
+        Crudo(completa, 1, "c8fffe000111703fc00000486f6c610000bc1f2d6566696e00");
+        Guardar(completa);
+
+        clsConstructorBase memo("MemoDB", "DATA", "memo");
+        memo.Categorias({"Unfiled"});
+        Crudo(memo, 5, "6869");
+        Guardar(memo);
+
+        clsConstructorBase aplicacion("Aplicacion", "appl", "AFc1");
+        aplicacion.AgregarRecurso("code", 1, "xx");
+        Guardar(aplicacion);
+
+        mFuente = Fuente();
+        mBase = std::make_unique<clsPalmPDB>(mFuente);
+    }
+
+    // Clientes: Nombre String, Edad Int, Activo Boolean; records 10, 11 (Dirty, Business), 12
+    // (Business) hold the first bytes given, in that order.
+    void GuardarClientes(const std::vector<QByteArray>& xRegistros, quint16 xVersion = 1,
+                         const std::function<void(clsConstructorBase&)>& xAjuste = {}) {
+        clsConstructorBase clientes("Clientes", "DATA", "AFc1");
+        clientes.Version(xVersion);
+        clientes.Fechas(modFecha::Crear(2004, 1, 5, 15, 4, 5), modFecha::Crear(2005, 2, 6),
+                        modFecha::Crear(1904, 1, 1));
+        clientes.Categorias({"Unfiled", "Business"});
+        clientes.EsquemaAppForge("Clientes",
+                                 {{"Nombre", C::String}, {"Edad", C::Int}, {"Activo", C::Boolean}});
+        clientes.Archivo().SortInfo = QByteArray::fromHex("0102");
+        const std::pair<qint32, qint32> atributos[] = {{0, 0}, {0x40, 1}, {0, 1}};
+        for (size_t i = 0; i < xRegistros.size() && i < 3; ++i)
+            Crudo(clientes, 10 + i, xRegistros[i], atributos[i].first, atributos[i].second);
+        if (xAjuste) xAjuste(clientes);
+        Guardar(clientes);
+    }
+
+    QString Leer(const QString& xSeparador, bool xAlPrincipio = true) {
+        QString texto;
+        mBase->ReadRecord(xAlPrincipio, texto, xSeparador);
+        return texto;
+    }
+
+    std::shared_ptr<clsFuentePalm> mFuente;
+    std::unique_ptr<clsPalmPDB> mBase;
+};
+
+TEST_F(PalmPDBTest, CadaOperacionExigeUnaBaseAbierta) {
+    QString texto;
+    bool alPrincipio = true;
+    const std::pair<const char*, std::function<void(clsPalmPDB&)>> casos[] = {
+        {"NumRecords", [](clsPalmPDB& b) { b.NumRecords(); }},
+        {"DBType", [](clsPalmPDB& b) { b.DBType(); }},
+        {"DBVersion", [](clsPalmPDB& b) { b.DBVersion(); }},
+        {"CreationDate", [](clsPalmPDB& b) { b.CreationDate(); }},
+        {"ModificationDate", [](clsPalmPDB& b) { b.ModificationDate(); }},
+        {"BackupDate", [](clsPalmPDB& b) { b.BackupDate(); }},
+        {"DBSize", [](clsPalmPDB& b) { b.DBSize(); }},
+        {"ReadRecord", [&](clsPalmPDB& b) { b.ReadRecord(alPrincipio, texto, "\t"); }},
+        {"ReadRecordByID", [&](clsPalmPDB& b) { b.ReadRecordByID(10, texto, "\t"); }},
+        {"UpdateRecord", [](clsPalmPDB& b) { b.UpdateRecord(10, 0, "x"); }},
+        {"FieldsTitles", [](clsPalmPDB& b) { b.FieldsTitles("\t"); }},
+        {"NumFields", [](clsPalmPDB& b) { b.NumFields(); }},
+        {"DeleteRecord", [](clsPalmPDB& b) { b.DeleteRecord(10); }},
+        {"DeleteAllRecords", [](clsPalmPDB& b) { b.DeleteAllRecords(); }},
+        {"DeleteAllRecord", [](clsPalmPDB& b) { b.NewRecord(); }},
+        {"FieldType", [](clsPalmPDB& b) { b.FieldType(0); }},
+        {"FieldName", [](clsPalmPDB& b) { b.FieldName(0); }},
+        {"FieldAlignment", [](clsPalmPDB& b) { b.FieldAlignment(0); }},
+        {"RecordAttributes", [](clsPalmPDB& b) { b.RecordAttributes(10); }},
+        {"WriteRecordAttributes", [](clsPalmPDB& b) { b.WriteRecordAttributes(10, 0); }},
+        {"CategoryID", [](clsPalmPDB& b) { b.CategoryID(10); }},
+        {"RecordIndex", [](clsPalmPDB& b) { b.RecordIndex(10); }},
+        {"RetrieveSortInfo", [](clsPalmPDB& b) { b.RetrieveSortInfo(); }},
+        {"RecordLength", [](clsPalmPDB& b) { b.RecordLength(10); }},
+        {"CategoriesCount", [](clsPalmPDB& b) { b.CategoriesCount(); }},
+        {"CategoryName", [](clsPalmPDB& b) { b.CategoryName(0); }},
+    };
+    for (const auto& [fuente, accion] : casos) {
+        EsperarError([&] { accion(*mBase); }, Cerrada, fuente, "Database its close.");
+        // The same after a database was opened and closed again.
+        mBase->OpenFile("Clientes");
+        mBase->CloseDatabase();
+        EsperarError([&] { accion(*mBase); }, Cerrada, fuente);
+    }
+}
+
+TEST_F(PalmPDBTest, AbrirDosVecesFallaYDejaLaPrimeraAbierta) {
+    ASSERT_TRUE(mBase->OpenFile("Clientes"));
+    EsperarError([&] { mBase->OpenFile("MemoDB"); }, YaAbierta, "OpenFile",
+                 "Database is already open.");
+    EXPECT_EQ(mBase->NumRecords(), 3);
+    EXPECT_TRUE(mBase->IsAppForgeDB());
+    mBase->CloseDatabase();
+    EXPECT_TRUE(mBase->OpenFile("MemoDB"));
+    EXPECT_EQ(mBase->NumRecords(), 1);
+}
+
+TEST_F(PalmPDBTest, UnaBaseSinEsquemaRechazaLasOperacionesDeRegistros) {
+    ASSERT_TRUE(mBase->OpenFile("MemoDB"));
+    EXPECT_TRUE(mBase->IsDataBase());
+    EXPECT_FALSE(mBase->IsAppForgeDB());
+    QString texto;
+    bool alPrincipio = true;
+    const std::pair<const char*, std::function<void()>> casos[] = {
+        {"ReadRecord", [&] { mBase->ReadRecord(alPrincipio, texto, "\t"); }},
+        {"ReadRecordByID", [&] { mBase->ReadRecordByID(5, texto, "\t"); }},
+        {"FieldsTitles", [&] { mBase->FieldsTitles("\t"); }},
+        {"NumFields", [&] { mBase->NumFields(); }},
+        {"NumFields", [&] { mBase->FieldName(0); }},
+    };
+    for (const auto& [fuente, accion] : casos)
+        EsperarError(accion, SinEsquema, fuente, "The Database selected have not Schema.");
+}
+
+TEST_F(PalmPDBTest, LaMarcaAppForgeSeReconoceSoloCompleta) {
+    clsConstructorBase bloque("x", "DATA", "TEST");
+    bloque.Categorias({});
+    const QByteArray categorias = bloque.Archivo().AppInfo;
+    const struct {
+        const char* nombre;
+        QByteArray appInfo;
+        bool appForge;
+    } casos[] = {
+        {"sinAppInfo", {}, false},
+        {"soloCategorias", categorias, false},
+        {"minusculas", categorias + QByteArray("appforg2\0", 9), true},
+        {"masLarga", categorias + QByteArray("APPFORG2X\0", 10), false},
+        {"sinTerminador", categorias + QByteArray("APPFORG2"), false},
+        {"otroEsquema", categorias + QByteArray("APPFORG1\0", 9), false},
+    };
+    for (const auto& caso : casos) {
+        clsConstructorBase base(caso.nombre, "DATA", "TEST");
+        base.Archivo().AppInfo = caso.appInfo;
+        Guardar(base);
+        clsPalmPDB pdb(Fuente());
+        EXPECT_TRUE(pdb.OpenFile(caso.nombre)) << caso.nombre;
+        EXPECT_EQ(pdb.IsAppForgeDB(), caso.appForge) << caso.nombre;
+        EXPECT_TRUE(pdb.IsDataBase());
+    }
+}
+
+TEST_F(PalmPDBTest, LosErroresDeLaFuenteAlAbrir) {
+    mBase = std::make_unique<clsPalmPDB>(Fuente(
+        {{{"MemoDB", ErroresFuente::BaseEnUso}, {"Completa", ErroresFuente::BaseNoEncontrada}}}));
+    EsperarError([&] { mBase->OpenFile("MemoDB"); }, ErroresFuente::BaseEnUso, "AbrirBase");
+    EXPECT_FALSE(mBase->OpenFile("Completa"));
+    EsperarError([&] { mBase->NumRecords(); }, Cerrada, "NumRecords");
+    EsperarError([&] { mBase->OpenFile("NoExiste"); }, ErroresFuente::BaseNoEncontrada,
+                 "BuscarBase");
+}
+
+TEST_F(PalmPDBTest, ElRegistroComoTexto) {
+    const struct {
+        const char* separador;
+        QString esperado;
+    } casos[] = {
+        {"\t", "AB\t258\tTrue"}, {",", "\"AB\",258,True"}, {";", "AB;258;True"},
+        {", ", "AB, 258, True"}, {"", "AB258True"},
+    };
+    ASSERT_TRUE(mBase->OpenFile("Clientes"));
+    for (const auto& caso : casos)
+        EXPECT_EQ(Leer(caso.separador), caso.esperado) << caso.separador;
+    // Blanks around a text go, except inside the quotes.
+    mBase->CloseDatabase();
+    GuardarClientes({QByteArray("  x \0\0\x05\0", 8).toHex()});
+    mBase = std::make_unique<clsPalmPDB>(Fuente());
+    ASSERT_TRUE(mBase->OpenFile("Clientes"));
+    EXPECT_EQ(Leer(";"), "x;5;False");
+    EXPECT_EQ(Leer(","), "\"  x \",5,False");
+}
+
+TEST_F(PalmPDBTest, CadaTipoDeCampo) {
+    ASSERT_TRUE(mBase->OpenFile("Completa"));
+    EXPECT_EQ(Leer("|"), "200|-2|70000|1.5|Hola|False|1/5/2004 3:04:05 PM|fin");
+    clsConfiguracionRegional::EstablecerActual(QLocale(QLocale::German, QLocale::Germany));
+    EXPECT_EQ(Leer("|"), "200|-2|70000|1,5|Hola|False|05.01.2004 15:04:05|fin");
+}
+
+TEST_F(PalmPDBTest, UnTipoDesconocidoDaTextoVacioYNoConsumeBytes) {
+    GuardarClientes({"00070102"}, 1, [](clsConstructorBase& xBase) {
+        xBase.EsquemaAppForge("T", {{"A", C::Int}, {"X", C::TipoCampo(9)}, {"B", C::Int}});
+    });
+    ASSERT_TRUE(mBase->OpenFile("Clientes"));
+    EXPECT_EQ(Leer("\t"), "7\t\t258");
+    EXPECT_EQ(mBase->FieldType(1), "");
+    EXPECT_EQ(mBase->FieldAlignment(1), 0);
+}
+
+TEST_F(PalmPDBTest, ElEsquema) {
+    ASSERT_TRUE(mBase->OpenFile("Completa"));
+    EXPECT_EQ(mBase->NumFields(), 8);
+    const char* tipos[] = {"Byte", "Int", "Long", "Single", "String", "Boolean", "Date", "String"};
+    const char* nombres[] = {"B", "I", "L", "S", "T", "V", "D", "U"};
+    for (int i = 0; i < 8; ++i) {
+        EXPECT_EQ(mBase->FieldType(i), tipos[i]);
+        EXPECT_EQ(mBase->FieldName(i), nombres[i]);
+        EXPECT_EQ(mBase->FieldAlignment(i), QString(tipos[i]) == "String" ? 1 : 0);
+    }
+    EXPECT_EQ(mBase->FieldsTitles("\t"), "B\tI\tL\tS\tT\tV\tD\tU");
+    // Only one character of the trailing separator goes.
+    EXPECT_EQ(mBase->FieldsTitles(", "), "B, I, L, S, T, V, D, U,");
+    EXPECT_EQ(mBase->FieldName(-1), "");
+}
+
+TEST_F(PalmPDBTest, RecorreLosRegistrosConSusFiltros) {
+    ASSERT_TRUE(mBase->OpenFile("Clientes"));
+    const struct {
+        const char* nombre;
+        qint32 categoria;
+        bool modificados;
+        std::vector<qint32> ids;
+    } casos[] = {
+        {"todos", -1, false, {10, 11, 12}},     {"categoria1", 1, false, {11, 12}},
+        {"categoria0", 0, false, {10}},         {"modificados", -1, true, {11}},
+        {"modificadosCategoria0", 0, true, {}},
+    };
+    for (const auto& caso : casos) {
+        std::vector<qint32> ids;
+        bool alPrincipio = true;
+        QString texto;
+        for (qint32 id; (id = mBase->ReadRecord(alPrincipio, texto, "\t", caso.categoria,
+                                                caso.modificados)) != -1;) {
+            ids.push_back(id);
+            EXPECT_FALSE(texto.isEmpty());
+            // The read itself clears the move-to-start flag, so the loop goes on.
+            ASSERT_LT(ids.size(), 10u);
+        }
+        EXPECT_EQ(ids, caso.ids) << caso.nombre;
+        EXPECT_EQ(texto, "") << caso.nombre;
+    }
+}
+
+TEST_F(PalmPDBTest, LeerPorIdentificador) {
+    ASSERT_TRUE(mBase->OpenFile("Clientes"));
+    QString texto;
+    EXPECT_TRUE(mBase->ReadRecordByID(12, texto, "\t"));
+    EXPECT_EQ(texto, "\t-1\tFalse");
+    EXPECT_TRUE(mBase->ReadRecordByID(10, texto, ","));
+    EXPECT_EQ(texto, "\"AB\",258,True");
+    EsperarError([&] { mBase->ReadRecordByID(99, texto, "\t"); },
+                 ErroresFuente::RegistroNoEncontrado, "LeerPorID");
+}
+
+TEST_F(PalmPDBTest, ActualizarUnCampoReescribeSusBytes) {
+    const struct {
+        const char* nombre;
+        QByteArray antes;
+        qint32 campo;
+        QString valor;
+        QByteArray despues;
+    } casos[] = {
+        {"textoMasLargo", "61626300000101", 0, "abcdef", "61626364656600000101"},
+        {"textoMasCorto", "61626300000101", 0, "", "00000101"},
+        {"textoRecortado", "61626300000101", 0, "  xy  ", "787900000101"},
+        {"textoIgual", "61626300000101", 0, "xyz", "78797a00000101"},
+        {"entero", "610000050001", 1, "-2", "6100fffe0001"},
+        {"enteroRedondeaAlPar", "610000050001", 1, "2.5", "610000020001"},
+        {"enteroConGrupos", "610000050001", 1, "1,234", "610004d20001"},
+        {"logicoTexto", "610000050001", 2, "true", "610000050101"},
+        {"logicoNumero", "610000050101", 2, "0", "610000050001"},
+        {"logicoNoCero", "610000050001", 2, "-3", "610000050101"},
+    };
+    for (const auto& caso : casos) {
+        GuardarClientes({caso.antes});
+        clsPalmPDB pdb(Fuente());
+        ASSERT_TRUE(pdb.OpenFile("Clientes"));
+        QString texto;
+        ASSERT_TRUE(pdb.ReadRecordByID(10, texto, "\t"));
+        EXPECT_EQ(pdb.UpdateRecord(10, caso.campo, caso.valor), 10);
+        EXPECT_EQ(Archivo("Clientes").Registros[0].Datos.toHex(), caso.despues) << caso.nombre;
+    }
+}
+
+TEST_F(PalmPDBTest, ActualizarCadaTipoNumericoYFecha) {
+    const struct {
+        qint32 campo;
+        QString valor;
+        QString leido;
+    } casos[] = {
+        {0, "255", "255"},
+        {1, "-32767", "-32767"},
+        // 80 00 reads back through the zero-byte rule as 128.
+        {1, "-32768", "128"},
+        {2, "-2147483648", "-2147483648"},
+        {3, "12345678", "1.234568E+07"},
+        {3, "0.1", "0.1"},
+        {4, "Chau", "Chau"},
+        {5, "True", "True"},
+        {6, "12/31/2010 11:59:58 PM", "12/31/2010 11:59:58 PM"},
+        {6, "1/1/1990", "1/1/1990"},
+        {7, "otro final", "otro final"},
+    };
+    for (const auto& caso : casos) {
+        clsPalmPDB pdb(mFuente);
+        ASSERT_TRUE(pdb.OpenFile("Completa"));
+        QString texto;
+        ASSERT_TRUE(pdb.ReadRecordByID(1, texto, "|"));
+        pdb.UpdateRecord(1, caso.campo, caso.valor);
+        ASSERT_TRUE(pdb.ReadRecordByID(1, texto, "|"));
+        EXPECT_EQ(texto.split('|').at(caso.campo), caso.leido) << caso.valor.toStdString();
+    }
+}
+
+TEST_F(PalmPDBTest, UnaConversionFallidaNoEscribeNada) {
+    const struct {
+        const char* base;
+        qint32 campo;
+        QString valor;
+        qint32 numero;
+    } casos[] = {
+        {"Clientes", 1, "70000", ErrorVB::Desbordamiento},
+        {"Clientes", 1, "abc", ErrorVB::TiposNoCoinciden},
+        {"Clientes", 1, "", ErrorVB::TiposNoCoinciden},
+        {"Clientes", 2, "maybe", ErrorVB::TiposNoCoinciden},
+        {"Completa", 0, "256", ErrorVB::Desbordamiento},
+        {"Completa", 0, "-1", ErrorVB::Desbordamiento},
+        {"Completa", 2, "2147483648", ErrorVB::Desbordamiento},
+        {"Completa", 3, "1e39", ErrorVB::Desbordamiento},
+        {"Completa", 6, "not a date", ErrorVB::TiposNoCoinciden},
+        {"Completa", 6, "1/19/1972 3:14:08 AM", ErrorVB::Desbordamiento},
+        {"Completa", 7, QString::fromUtf8("\u03a9"),
+         modFuncionesConversion::ErrorTextoNoCodificable},
+        // The 16-bit field counter overflows before the schema runs out of fields.
+        {"Clientes", 32768, "1", ErrorVB::SubindiceFueraDeRango},
+        {"Clientes", 32769, "1", ErrorVB::Desbordamiento},
+    };
+    for (const auto& caso : casos) {
+        const QByteArray antes = Bytes(caso.base);
+        const qint32 id = Archivo(caso.base).Registros[0].ID;
+        clsPalmPDB pdb(mFuente);
+        ASSERT_TRUE(pdb.OpenFile(caso.base));
+        QString texto;
+        ASSERT_TRUE(pdb.ReadRecordByID(id, texto, "\t"));
+        try {
+            pdb.UpdateRecord(id, caso.campo, caso.valor);
+            ADD_FAILURE() << caso.valor.toStdString();
+        } catch (const ErrorVB& error) {
+            EXPECT_EQ(error.Numero(), caso.numero) << caso.valor.toStdString();
+        }
+        EXPECT_EQ(Bytes(caso.base), antes);
+    }
+}
+
+TEST_F(PalmPDBTest, UnTextoQueCreceMasQueSuPosicionNoSePuedeDesplazar) {
+    GuardarClientes({"6100000501"});
+    const QByteArray antes = Bytes("Clientes");
+    ASSERT_TRUE(mBase->OpenFile("Clientes"));
+    // Nothing read yet: there are no field positions to write at.
+    EsperarError([&] { mBase->UpdateRecord(10, 1, "5"); }, ErrorVB::SubindiceFueraDeRango,
+                 "UpdateRecord");
+    QString texto;
+    ASSERT_TRUE(mBase->ReadRecordByID(10, texto, "\t"));
+    // The old terminator sits at 1; growing by 2 reaches before the record's first byte.
+    EsperarError([&] { mBase->UpdateRecord(10, 0, "abc"); }, ErrorVB::SubindiceFueraDeRango,
+                 "UpdateRecord");
+    EXPECT_EQ(Bytes("Clientes"), antes);
+    EXPECT_EQ(mBase->UpdateRecord(10, 0, "ab"), 10);
+    EXPECT_EQ(Archivo("Clientes").Registros[0].Datos.toHex(), "616200000501");
+}
+
+TEST_F(PalmPDBTest, UnTextoAlFinalDejaUnByteDeReserva) {
+    ASSERT_TRUE(mBase->OpenFile("Completa"));
+    QString texto;
+    ASSERT_TRUE(mBase->ReadRecordByID(1, texto, "|"));
+    mBase->UpdateRecord(1, 7, "fines");
+    EXPECT_TRUE(Archivo("Completa").Registros[0].Datos.endsWith(QByteArray("fines\0\0", 7)));
+}
+
+TEST_F(PalmPDBTest, LosTextosPasanPorLaPaginaDeCodigos) {
+    const struct {
+        const char* pagina;
+        QString valor;
+        QByteArray bytes;
+        QString leido;
+    } casos[] = {
+        {"windows-1252", QString::fromUtf8("caf\u00e9 \u20ac"), "636166e92080", ""},
+        {"ISO-8859-7", QString::fromUtf8("\u03a9"), "d9", ""},
+        {"Shift_JIS", QString::fromUtf8("\u65e5\u672c"), "93fa967b", ""},
+    };
+    for (const auto& caso : casos) {
+        Ajustes(QByteArray("[Handheld]\nEncoding=") + caso.pagina + "\n");
+        clsPalmPDB pdb(Fuente());
+        ASSERT_TRUE(pdb.OpenFile("Completa"));
+        QString texto;
+        ASSERT_TRUE(pdb.ReadRecordByID(1, texto, "|"));
+        pdb.UpdateRecord(1, 7, caso.valor);
+        EXPECT_TRUE(Archivo("Completa")
+                        .Registros[0]
+                        .Datos.mid(21)
+                        .startsWith(QByteArray::fromHex(caso.bytes) + '\0'))
+            << caso.pagina;
+        ASSERT_TRUE(pdb.ReadRecordByID(1, texto, "|"));
+        const QString esperado = caso.leido.isEmpty() ? caso.valor : caso.leido;
+        EXPECT_EQ(texto.section('|', 7, 7), esperado) << caso.pagina;
+    }
+}
+
+// A Japanese handheld: the database name, categories, field names and String fields are in
+// Shift_JIS. A longer value moves the fields after it by its bytes, not its characters.
+TEST_F(CarpetaTest, UnHandheldJapones) {
+    Ajustes("[Handheld]\nEncoding=Shift_JIS\n");
+    const QString nombre = QString::fromUtf8("\u9867\u5ba2");
+    clsConstructorBase base(nombre, "DATA", "AFjp", "Shift_JIS");
+    base.Categorias({QString::fromUtf8("\u672a\u5206\u985e"), QString::fromUtf8("\u4ed5\u4e8b")});
+    base.EsquemaAppForge(nombre,
+                         {{QString::fromUtf8("\u540d\u524d"), C::String}, {"Edad", C::Int}});
+    base.AgregarRegistro({QString::fromUtf8("\u5c71\u7530"), 30}, 0, 1);
+    base.Guardar(mCarpeta.filePath("kokyaku.pdb"));
+    const auto Registro = [&] { return clsArchivoPDB::Leer(Bytes("kokyaku")).Registros[0].Datos; };
+
+    clsPalmPDB pdb(Fuente());
+    EXPECT_EQ(pdb.RetrieveDataBases("AFjp", "\t"), nombre + "*1\t");
+    ASSERT_TRUE(pdb.OpenFile(nombre));
+    EXPECT_EQ(pdb.CategoryName(1), QString::fromUtf8("\u4ed5\u4e8b"));
+    EXPECT_EQ(pdb.FieldsTitles("|"), QString::fromUtf8("\u540d\u524d|Edad"));
+    QString texto;
+    ASSERT_TRUE(pdb.ReadRecordByID(0x100001, texto, "|"));
+    EXPECT_EQ(texto, QString::fromUtf8("\u5c71\u7530|30"));
+
+    pdb.UpdateRecord(0x100001, 0, QString::fromUtf8("\u5c71\u7530\u592a\u90ce"));
+    EXPECT_EQ(Registro().toHex(), "8e52936391be9859"
+                                  "00"
+                                  "001e");
+    ASSERT_TRUE(pdb.ReadRecordByID(0x100001, texto, "|"));
+    EXPECT_EQ(texto, QString::fromUtf8("\u5c71\u7530\u592a\u90ce|30"));
+
+    // Hangul is not in Shift_JIS: refused, and the file stays as it was.
+    const QByteArray antes = Bytes("kokyaku");
+    EsperarError([&] { pdb.UpdateRecord(0x100001, 0, QString::fromUtf8("\ud55c")); },
+                 modFuncionesConversion::ErrorTextoNoCodificable, "UpdateRecord");
+    EXPECT_EQ(Bytes("kokyaku"), antes);
+}
+
+TEST_F(PalmPDBTest, UnRegistroNuevo) {
+    ASSERT_TRUE(mBase->OpenFile("Clientes"));
+    EXPECT_EQ(mBase->CategoryID(11), 1);
+    const qint32 id = mBase->NewRecord();
+    EXPECT_EQ(id, 13);
+    const clsArchivoPDB archivo = Archivo("Clientes");
+    ASSERT_EQ(archivo.Registros.size(), 4);
+    // The schema asks for 4 bytes (2-byte Int, one byte for each of the others), one is added.
+    EXPECT_EQ(archivo.Registros.last().Datos, QByteArray(5, '\0'));
+    EXPECT_EQ(archivo.Registros.last().Atributos, clsArchivoPDB::UnirAtributos(0, 1));
+
+    // The blank-record size is read one byte late, so the byte after the converter's word
+    // counts too: 01 01 is 257, more than a byte holds.
+    clsArchivoPDB completa = Archivo("Completa");
+    completa.AppInfo[295] = 1;
+    completa.AppInfo[296] = 1;
+    QFile salida(Ruta("Completa"));
+    ASSERT_TRUE(salida.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    salida.write(completa.Escribir());
+    salida.close();
+    clsPalmPDB otra(Fuente());
+    ASSERT_TRUE(otra.OpenFile("Completa"));
+    EsperarError([&] { otra.NewRecord(); }, ErrorVB::Desbordamiento, "NewRecord");
+}
+
+TEST_F(PalmPDBTest, EscribirAtributos) {
+    const struct {
+        qint32 antes;
+        qint32 dados;
+        qint32 despues;
+    } casos[] = {
+        {0x40, 0, 0x40},    {0x40, 0x10, 0x10},        {0, 0x88, 0x88},
+        {0x40, 0x20, 0x40}, {0x80, 0x40 | 0x20, 0x60},
+    };
+    for (const auto& caso : casos) {
+        GuardarClientes({"00", "2020782000000500"}, 1, [&](clsConstructorBase& xBase) {
+            xBase.Archivo().Registros[1].Atributos = clsArchivoPDB::UnirAtributos(caso.antes, 1);
+        });
+        clsPalmPDB pdb(Fuente());
+        ASSERT_TRUE(pdb.OpenFile("Clientes"));
+        EXPECT_TRUE(pdb.WriteRecordAttributes(11, caso.dados));
+        const EntradaRegistroPDB registro = Archivo("Clientes").Registros[1];
+        qint32 atributos = 0, categoria = 0;
+        clsArchivoPDB::SepararAtributos(registro.Atributos, atributos, categoria);
+        EXPECT_EQ(atributos, caso.despues) << caso.antes << " " << caso.dados;
+        EXPECT_EQ(pdb.RecordAttributes(11), caso.despues);
+        EXPECT_EQ(registro.Datos.toHex(), "2020782000000500");
+    }
+}
+
+// A file may hold a record whose unique ID is 0, the ID that asks for a new record when a record
+// is added: an update or an attribute write changes that record in place and adds none.
+TEST_F(PalmPDBTest, UnRegistroDeID0SeEscribeEnSuLugar) {
+    GuardarClientes({"4100000101", "4200000200"}, 1,
+                    [](clsConstructorBase& xBase) { xBase.Archivo().Registros[0].ID = 0; });
+    clsPalmPDB pdb(Fuente());
+    ASSERT_TRUE(pdb.OpenFile("Clientes"));
+    QString texto;
+    bool alPrincipio = true;
+    ASSERT_EQ(pdb.ReadRecord(alPrincipio, texto, "\t"), 0);
+    EXPECT_EQ(pdb.UpdateRecord(0, 0, "Z"), 0);
+    EXPECT_TRUE(pdb.WriteRecordAttributes(0, 0x10));
+    const clsArchivoPDB archivo = Archivo("Clientes");
+    ASSERT_EQ(archivo.Registros.size(), 2);
+    EXPECT_EQ(archivo.Registros[0].ID, 0u);
+    EXPECT_EQ(archivo.Registros[0].Datos.toHex(), "5a00000101");
+    qint32 atributos = 0, categoria = 0;
+    clsArchivoPDB::SepararAtributos(archivo.Registros[0].Atributos, atributos, categoria);
+    EXPECT_EQ(atributos, 0x10);
+    EXPECT_EQ(archivo.Registros[1].Datos.toHex(), "4200000200");
+}
+
+// Reading by place in the file gives what the sequential reading gives, record for record, and
+// ends where it ends: a record whose ID is 0 is read in the middle, but taken for the end last.
+TEST_F(PalmPDBTest, LaLecturaPorLugarEsLaSecuencial) {
+    for (const int conID0 : {-1, 0, 2}) {
+        GuardarClientes({"4100000101", "4200000200", "4300000001"}, 1,
+                        [conID0](clsConstructorBase& xBase) {
+                            if (conID0 >= 0) xBase.Archivo().Registros[conID0].ID = 0;
+                        });
+        clsPalmPDB pdb(Fuente());
+        ASSERT_TRUE(pdb.OpenFile("Clientes"));
+        for (const QString& separador : {QStringLiteral("\t"), QStringLiteral(",")}) {
+            QStringList secuencial;
+            QString texto;
+            bool alPrincipio = true;
+            for (qint32 id; (id = pdb.ReadRecord(alPrincipio, texto, separador)) != -1;)
+                secuencial << QString::number(id) + ':' + texto;
+            QStringList porLugar;
+            clsPalmPDB::LecturaIndice lectura;
+            for (qint32 i = 0, id; (id = pdb.TextoEnIndice(i, separador, lectura, texto)) != -1;
+                 ++i)
+                porLugar << QString::number(id) + ':' + texto;
+            EXPECT_EQ(porLugar, secuencial) << conID0;
+            EXPECT_EQ(porLugar.size(), conID0 == 2 ? 2 : 3) << conID0;
+        }
+        pdb.CloseDatabase();
+    }
+}
+
+TEST_F(PalmPDBTest, DatosDeCadaRegistro) {
+    ASSERT_TRUE(mBase->OpenFile("Clientes"));
+    const struct {
+        qint32 id;
+        qint32 atributos, categoria, indice, largo;
+    } casos[] = {{10, 0, 0, 0, 6}, {11, 0x40, 1, 1, 8}, {12, 0, 1, 2, 4}};
+    for (const auto& caso : casos) {
+        EXPECT_EQ(mBase->RecordAttributes(caso.id), caso.atributos);
+        EXPECT_EQ(mBase->CategoryID(caso.id), caso.categoria);
+        EXPECT_EQ(mBase->RecordIndex(caso.id), caso.indice);
+        EXPECT_EQ(mBase->RecordLength(caso.id), caso.largo);
+    }
+    // An unknown record gives each property's failure value; its length is an error.
+    EXPECT_EQ(mBase->RecordAttributes(99), -1);
+    EXPECT_EQ(mBase->CategoryID(99), 0);
+    EXPECT_EQ(mBase->RecordIndex(99), 0);
+    EsperarError([&] { mBase->RecordLength(99); }, ErroresFuente::RegistroNoEncontrado,
+                 "LeerPorID");
+    EsperarError([&] { mBase->WriteRecordAttributes(99, 0x40); },
+                 ErroresFuente::RegistroNoEncontrado, "LeerPorID");
+    EXPECT_EQ(mBase->RetrieveSortInfo(), QByteArray::fromHex("0102"));
+    EXPECT_EQ(mBase->CategoriesCount(), 2);
+    EXPECT_EQ(mBase->CategoryName(1), "Business");
+}
+
+TEST_F(PalmPDBTest, Borrar) {
+    ASSERT_TRUE(mBase->OpenFile("Clientes"));
+    EXPECT_TRUE(mBase->DeleteRecord(11));
+    EXPECT_FALSE(mBase->DeleteRecord(11));
+    EXPECT_FALSE(mBase->DeleteRecord(99));
+    EXPECT_EQ(Archivo("Clientes").Registros.size(), 2);
+    const auto permisos = QFile::permissions(Ruta("Clientes"));
+    QFile::setPermissions(Ruta("Clientes"), QFile::ReadOwner);
+    EXPECT_FALSE(mBase->DeleteRecord(10));
+    EsperarError([&] { mBase->DeleteAllRecords(); }, ErroresFuente::EscrituraFallida,
+                 "BorrarTodos");
+    QFile::setPermissions(Ruta("Clientes"), permisos);
+    mBase->DeleteAllRecords();
+    EXPECT_TRUE(Archivo("Clientes").Registros.isEmpty());
+}
+
+// Two objects over two sources stand for two programs: both read record 10 ("abc", 5, True),
+// the other one writes first. (Two updates of one record: the batch test of pandrel-cli.)
+TEST_F(PalmPDBTest, DosEscritoresDeUnRegistro) {
+    const struct {
+        const char* caso;
+        std::function<void(clsPalmPDB&)> otro;
+        std::function<void(clsPalmPDB&)> nuestro;
+        QByteArray despues; // record 10 on disk; empty: it is gone
+        qint32 atributos;
+    } casos[] = {
+        {"attributes keep the other's field", [](clsPalmPDB& x) { x.UpdateRecord(10, 1, "7"); },
+         [](clsPalmPDB& x) { x.WriteRecordAttributes(10, 0x10); }, "61626300000701", 0x10},
+        {"a field keeps the other's attributes",
+         [](clsPalmPDB& x) { x.WriteRecordAttributes(10, 0x10); },
+         [](clsPalmPDB& x) { x.UpdateRecord(10, 1, "7"); }, "61626300000701", 0x10},
+        {"an update of a record gone", [](clsPalmPDB& x) { x.DeleteRecord(10); },
+         [](clsPalmPDB& x) {
+             EsperarError([&] { x.UpdateRecord(10, 0, "xy"); }, ErroresFuente::RegistroNoEncontrado,
+                          "LeerPorID");
+             EsperarError([&] { x.WriteRecordAttributes(10, 0x10); },
+                          ErroresFuente::RegistroNoEncontrado, "LeerPorID");
+             EXPECT_FALSE(x.DeleteRecord(10));
+         },
+         "", 0},
+    };
+    for (const auto& caso : casos) {
+        GuardarClientes({"61626300000501", "00", "00"});
+        clsPalmPDB otro(Fuente()), nuestro(Fuente());
+        QString texto;
+        for (clsPalmPDB* pdb : {&otro, &nuestro}) {
+            ASSERT_TRUE(pdb->OpenFile("Clientes"));
+            ASSERT_TRUE(pdb->ReadRecordByID(10, texto, "\t"));
+        }
+        caso.otro(otro);
+        const QByteArray antes = Bytes("Clientes");
+        caso.nuestro(nuestro);
+        const clsArchivoPDB archivo = Archivo("Clientes");
+        if (caso.despues.isEmpty()) {
+            EXPECT_EQ(Bytes("Clientes"), antes) << caso.caso;
+            continue;
+        }
+        ASSERT_EQ(archivo.Registros[0].ID, 10u);
+        EXPECT_EQ(archivo.Registros[0].Datos.toHex(), caso.despues) << caso.caso;
+        EXPECT_EQ(nuestro.RecordAttributes(10), caso.atributos) << caso.caso;
+    }
+}
+
+TEST_F(PalmPDBTest, UnaBaseDeRecursos) {
+    ASSERT_TRUE(mBase->OpenFile("Aplicacion"));
+    EXPECT_FALSE(mBase->IsDataBase());
+    EXPECT_FALSE(mBase->IsAppForgeDB());
+    EXPECT_EQ(mBase->NumRecords(), 0);
+    EXPECT_EQ(mBase->CategoriesCount(), 0);
+    EXPECT_EQ(mBase->CategoryName(0), "");
+    EXPECT_EQ(mBase->DBType(), "appl");
+    QString texto = "previo";
+    bool alPrincipio = true;
+    EXPECT_EQ(mBase->ReadRecord(alPrincipio, texto, "\t"), 0);
+    EXPECT_EQ(texto, "previo");
+    EXPECT_FALSE(mBase->ReadRecordByID(1, texto, "\t"));
+    EXPECT_FALSE(mBase->DeleteRecord(1));
+    EXPECT_EQ(mBase->RecordAttributes(1), -1);
+}
+
+TEST_F(PalmPDBTest, LaCabecera) {
+    const struct {
+        qint32 version, companero;
+        float esperada;
+    } versiones[] = {{1, 5, 1.05f}, {1, 0, 1.0f}, {2, 150, 3.5f}, {3, -1, 3.0f}, {0, 1, 0.01f}};
+    for (const auto& caso : versiones) {
+        GuardarClientes({}, caso.version);
+        clsPalmPDB pdb(Fuente({{}, caso.companero}));
+        ASSERT_TRUE(pdb.OpenFile("Clientes"));
+        EXPECT_FLOAT_EQ(pdb.DBVersion(), caso.esperada);
+    }
+    // The other header facts pass through as the source's information object gives them (see the
+    // source's own suite); closing keeps the kind of the last database.
+    ASSERT_TRUE(mBase->OpenFile("Clientes"));
+    mBase->CloseDatabase();
+    EXPECT_TRUE(mBase->IsAppForgeDB());
+    EXPECT_TRUE(mBase->IsDataBase());
+}
+
+class CatalogoTest : public CarpetaTest {
+protected:
+    void SetUp() override {
+        CarpetaTest::SetUp();
+        const struct {
+            const char* nombre;
+            const char* tipo;
+            const char* creador;
+            bool appForge;
+            bool recursos;
+        } bases[] = {
+            {"zeta", "DATA", "AFc1", true, false},   {"Alfa", "data", "AFc1", false, false},
+            {"App1", "appl", "AFc1", false, true},   {"beta", "Data", "memo", false, false},
+            {"Memo2", "MEMO", "memo", false, false}, {"Otra", "DATA", "Zz01", true, false},
+            {"Prog", "APPL", "prg1", false, true},   {"Ocupada", "DATA", "busy", false, false},
+            {"a*b", "DATA", "star", false, false},
+        };
+        for (const auto& b : bases) {
+            clsConstructorBase base(b.nombre, b.tipo, b.creador);
+            if (b.recursos) base.AgregarRecurso("code", 1, "xx");
+            if (b.appForge) base.EsquemaAppForge("T", {{"A", C::Int}});
+            Guardar(base);
+        }
+        mFuente = Fuente({{{"Ocupada", ErroresFuente::BaseEnUso}}});
+    }
+    std::shared_ptr<clsFuentePalm> mFuente;
+};
+
+TEST_F(CatalogoTest, LasBasesDeUnCreador) {
+    clsPalmPDB pdb(mFuente);
+    const struct {
+        const char* creador;
+        const char* separador;
+        QString esperado;
+    } casos[] = {
+        {"AFc1", "\t", "Alfa*1\tApp1*4\tzeta*1\t"},
+        {"memo", "|", "Memo2*12|beta*1|"},
+        {"prg1", ";", "Prog*4;"},
+        {"nada", "\t", ""},
+        {"star", "\t", "a*0\t"},
+    };
+    for (const auto& caso : casos)
+        EXPECT_EQ(pdb.RetrieveDataBases(caso.creador, caso.separador), caso.esperado)
+            << caso.creador;
+}
+
+TEST_F(CatalogoTest, LosCreadoresPorClase) {
+    const struct {
+        qint32 clase;
+        QString esperado;
+    } casos[] = {
+        {0, "AFc1\tZz01\t"},
+        {1, "memo\tprg1\tstar\t"},
+        {2, "AFc1\tZz01\tbusy\tmemo\tprg1\tstar\t"},
+    };
+    for (const auto& caso : casos) {
+        clsPalmPDB pdb(Fuente({{{"Ocupada", ErroresFuente::BaseEnUso}}}));
+        EXPECT_EQ(pdb.RetrieveCreatorsID(caso.clase, "\t"), caso.esperado) << caso.clase;
+    }
+    // The other kinds after the first, on one object, give the same lists.
+    clsPalmPDB pdb(mFuente);
+    for (const auto& caso : casos)
+        EXPECT_EQ(pdb.RetrieveCreatorsID(caso.clase, "\t"), caso.esperado) << caso.clase;
+}
+
+TEST_F(CatalogoTest, LasListasSeGuardan) {
+    clsPalmPDB pdb(mFuente);
+    const QString primera = pdb.RetrieveCreatorsID(0, "\t");
+    // A new AppForge database does not reach the list already made, nor does another separator.
+    clsConstructorBase nueva("Nueva", "DATA", "NEW1");
+    nueva.EsquemaAppForge("T", {{"A", C::Int}});
+    Guardar(nueva);
+    EXPECT_EQ(pdb.RetrieveCreatorsID(0, "\t"), primera);
+    EXPECT_EQ(pdb.RetrieveCreatorsID(0, "|"), primera);
+    EXPECT_TRUE(pdb.RetrieveCreatorsID(2, "\t").contains("NEW1\t"));
+    EsperarError([&] { pdb.RetrieveCreatorsID(3, "\t"); }, ErrorVB::SubindiceFueraDeRango,
+                 "RetrieveCreatorsID");
+    // Listing leaves the last database it looked at open.
+    EsperarError([&] { pdb.OpenFile("zeta"); }, YaAbierta, "OpenFile");
+    pdb.CloseDatabase();
+    EXPECT_TRUE(pdb.OpenFile("zeta"));
+}
+
+// Blank creator codes make a kept list of blanks and tabs, which is kept all the same.
+TEST_F(CarpetaTest, UnaListaDeCreadoresEnBlancoSeGuarda) {
+    const auto AppForge = [this](const char* xNombre, const char* xCreador) {
+        clsConstructorBase base(xNombre, "DATA", xCreador);
+        base.EsquemaAppForge("T", {{"A", C::Int}});
+        Guardar(base);
+    };
+    AppForge("Blanca", "    ");
+    clsPalmPDB pdb(Fuente());
+    EXPECT_EQ(pdb.RetrieveCreatorsID(0, "\t"), "    \t");
+    AppForge("Nueva", "NEW1");
+    EXPECT_EQ(pdb.RetrieveCreatorsID(0, "\t"), "    \t");
+}
+
+} // namespace

@@ -1,0 +1,155 @@
+#include "common/ErrorVB.h"
+#include "data/formato/clsArchivoPDB.h"
+#include "data/zip/clsFuenteZip.h"
+#include "support/modZipPrueba.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QtEndian>
+#include <gtest/gtest.h>
+
+namespace {
+
+using modZipPrueba::Entradas;
+
+QByteArray Base(const QByteArray& xNombre, const QByteArray& xRegistro = "uno") {
+    clsArchivoPDB archivo;
+    archivo.Nombre = xNombre;
+    archivo.Tipo = 0x44415441;    // DATA
+    archivo.Creador = 0x54455354; // TEST
+    archivo.Registros = {{0x40, 5, xRegistro}, {0, 9, "dos"}};
+    return archivo.Escribir();
+}
+
+// Sets the size every header of the entry claims once expanded, as a hostile archive lies.
+void FingirTamano(QByteArray& xZip, const QByteArray& xNombre, quint32 xTamano) {
+    for (const auto& [firma, desplazamiento, nombre] :
+         {std::tuple{"PK\x03\x04", 22, 30}, std::tuple{"PK\x01\x02", 24, 46}}) {
+        for (qsizetype p = xZip.indexOf(firma); p >= 0; p = xZip.indexOf(firma, p + 1))
+            if (xZip.mid(p + nombre, xNombre.size()) == xNombre)
+                qToLittleEndian(xTamano, xZip.data() + p + desplazamiento);
+    }
+}
+
+class ZipTest : public ::testing::Test {
+protected:
+    QString Ruta() const { return mCarpeta.filePath("Palm.zip"); }
+    QStringList Listar(clsFuentePalm& xFuente) { return xFuente.CrearGestor()->ListarBases(-1); }
+
+    QTemporaryDir mCarpeta;
+};
+
+} // namespace
+
+// Entries that cannot be databases are left out and reported; none is ever written out as a
+// file, so a name with ".." reaches nothing outside the archive.
+TEST_F(ZipTest, LasEntradasHostilesSeAvisanSinSalirDelArchivo) {
+    QByteArray interior;
+    {
+        QTemporaryDir otra;
+        ASSERT_TRUE(
+            modZipPrueba::GuardarZip(otra.filePath("i.zip"), {{"Oculta.pdb", Base("Oculta")}}));
+        QFile archivo(otra.filePath("i.zip"));
+        ASSERT_TRUE(archivo.open(QIODevice::ReadOnly));
+        interior = archivo.readAll();
+    }
+    ASSERT_TRUE(modZipPrueba::GuardarZip(Ruta(),
+                                         {{"Palm/Backup/buena.PDB", Base("Buena")},
+                                          {"../fuera.pdb", Base("Fuera")},
+                                          {"secreta.pdb", Base("Secreta")},
+                                          {"enorme.pdb", Base("Enorme")},
+                                          {"dentro.zip", interior},
+                                          {"rota.pdb", Base("Rota", QByteArray(2000, 'r'))},
+                                          {"notas.txt", "not a database"}},
+                                         {"secreta.pdb"}));
+    QFile archivo(Ruta());
+    ASSERT_TRUE(archivo.open(QIODevice::ReadWrite));
+    QByteArray bytes = archivo.readAll();
+    FingirTamano(bytes, "enorme.pdb", 0xC0000000u);
+    // Damaged data: the directory is whole, the entry's compressed bytes are not.
+    const qsizetype rota = bytes.indexOf("rota.pdb") + 8;
+    bytes.replace(rota + 20, 16, QByteArray(16, '\xff'));
+    archivo.seek(0);
+    archivo.write(bytes);
+    archivo.close();
+
+    clsFuenteZip fuente(Ruta());
+    EXPECT_EQ(Listar(fuente), QStringList({"Buena"}));
+    const QStringList avisos = fuente.Avisos();
+    ASSERT_EQ(avisos.size(), 5) << avisos.join('\n').toStdString();
+    const struct {
+        const char* Entrada;
+        const char* Motivo;
+    } casos[] = {{"../fuera.pdb", "leads out of the archive"},
+                 {"secreta.pdb", "encrypted"},
+                 {"enorme.pdb", "claims 3221225472 bytes"},
+                 {"dentro.zip", "archive inside the archive"},
+                 {"rota.pdb", "cannot be read"}};
+    for (const auto& caso : casos)
+        EXPECT_EQ(avisos.filter(caso.Entrada).filter(caso.Motivo).size(), 1) << caso.Entrada;
+    EXPECT_FALSE(QFile::exists(QFileInfo(mCarpeta.path()).dir().filePath("fuera.pdb")));
+    EXPECT_EQ(QDir(mCarpeta.path()).entryList(QDir::Files | QDir::Hidden),
+              QStringList({"Palm.zip"}));
+}
+
+// A truncated or empty archive, or one that is not a zip at all, is a numbered error at every door.
+TEST_F(ZipTest, UnArchivoCortadoEsUnErrorNumerado) {
+    ASSERT_TRUE(
+        modZipPrueba::GuardarZip(Ruta(), {{"a.pdb", Base("Alfa")}, {"b.pdb", Base("Beta")}}));
+    QFile archivo(Ruta());
+    ASSERT_TRUE(archivo.open(QIODevice::ReadOnly));
+    const QByteArray entero = archivo.readAll();
+    archivo.close();
+    for (const QByteArray& roto : {entero.left(entero.size() - 30), entero.left(entero.size() / 2),
+                                   QByteArray("PK\x05\x06"), QByteArray()}) {
+        QFile::remove(Ruta());
+        ASSERT_TRUE(archivo.open(QIODevice::WriteOnly));
+        archivo.write(roto);
+        archivo.close();
+        clsFuenteZip fuente(Ruta());
+        try {
+            Listar(fuente);
+            ADD_FAILURE() << roto.size();
+        } catch (const ErrorVB& error) {
+            EXPECT_EQ(error.Numero(), ErroresFuente::HandheldInaccesible);
+            EXPECT_TRUE(error.Descripcion().contains("cannot be read")) << error.what();
+        }
+    }
+}
+
+// A write rewrites the archive: the database's entry holds the change, every other entry keeps its
+// stored bytes (copied, not compressed anew), names and order, and nothing is left beside it.
+TEST_F(ZipTest, UnaEscrituraConservaLasDemasEntradas) {
+    const Entradas entradas = {{"Handheld.ini", "[Handheld]\nEncoding=windows-1252\n"},
+                               {"a/Alfa.pdb", Base("Alfa")},
+                               {"Beta.pdb", Base("Beta", QByteArray(5000, 'b'))},
+                               {"notas.txt", QByteArray(3000, 'n')}};
+    ASSERT_TRUE(modZipPrueba::GuardarZip(Ruta(), entradas));
+    const Entradas antes = modZipPrueba::Leer(Ruta(), true);
+
+    clsFuenteZip fuente(Ruta());
+    auto adaptador = fuente.CrearGestor()->AbrirBaseRegistros("Alfa", "", 208);
+    adaptador->EscribirRegistro(5, 1, 0, "cambiado");
+    EXPECT_EQ(adaptador->EscribirRegistro(0, 0, 0, "nuevo"), 10);
+
+    const Entradas despues = modZipPrueba::Leer(Ruta(), true);
+    ASSERT_EQ(despues.size(), antes.size());
+    for (int i = 0; i < antes.size(); ++i) {
+        EXPECT_EQ(despues[i].first, antes[i].first);
+        if (antes[i].first != "a/Alfa.pdb") {
+            EXPECT_EQ(despues[i].second, antes[i].second) << i;
+        }
+    }
+    const clsArchivoPDB alfa = clsArchivoPDB::Leer(modZipPrueba::Leer(Ruta())[1].second);
+    ASSERT_EQ(alfa.Registros.size(), 3);
+    EXPECT_EQ(alfa.Registros[0].Datos, QByteArray("cambiado"));
+    EXPECT_EQ(alfa.Registros[2].Datos, QByteArray("nuevo"));
+    EXPECT_EQ(QDir(mCarpeta.path()).entryList(QDir::Files | QDir::Hidden),
+              QStringList({"Palm.zip"}));
+    // A second source sees the change, and the card's name is the archive's.
+    clsFuenteZip otra(Ruta());
+    EXPECT_EQ(otra.CrearGestor()->AbrirBaseRegistros("Alfa", "", 208)->LeerPorID(5).Bytes,
+              QByteArray("cambiado"));
+    EXPECT_EQ(otra.CrearSistema()->TarjetaMemoria()->Nombre(), "Palm");
+}

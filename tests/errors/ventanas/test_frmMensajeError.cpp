@@ -1,0 +1,248 @@
+#include "common/ErrorVB.h"
+#include "common/clsConfiguracionRegional.h"
+#include "common/ventanas/modDialogos.h"
+#include "errors/ventanas/MostrarMensajeError.h"
+#include "errors/ventanas/frmMensajeError.h"
+#include "printing/ventanas/clsImpresoraQt.h"
+#include "support/clsImpresoraGrabadora.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPointer>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QTest>
+#include <QTimer>
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+// Readable failure messages for texts.
+inline void PrintTo(const QString& xTexto, std::ostream* xSalida) {
+    *xSalida << '"' << xTexto.toStdString() << '"';
+}
+
+namespace {
+
+using Texto = clsImpresoraGrabadora::TextoImpreso;
+
+QString TextoDe(const QWidget& xVentana, const char* xNombre) {
+    if (auto* rotulo = xVentana.findChild<QLabel*>(xNombre)) return rotulo->text();
+    if (auto* linea = xVentana.findChild<QLineEdit*>(xNombre)) return linea->text();
+    if (auto* caja = xVentana.findChild<QPlainTextEdit*>(xNombre)) return caja->toPlainText();
+    ADD_FAILURE() << "no control " << xNombre;
+    return {};
+}
+
+// Number, description, source, form and procedure as the window shows them.
+QStringList Campos(const QWidget& xVentana) {
+    QStringList campos;
+    for (const char* nombre : {"lblErrorNumero", "txtErrorDescrip", "txtErrorProcedFuente",
+                               "lblErrorFormulario", "lblErrorModuloFormulario"})
+        campos << TextoDe(xVentana, nombre);
+    return campos;
+}
+
+void Pulsar(QWidget* xVentana, const char* xBoton) {
+    QPointer<QPushButton> boton = xVentana->findChild<QPushButton*>(xBoton);
+    ASSERT_TRUE(boton);
+    QTimer::singleShot(0, boton, [boton] { QTest::mouseClick(boton, Qt::LeftButton); });
+}
+
+// Runs xLlamar and hands every error window that comes up modally meanwhile to xAlAbrirse, in the
+// order they come (0 for the first). A window that comes back on top after the ones over it closed
+// gets its OK pressed; anything still open after five seconds is closed so a fault cannot hang.
+void ConVentanas(const std::function<void()>& xLlamar,
+                 const std::function<void(frmMensajeError*, int)>& xAlAbrirse) {
+    std::vector<QPointer<frmMensajeError>> vistas;
+    QPointer<frmMensajeError> arriba;
+    QElapsedTimer tiempo;
+    tiempo.start();
+    QTimer reloj;
+    reloj.setInterval(10);
+    QObject::connect(&reloj, &QTimer::timeout, [&] {
+        auto* ventana = qobject_cast<frmMensajeError*>(QApplication::activeModalWidget());
+        if (!ventana) return;
+        if (tiempo.elapsed() > 5000) {
+            ADD_FAILURE() << "an error window stayed open";
+            ventana->reject();
+            return;
+        }
+        if (ventana == arriba) return;
+        arriba = ventana;
+        const auto vista = std::find(vistas.begin(), vistas.end(), ventana);
+        if (vista != vistas.end()) {
+            Pulsar(ventana, "cmdOk");
+            return;
+        }
+        vistas.push_back(ventana);
+        xAlAbrirse(ventana, int(vistas.size()) - 1);
+    });
+    reloj.start();
+    xLlamar();
+    reloj.stop();
+}
+
+class frmMensajeErrorTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        clsConfiguracionRegional::EstablecerActual(
+            QLocale(QLocale::English, QLocale::UnitedStates));
+        modDialogos::ResponderImpresora([](QPrinter&) { return true; });
+        clsImpresoraQt::Sustituir([this](QPrinter&) { return mImpresora; });
+    }
+    void TearDown() override {
+        modDialogos::ResponderImpresora({});
+        clsImpresoraQt::Sustituir({});
+    }
+
+    std::shared_ptr<clsImpresoraGrabadora> mImpresora = std::make_shared<clsImpresoraGrabadora>();
+};
+
+TEST_F(frmMensajeErrorTest, ImprimeLaPaginaDelError) {
+    QStringList palabras;
+    for (int i = 0; i < 10; ++i)
+        palabras << QString(9, QChar('a' + i));
+    struct Caso {
+        QString Descripcion;
+        QStringList LineasDescripcion; // as printed, the first after "Description: "
+    };
+    const Caso casos[] = {
+        {palabras.join(' '),
+         {"Description: " + palabras.mid(0, 7).join(' '),
+          QString(10, ' ') + palabras.mid(7).join(' ')}},
+        {"", {"Description: "}},
+        {"  Overflow  ", {"Description: Overflow"}},
+    };
+    for (const Caso& caso : casos) {
+        mImpresora = std::make_shared<clsImpresoraGrabadora>();
+        frmMensajeError ventana;
+        ventana.Component(6, caso.Descripcion, "Pandrel.modFuncionesConversion", "frmPandrel",
+                          "CargarTabla");
+        QTest::mouseClick(ventana.findChild<QPushButton*>("cmdImprimir"), Qt::LeftButton);
+
+        const QString fecha = TextoDe(ventana, "lblErrorFecha");
+        struct Linea {
+            double X, Y;
+            QString Texto;
+        };
+        // 21 characters of 0.9 cell centred on a sheet 96 cells wide.
+        std::vector<Linea> esperadas = {{(96 - 21 * 0.9) / 2, 1, "An Error was occurred"},
+                                        {10, 5, "Date: " + fecha},
+                                        {10, 6, "Time: " + fecha.right(8)},
+                                        {10, 7, "Computer: "},
+                                        {10, 10, "Number: 6"}};
+        for (int i = 0; i < caso.LineasDescripcion.size(); ++i)
+            esperadas.push_back({i == 0 ? 10.0 : 0.0, 11 + 0.9 * i, caso.LineasDescripcion[i]});
+        esperadas.push_back({10, 14, "Form: frmPandrel"});
+        esperadas.push_back({10, 15, "Form\u00B4s Module: CargarTabla"});
+        esperadas.push_back({10, 16, "Procedure: Pandrel.modFuncionesConversion"});
+
+        const QList<Texto>& textos = mImpresora->Textos();
+        ASSERT_EQ(textos.size(), qsizetype(esperadas.size())) << caso.Descripcion.toStdString();
+        for (size_t i = 0; i < esperadas.size(); ++i) {
+            const Texto& texto = textos[qsizetype(i)];
+            EXPECT_NEAR(texto.X, esperadas[i].X, 1e-9) << i;
+            EXPECT_NEAR(texto.Y, esperadas[i].Y, 1e-9) << i;
+            EXPECT_EQ(texto.Texto, esperadas[i].Texto);
+            EXPECT_EQ(texto.Escala, clsImpresora::EscalaCaracteres);
+            EXPECT_EQ(texto.Fuente, "MS Sans Serif");
+            EXPECT_EQ(texto.Tamano, 9);
+            EXPECT_EQ(texto.Pagina, 1);
+        }
+        const QStringList& llamadas = mImpresora->Llamadas();
+        EXPECT_EQ(llamadas.first(), "ScaleMode 4");
+        EXPECT_EQ(llamadas.mid(llamadas.size() - 2), QStringList({"EndDoc", "ScaleMode 1"}));
+        EXPECT_EQ(mImpresora->DocumentosTerminados(), 1);
+        EXPECT_EQ(mImpresora->PaginasPasadas(), 0);
+    }
+}
+
+TEST_F(frmMensajeErrorTest, DialogoCanceladoTerminaEnSilencio) {
+    int impresoras = 0;
+    modDialogos::ResponderImpresora([](QPrinter&) { return false; });
+    clsImpresoraQt::Sustituir([&](QPrinter&) {
+        ++impresoras;
+        return mImpresora;
+    });
+    frmMensajeError ventana;
+    ventana.Component(9, "Subscript out of range", "Pandrel", "frmPandrel", "CargarTabla");
+    int ventanas = 0;
+    ConVentanas(
+        [&] { QTest::mouseClick(ventana.findChild<QPushButton*>("cmdImprimir"), Qt::LeftButton); },
+        [&](frmMensajeError* otra, int) {
+            ++ventanas;
+            Pulsar(otra, "cmdOk");
+        });
+    EXPECT_EQ(impresoras, 0);
+    EXPECT_EQ(ventanas, 0);
+    EXPECT_TRUE(mImpresora->Llamadas().isEmpty());
+}
+
+// Two failures in a row: two windows, one after the other, each released when closed.
+TEST_F(frmMensajeErrorTest, MostrarMensajeErrorEsModalYLiberaLaVentana) {
+    const QRegularExpression fechaHora(R"(^\d\d/\d\d/\d{4} \d\d:\d\d:\d\d$)");
+    for (int vez = 0; vez < 2; ++vez) {
+        QStringList vistos;
+        ConVentanas(
+            [] {
+                MostrarMensajeError(ErrorVB(ErrorBase + 1002, "RetrieveDataBases", "Unknow error"),
+                                    "frmInicio", "AnalizarArchivos");
+            },
+            [&](frmMensajeError* ventana, int) {
+                EXPECT_TRUE(ventana->isModal());
+                vistos = Campos(*ventana);
+                const QString fecha = TextoDe(*ventana, "lblErrorFecha");
+                EXPECT_TRUE(fechaHora.match(fecha).hasMatch()) << fecha.toStdString();
+                EXPECT_EQ(TextoDe(*ventana, "lblErrorHora"), fecha.right(8));
+                EXPECT_EQ(TextoDe(*ventana, "lblComputadora"), "");
+                Pulsar(ventana, "cmdOk");
+            });
+        EXPECT_EQ(vistos, QStringList({"-2147220502", "Unknow error", "RetrieveDataBases",
+                                       "frmInicio", "AnalizarArchivos"}));
+        for (QWidget* ventana : QApplication::topLevelWidgets())
+            EXPECT_FALSE(qobject_cast<frmMensajeError*>(ventana));
+    }
+}
+
+TEST_F(frmMensajeErrorTest, UnaFallaAlImprimirAbreOtraVentanaEncima) {
+    struct Caso {
+        QString Llamada;
+        int Vez;
+        QString Fuente;
+    };
+    const Caso casos[] = {
+        {"Print", 3, "Printer"},
+        {"TextWidth", 2, "Printer.modFunciones.MultiLinea\r\n"}, // the first measure in the wrap
+        {"EndDoc", 1, "Printer"},
+    };
+    for (const Caso& caso : casos) {
+        mImpresora = std::make_shared<clsImpresoraGrabadora>();
+        mImpresora->FallarEn(caso.Llamada, ErrorVB(482, "Printer", "Printer error"), caso.Vez);
+        QPointer<frmMensajeError> primera;
+        QStringList segunda;
+        ConVentanas(
+            [] { MostrarMensajeError(6, "Overflow", "Pandrel", "frmPandrel", "CargarTabla"); },
+            [&](frmMensajeError* ventana, int orden) {
+                if (orden == 0) {
+                    primera = ventana;
+                    Pulsar(ventana, "cmdImprimir");
+                    return;
+                }
+                EXPECT_EQ(ventana->parentWidget(), primera.data());
+                segunda = Campos(*ventana);
+                Pulsar(ventana, "cmdOk");
+            });
+        EXPECT_EQ(segunda, QStringList({"482", "Printer error", caso.Fuente, "Error Message",
+                                        "ImprimoError"}))
+            << caso.Llamada.toStdString();
+        EXPECT_FALSE(primera);
+    }
+}
+
+} // namespace

@@ -1,0 +1,122 @@
+#include "common/ErrorVB.h"
+#include "support/clsImpresoraGrabadora.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace {
+
+// Letter with quarter-inch margins: 11520 x 15120 twips printable, 96 x 63 character cells.
+TEST(clsImpresoraGrabadora, MedidasYPosicionesEnCadaEscala) {
+    struct Caso {
+        int Escala;
+        double Tamano;
+        bool Negrita;
+        QString Texto;
+        double Ancho, Alto;         // of the text
+        double AnchoHoja, AltoHoja; // printable area
+    };
+    const Caso casos[] = {
+        {clsImpresora::EscalaTwips, 10, false, "abc", 360, 240, 11520, 15120},
+        {clsImpresora::EscalaTwips, 10, true, "abc", 396, 240, 11520, 15120},
+        {clsImpresora::EscalaCaracteres, 10, false, "abc", 3, 1, 96, 63},
+        {clsImpresora::EscalaCaracteres, 9, false, "abcdefghij", 9, 0.9, 96, 63},
+        // Several lines: the widest line, every line's height.
+        {clsImpresora::EscalaCaracteres, 10, false, "ab\r\nabcd\nx", 4, 3, 96, 63},
+    };
+    for (const Caso& caso : casos) {
+        clsImpresoraGrabadora impresora;
+        impresora.SetScaleMode(caso.Escala);
+        impresora.SetFontSize(caso.Tamano);
+        impresora.SetFontBold(caso.Negrita);
+        EXPECT_DOUBLE_EQ(impresora.TextWidth(caso.Texto), caso.Ancho) << caso.Texto.toStdString();
+        EXPECT_DOUBLE_EQ(impresora.TextHeight(caso.Texto), caso.Alto) << caso.Texto.toStdString();
+        EXPECT_DOUBLE_EQ(impresora.ScaleWidth(), caso.AnchoHoja);
+        EXPECT_DOUBLE_EQ(impresora.ScaleHeight(), caso.AltoHoja);
+        EXPECT_DOUBLE_EQ(impresora.Width(), 12240);
+        // A position is one place on the sheet whatever the scale it was given in.
+        impresora.SetCurrentX(10);
+        impresora.SetCurrentY(5);
+        impresora.SetScaleMode(clsImpresora::EscalaTwips);
+        const bool celdas = caso.Escala == clsImpresora::EscalaCaracteres;
+        EXPECT_DOUBLE_EQ(impresora.CurrentX(), celdas ? 1200 : 10);
+        EXPECT_DOUBLE_EQ(impresora.CurrentY(), celdas ? 1200 : 5);
+    }
+}
+
+TEST(clsImpresoraGrabadora, PrintEscribeYPasaALaLineaSiguiente) {
+    clsImpresoraGrabadora impresora;
+    impresora.SetScaleMode(clsImpresora::EscalaCaracteres);
+    impresora.SetCurrentX(10);
+    impresora.SetCurrentY(11);
+    impresora.Print("first\r\n  second");
+    EXPECT_DOUBLE_EQ(impresora.CurrentX(), 0);
+    EXPECT_DOUBLE_EQ(impresora.CurrentY(), 13);
+    impresora.Print(); // an empty line only moves down
+    impresora.SetFontBold(true);
+    impresora.Print("third");
+
+    struct Esperado {
+        double X, Y;
+        QString Texto;
+        bool Negrita;
+    };
+    const Esperado esperados[] = {
+        {10, 11, "first", false}, {0, 12, "  second", false}, {0, 14, "third", true}};
+    ASSERT_EQ(impresora.Textos().size(), 3);
+    for (int i = 0; i < 3; ++i) {
+        const auto& texto = impresora.Textos()[i];
+        EXPECT_DOUBLE_EQ(texto.X, esperados[i].X) << i;
+        EXPECT_DOUBLE_EQ(texto.Y, esperados[i].Y) << i;
+        EXPECT_EQ(texto.Texto, esperados[i].Texto);
+        EXPECT_EQ(texto.Negrita, esperados[i].Negrita);
+    }
+}
+
+TEST(clsImpresoraGrabadora, PaginasLineasYDocumento) {
+    clsImpresoraGrabadora impresora;
+    impresora.SetScaleMode(clsImpresora::EscalaCaracteres);
+    impresora.Line(0, 2, 50, 2);
+    EXPECT_DOUBLE_EQ(impresora.CurrentX(), 50); // a line leaves the position at its end
+    impresora.SetCurrentY(0);
+    for (int i = 0; i < 64; ++i) // 63 lines of 10-point type fit; the 64th opens page 2
+        impresora.Print(QString::number(i));
+    ASSERT_EQ(impresora.Textos().size(), 64);
+    EXPECT_EQ(impresora.Textos()[62].Pagina, 1);
+    EXPECT_EQ(impresora.Textos()[63].Pagina, 2);
+    EXPECT_DOUBLE_EQ(impresora.Textos()[63].Y, 0);
+    impresora.NewPage();
+    EXPECT_EQ(impresora.Page(), 3);
+    EXPECT_DOUBLE_EQ(impresora.CurrentY(), 0);
+    impresora.EndDoc();
+    EXPECT_EQ(impresora.Page(), 1);
+    EXPECT_EQ(impresora.PaginasPasadas(), 2);
+    EXPECT_EQ(impresora.DocumentosTerminados(), 1);
+    ASSERT_EQ(impresora.Lineas().size(), 1);
+    EXPECT_DOUBLE_EQ(impresora.Lineas()[0].X2, 6000); // recorded in twips
+    EXPECT_EQ(impresora.Llamadas().mid(impresora.Llamadas().size() - 2),
+              QStringList({"NewPage", "EndDoc"}));
+}
+
+TEST(clsImpresoraGrabadora, ValoresInvalidosNoCambianNada) {
+    const std::function<void(clsImpresora&)> cambios[] = {
+        [](clsImpresora& i) { i.SetScaleMode(3); },
+        [](clsImpresora& i) { i.SetFontSize(0); },
+        [](clsImpresora& i) { i.SetCopies(0); },
+    };
+    for (const auto& cambiar : cambios) {
+        clsImpresoraGrabadora impresora;
+        try {
+            cambiar(impresora);
+            ADD_FAILURE() << "accepted";
+        } catch (const ErrorVB& error) {
+            EXPECT_EQ(error.Numero(), 380);
+        }
+        EXPECT_EQ(impresora.ScaleMode(), clsImpresora::EscalaTwips);
+        EXPECT_DOUBLE_EQ(impresora.FontSize(), 10);
+        EXPECT_EQ(impresora.Copies(), 1);
+    }
+}
+
+} // namespace

@@ -1,0 +1,310 @@
+#include "common/clsConfiguracionRegional.h"
+#include "common/modRecientes.h"
+#include "common/ventanas/modDialogos.h"
+#include "constructor/clsConstructorBase.h"
+#include "data/MensajesError.h"
+#include "data/carpeta/clsFuenteCarpeta.h"
+#include "data/modHandheld.h"
+#include "data/zip/clsFuenteZip.h"
+#include "explorer/ventanas/frmPandrel.h"
+#include "shell/frmInicio.h"
+#include "shell/modMain.h"
+#include "support/modZipPrueba.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QLabel>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QPointer>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <gtest/gtest.h>
+#include <memory>
+
+QT_BEGIN_NAMESPACE
+inline void PrintTo(const QString& xTexto, std::ostream* xSalida) {
+    *xSalida << '"' << xTexto.toStdString() << '"';
+}
+QT_END_NAMESPACE
+
+namespace {
+
+// The folder handheld, noting what the frame showed when an explorer began to read it.
+class clsFuenteObservada : public clsFuenteCarpeta {
+public:
+    clsFuenteObservada(const QString& xCarpeta, std::function<void()> xAlLeer)
+        : clsFuenteCarpeta(xCarpeta), mAlLeer(std::move(xAlLeer)) {}
+    std::unique_ptr<clsGestorBases> CrearGestor() override {
+        mAlLeer();
+        return clsFuenteCarpeta::CrearGestor();
+    }
+
+private:
+    std::function<void()> mAlLeer;
+};
+
+class frmInicioTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        CargarMensajes();
+        clsConfiguracionRegional::EstablecerActual(
+            QLocale(QLocale::English, QLocale::UnitedStates));
+        ASSERT_TRUE(mDirectorio.isValid());
+        mCarpeta = mDirectorio.path();
+        clsConstructorBase clientes("Clients", "DATA", "AFa1");
+        clientes.EsquemaAppForge("Clients", {{"Name", clsConstructorBase::String}});
+        clientes.Guardar(mCarpeta + "/Clients.pdb");
+        modHandheld::EstablecerFuente(
+            std::make_shared<clsFuenteObservada>(mCarpeta, [this] { Observar(); }));
+        modDialogos::ResponderMensajes([this](const modDialogos::PeticionMensaje& xPeticion) {
+            Mensajes << xPeticion.Texto;
+            return QMessageBox::Ok;
+        });
+        mInicio = new frmInicio;
+        mInicio->show();
+    }
+    void TearDown() override {
+        delete mInicio.data();
+        modDialogos::ResponderMensajes({});
+    }
+
+    void Observar() {
+        if (mInicio)
+            Vistos << QStringLiteral("%1|%2").arg(Mensaje()).arg(mInicio->cursor().shape());
+    }
+    QString Mensaje() const { return mInicio->findChild<QLabel*>("Mensaje")->text(); }
+    QAction* Menu(const char* xNombre) const {
+        QAction* item = mInicio->findChild<QAction*>(QString::fromLatin1(xNombre));
+        EXPECT_NE(item, nullptr) << xNombre;
+        return item;
+    }
+    QList<QMdiSubWindow*> Hijas() const { return mInicio->findChild<QMdiArea*>()->subWindowList(); }
+    // Runs xAccion while every modal window that opens is closed; returns their class names.
+    static QStringList ConModales(const std::function<void()>& xAccion) {
+        QStringList vistas;
+        QTimer reloj;
+        QObject::connect(&reloj, &QTimer::timeout, [&vistas] {
+            if (QWidget* modal = QApplication::activeModalWidget()) {
+                vistas << modal->metaObject()->className();
+                modal->close();
+            }
+        });
+        reloj.start(10);
+        xAccion();
+        return vistas;
+    }
+
+    QTemporaryDir mDirectorio;
+    QString mCarpeta;
+    QPointer<frmInicio> mInicio;
+    QStringList Mensajes;
+    QStringList Vistos;
+};
+
+TEST_F(frmInicioTest, EachFileDebuggerCommandOpensAnotherExplorer) {
+    mInicio->tlbOpciones_ButtonClick(mInicio->Boton("Archivos"));
+    Menu("mnuFileDebugger")->trigger();
+    ASSERT_EQ(Hijas().size(), 2);
+    for (QMdiSubWindow* hija : Hijas()) {
+        auto* explorador = qobject_cast<frmPandrel*>(hija->widget());
+        ASSERT_NE(explorador, nullptr);
+        EXPECT_TRUE(hija->isVisible());
+        EXPECT_EQ(explorador->windowTitle(), "Explorer");
+        EXPECT_FALSE(explorador->Ocupado());
+    }
+    EXPECT_NE(Hijas()[0]->widget(), Hijas()[1]->widget());
+    // While an explorer reads the handheld the frame says so with the hourglass; then it is clear.
+    ASSERT_FALSE(Vistos.isEmpty());
+    EXPECT_EQ(Vistos.first(), QStringLiteral("Analizyng Palm databases...|%1").arg(Qt::WaitCursor));
+    EXPECT_EQ(Mensaje(), "");
+    EXPECT_EQ(mInicio->cursor().shape(), Qt::ArrowCursor);
+    EXPECT_FALSE(mInicio->findChild<QWidget*>("Progreso")->isVisible());
+    EXPECT_TRUE(Mensajes.isEmpty());
+}
+
+TEST_F(frmInicioTest, TheMenuActsOnlyThroughAnEnabledToolbarButton) {
+    struct Caso {
+        const char* Menu;
+        const char* Boton;
+    };
+    const Caso casos[] = {{"mnuFileDebugger", "Archivos"},
+                          {"mnuSystemInfo", "Informacion"},
+                          {"mnuHelpExit", "Volver"}};
+    for (const Caso& caso : casos) {
+        mInicio->Boton(caso.Boton)->setEnabled(false);
+        const QStringList modales = ConModales([&] { Menu(caso.Menu)->trigger(); });
+        EXPECT_TRUE(modales.isEmpty()) << caso.Menu;
+        mInicio->Boton(caso.Boton)->setEnabled(true);
+    }
+    EXPECT_TRUE(Hijas().isEmpty());
+    EXPECT_TRUE(mInicio->isVisible());
+
+    Menu("mnuHelpExit")->trigger();
+    EXPECT_FALSE(mInicio->isVisible());
+}
+
+TEST_F(frmInicioTest, InformationAndAboutOpenTheirWindowsModally) {
+    struct Caso {
+        std::function<void()> Accion;
+        QString Ventana;
+    };
+    const Caso casos[] = {
+        {[this] { Menu("mnuSystemInfo")->trigger(); }, "frmInformacion"},
+        {[this] { mInicio->tlbOpciones_ButtonClick(mInicio->Boton("Informacion")); },
+         "frmInformacion"},
+        {[this] { Menu("mnuHelpAbout")->trigger(); }, "frmSplash"},
+    };
+    for (const Caso& caso : casos)
+        EXPECT_EQ(ConModales(caso.Accion), QStringList{caso.Ventana});
+}
+
+// The explorer asks for the "under construction" notice; the frame shows it over the explorer.
+TEST_F(frmInicioTest, TheNoticeAnExplorerAsksForShowsModally) {
+    Menu("mnuFileDebugger")->trigger();
+    ASSERT_EQ(Hijas().size(), 1);
+    auto* explorador = qobject_cast<frmPandrel*>(Hijas()[0]->widget());
+    EXPECT_EQ(ConModales([explorador] { emit explorador->AvisoConstruccion(); }),
+              QStringList{"frmMensajeConstruccion"});
+}
+
+// Tiles share the area, but never go below an explorer's minimum size nor over each other: in a
+// small frame they run on past its edge and the area scrolls. A new explorer opens offset from
+// the last one.
+TEST_F(frmInicioTest, TheWindowMenuArrangesTheExplorers) {
+    for (int i = 0; i < 3; ++i)
+        Menu("mnuFileDebugger")->trigger();
+    ASSERT_EQ(Hijas().size(), 3);
+    for (int i = 1; i < 3; ++i)
+        EXPECT_NE(Hijas()[i]->pos(), Hijas()[i - 1]->pos()) << i;
+    const QSize minimo = Hijas()[0]->widget()->minimumSize();
+    ASSERT_GT(minimo.width(), 0);
+
+    struct Caso {
+        QSize Marco;
+        const char* Menu;
+    } casos[] = {{{2400, 2000}, "mnuWindowTileHorizontal"},
+                 {{2600, 1100}, "mnuWindowTileVertical"},
+                 {{900, 700}, "mnuWindowTileHorizontal"},
+                 {{900, 700}, "mnuWindowTileVertical"}};
+    for (const Caso& c : casos) {
+        mInicio->resize(c.Marco);
+        QApplication::processEvents();
+        Menu(c.Menu)->trigger();
+        const QRect area = mInicio->findChild<QMdiArea*>()->viewport()->rect();
+        const bool horizontal = QString(c.Menu).contains("Horizontal");
+        int lugar = 0;
+        for (QMdiSubWindow* hija : Hijas()) {
+            const QRect r = hija->geometry();
+            const QSize contenido = hija->widget()->size();
+            EXPECT_GE(contenido.width(), minimo.width()) << c.Menu;
+            EXPECT_GE(contenido.height(), minimo.height()) << c.Menu;
+            // Each starts where the one before ends, and together they fill the area.
+            EXPECT_EQ(horizontal ? r.top() : r.left(), lugar) << c.Menu;
+            EXPECT_EQ(horizontal ? r.left() : r.top(), 0) << c.Menu;
+            EXPECT_GE(horizontal ? r.width() : r.height(),
+                      horizontal ? area.width() : area.height());
+            lugar += horizontal ? r.height() : r.width();
+        }
+        EXPECT_GE(lugar, (horizontal ? area.height() : area.width()) - 2) << c.Menu;
+    }
+
+    Menu("mnuWindowCascade")->trigger();
+    const QRect a = Hijas()[0]->geometry(), b = Hijas()[1]->geometry();
+    EXPECT_GT(std::abs(b.top() - a.top()), 0);
+    EXPECT_GT(std::abs(b.left() - a.left()), 0);
+}
+
+TEST_F(frmInicioTest, AHandheldThatCannotBeReadEndsInConnectionError) {
+    modHandheld::EstablecerFuente(std::make_shared<clsFuenteCarpeta>(mCarpeta + "/missing"));
+    Menu("mnuFileDebugger")->trigger();
+    EXPECT_EQ(Mensaje(), "Connection error");
+    EXPECT_EQ(mInicio->cursor().shape(), Qt::ArrowCursor);
+    EXPECT_EQ(Mensajes, QStringList{"Palm Database connection error."});
+    // The window stays open with what was built.
+    EXPECT_EQ(Hijas().size(), 1);
+}
+
+// The handheld menu sits before Window; the existing menus keep their order, and no two menus
+// share a mnemonic.
+TEST_F(frmInicioTest, TheHandheldMenuKeepsTheOtherMenusAndTheirMnemonics) {
+    QStringList textos;
+    QString letras;
+    for (QAction* menu : mInicio->menuBar()->actions()) {
+        textos << menu->text();
+        letras += menu->text().at(menu->text().indexOf('&') + 1).toLower();
+    }
+    EXPECT_EQ(textos, QStringList({"&File Debugger", "System &Information", "Ha&ndheld", "&Window",
+                                   "&Help"}));
+    for (const QChar letra : letras)
+        EXPECT_EQ(letras.count(letra), 1) << letras.toStdString();
+}
+
+// Opening a backup asks before closing the explorers of the handheld open now; the new handheld
+// becomes the current one and the first recent one, and its code page can be changed from the
+// menu. A handheld that cannot be read is reported and the previous one stays.
+TEST_F(frmInicioTest, TheHandheldMenuOpensABackupAfterClosingTheExplorers) {
+    QTemporaryDir otra;
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, otra.filePath("settings"));
+    const QString zip = otra.filePath("Backup.zip");
+    ASSERT_TRUE(modZipPrueba::GuardarZip(zip, modZipPrueba::DeCarpeta(mCarpeta)));
+    QString elegido = zip;
+    QStringList titulos;
+    modDialogos::ResponderArchivos([&](const modDialogos::PeticionArchivo& xPeticion, QString*) {
+        titulos << xPeticion.Titulo;
+        return elegido;
+    });
+    QMessageBox::StandardButton respuesta = QMessageBox::No;
+    modDialogos::ResponderMensajes([&](const modDialogos::PeticionMensaje& xPeticion) {
+        Mensajes << xPeticion.Texto;
+        return respuesta;
+    });
+    const auto previa = modHandheld::FuenteActual();
+
+    Menu("mnuFileDebugger")->trigger();
+    Menu("mnuHandheldArchive")->trigger();
+    EXPECT_EQ(Hijas().size(), 1) << "No keeps the explorer and the handheld";
+    EXPECT_EQ(modHandheld::FuenteActual(), previa);
+
+    respuesta = QMessageBox::Yes;
+    Menu("mnuHandheldArchive")->trigger();
+    EXPECT_EQ(Hijas().size(), 0);
+    EXPECT_NE(dynamic_cast<clsFuenteZip*>(modHandheld::FuenteActual().get()), nullptr);
+    EXPECT_EQ(modRecientes::Lista().value(0), zip);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(Menu("mnuHandheldRecent1")->text().endsWith(zip));
+    EXPECT_TRUE(Menu("mnuHandheldRecent1")->isChecked());
+    EXPECT_TRUE(Menu("mnuCodePage_windows-1252")->isChecked());
+
+    Menu("mnuCodePage_Shift_JIS")->trigger();
+    EXPECT_EQ(modHandheld::FuenteActual()->CodigoPagina(), "Shift_JIS");
+    elegido = mCarpeta;
+    Menu("mnuHandheldFolder")->trigger();
+    EXPECT_EQ(dynamic_cast<clsFuenteCarpeta&>(*modHandheld::FuenteActual()).Carpeta(), mCarpeta);
+    EXPECT_EQ(modRecientes::Lista().mid(0, 2), QStringList({mCarpeta, zip}));
+    EXPECT_EQ(titulos,
+              QStringList({"Open Backup Archive", "Open Backup Archive", "Open Handheld Folder"}));
+
+    const auto carpeta = modHandheld::FuenteActual();
+    elegido = otra.filePath("missing.zip");
+    EXPECT_EQ(ConModales([&] { Menu("mnuHandheldArchive")->trigger(); }),
+              QStringList{"frmMensajeError"});
+    EXPECT_EQ(modHandheld::FuenteActual(), carpeta);
+    EXPECT_EQ(Mensajes.size(), 2) << "only the openings with an explorer open ask";
+    modDialogos::ResponderArchivos({});
+}
+
+// A database file given to the program opens its folder and an explorer with it chosen.
+TEST_F(frmInicioTest, ADatabaseFileOpensItsFolderAndChoosesIt) {
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, mCarpeta + "/settings");
+    delete mInicio.data();
+    mInicio = modMain::Main(mCarpeta + "/Clients.pdb");
+    ASSERT_EQ(Hijas().size(), 1);
+    EXPECT_EQ(Hijas()[0]->widget()->windowTitle(), "Explorer [Clients]");
+    EXPECT_EQ(dynamic_cast<clsFuenteCarpeta&>(*modHandheld::FuenteActual()).Carpeta(), mCarpeta);
+    EXPECT_TRUE(Mensajes.isEmpty());
+}
+
+} // namespace
