@@ -4,6 +4,7 @@
 #include "data/carpeta/clsBaseAbiertaCarpeta.h"
 #include "data/clsFuentePalm.h"
 #include "data/formato/clsLectorBytes.h"
+#include "data/formato/modBasesEstandar.h"
 #include "data/formato/modFuncionesConversion.h"
 
 #include <QDir>
@@ -22,6 +23,8 @@
 namespace {
 
 const QString CodigoPaginaPredeterminado = QStringLiteral("windows-1252");
+// The page of a handheld made for Japan.
+const QString CodigoPaginaJapon = QStringLiteral("windows-932");
 const QString NombreIni = QStringLiteral("Handheld.ini");
 
 // Most headers and entry lists of a folder's files fit in one read of this size.
@@ -64,9 +67,54 @@ clsCatalogoCarpeta::clsCatalogoCarpeta(const QString& xUbicacion, const QString&
         mAvisoCodigoPagina = QStringLiteral("Handheld.ini names the code page \"%1\", which is "
                                             "unknown; %2 is used instead.")
                                  .arg(pedido, CodigoPaginaPredeterminado);
+    mCodigoPorDecidir = pedido.isEmpty();
+    UsarCodigoPagina(mCodigoPagina);
+}
+
+void clsCatalogoCarpeta::UsarCodigoPagina(const QString& xCodigoPagina) {
+    mCodigoPagina = xCodigoPagina;
     // One decoder for every name: making one is dear, and each decoding stands alone.
     mDecodificador =
         QStringDecoder(mCodigoPagina.toLatin1().constData(), QStringDecoder::Flag::Stateless);
+}
+
+const QString& clsCatalogoCarpeta::CodigoPagina() {
+    if (mCodigoPorDecidir) DecidirCodigoPagina();
+    return mCodigoPagina;
+}
+
+// The first address book in file-name order tells. A handheld that cannot be read keeps the
+// default: what reads it next reports why.
+void clsCatalogoCarpeta::DecidirCodigoPagina() {
+    using namespace modBasesEstandar;
+    mCodigoPorDecidir = false;
+    try {
+        Actualizar();
+    } catch (const ErrorVB&) {
+        return;
+    }
+    for (const FichaBaseCarpeta& ficha : mBases) {
+        if (ficha.Cabecera.Creador != CreadorDirecciones || ficha.Cabecera.Tipo != TipoDatos)
+            continue;
+        ContenidoArchivo contenido;
+        QString error;
+        if (!LeerContenido(ficha, contenido, error)) return;
+        qint32 pais = -1;
+        try {
+            const DisposicionPDB disposicion = clsArchivoPDB::Analizar(contenido.Bytes);
+            pais =
+                PaisDirecciones(QByteArrayView(contenido.Bytes)
+                                    .sliced(disposicion.AppInfo.Desde, disposicion.AppInfo.Largo));
+        } catch (const ErrorFormatoPDB&) {
+            return;
+        }
+        if (pais != PaisJapon) return;
+        // The names were read in the default page: the folder is read again in this one.
+        UsarCodigoPagina(CodigoPaginaJapon);
+        mCache.clear();
+        mLeida = false;
+        return;
+    }
 }
 
 QString clsCatalogoCarpeta::Decodificar(QByteArrayView xTexto) const {
@@ -222,6 +270,11 @@ const clsCatalogoCarpeta::Lectura& clsCatalogoCarpeta::LeerConCache(const QStrin
 }
 
 void clsCatalogoCarpeta::Actualizar() {
+    if (mCodigoPorDecidir) {
+        // Deciding reads the folder, and reads it again in the page it decides on.
+        DecidirCodigoPagina();
+        if (mLeida) return;
+    }
     ComprobarCarpeta();
     const QStringList archivos = Archivos();
 

@@ -65,8 +65,10 @@ public:
                                                       const QString& xNombre,
                                                       ContenidoArchivo xContenido,
                                                       const QString& xOperacion);
-    // The handheld's code page: [Handheld] Encoding of Handheld.ini, windows-1252 by default.
-    const QString& CodigoPagina() const { return mCodigoPagina; }
+    // The handheld's code page: the one asked for, else [Handheld] Encoding of Handheld.ini;
+    // without either, Shift_JIS (windows-932) when the handheld's address book is made for Japan
+    // and windows-1252 otherwise. The first call may read the folder to tell.
+    const QString& CodigoPagina();
     QString Decodificar(QByteArrayView xTexto) const;
     // What the last reading of the folder found wrong: duplicates and files left out.
     QStringList Avisos() const;
@@ -133,12 +135,17 @@ private:
     // The file's reading, from the cache when a look at the file shows it unchanged. A file
     // that is gone gives a reading whose state says so.
     const Lectura& LeerConCache(const QString& xRuta);
+    // The code page of a handheld that names none, from its address book's country; the
+    // catalogue is read again when it was read in another page.
+    void DecidirCodigoPagina();
+    void UsarCodigoPagina(const QString& xCodigoPagina);
     [[noreturn]] void Falta(const QString& xNombre, const QString& xArchivoConocido,
                             const QString& xOperacion) const;
 
     QString mCarpeta;
     QString mCodigoPagina;
     QString mAvisoCodigoPagina;
+    bool mCodigoPorDecidir = false;
     mutable QStringDecoder mDecodificador;
     bool mLeida = false;
     QHash<QString, Lectura> mCache; // by path

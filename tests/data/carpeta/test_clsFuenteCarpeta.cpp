@@ -433,6 +433,33 @@ TYPED_TEST(FuenteDeBases, BloquesYCategoriasSeLeenConLaPaginaDeCodigos) {
     }
 }
 
+// Without a code page named, the country the address book is made for tells: Japan's handhelds
+// write Shift_JIS. The database names read in that page.
+TYPED_TEST(FuenteDeBases, SinPaginaNombradaLaDaElPaisDeLaLibretaDeDirecciones) {
+    struct Caso {
+        QByteArray Ajustes;
+        char Pais;
+        QString Pagina, Nombre;
+    };
+    const Caso casos[] = {
+        {"", 13, "windows-932", QStringLiteral("\u65e5\u672c")},
+        {"", 23, "windows-1252", QStringLiteral("\u201c\u00fa\u2013{")},
+        {"[Handheld]\nEncoding=windows-1252\n", 13, "windows-1252",
+         QStringLiteral("\u201c\u00fa\u2013{")},
+    };
+    for (const Caso& caso : casos) {
+        clsArchivoPDB direcciones = BaseDeRegistros("AddressDB", "addr");
+        direcciones.AppInfo = BloqueCategorias({"Unfiled"}) + QByteArray(358, '\0');
+        direcciones.AppInfo += caso.Pais + QByteArray(3, '\0');
+        this->mFabrica.Poner("AddressDB.pdb", direcciones);
+        this->mFabrica.Poner("n.pdb", BaseDeRegistros("\x93\xfa\x96\x7b"));
+        this->mFabrica.PonerAjustes(caso.Ajustes);
+        auto fuente = this->mFabrica.Crear();
+        EXPECT_EQ(fuente->CodigoPagina(), caso.Pagina);
+        EXPECT_EQ(this->Listar(*fuente), QStringList({"AddressDB", caso.Nombre}));
+    }
+}
+
 TYPED_TEST(FuenteDeBases, SinBloqueDeCategoriasNoHayCategorias) {
     clsArchivoPDB base = BaseVariada();
     base.AppInfo = "corto";
