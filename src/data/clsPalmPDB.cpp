@@ -514,15 +514,17 @@ QByteArray clsPalmPDB::RetrieveSortInfo() {
     return Registros("RetrieveSortInfo").LeerInfoOrden();
 }
 
-// Any of the four flags in xAttributes makes it the record's whole attribute byte; with none of
-// them the record keeps the attributes it has.
+void clsPalmPDB::AplicarAtributos(RegistroPalm& xRegistro, qint32 xAttributes) {
+    if (xAttributes & FlagsAtributos) xRegistro.Atributos = xAttributes;
+}
+
 bool clsPalmPDB::WriteRecordAttributes(qint32 xRecordID, qint32 xAttributes) {
     VerificarAbierta("WriteRecordAttributes");
     clsAdaptadorRegistros& adaptador = Registros("WriteRecordAttributes");
     mIDActual = xRecordID;
     // Only the attribute byte of the record as it is on disk changes.
     TomarRegistro(adaptador.CambiarRegistro(xRecordID, [xAttributes](RegistroPalm& xActual) {
-        if (xAttributes & FlagsAtributos) xActual.Atributos = xAttributes;
+        AplicarAtributos(xActual, xAttributes);
     }));
     return true;
 }

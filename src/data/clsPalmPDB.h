@@ -54,6 +54,11 @@ public:
     float DBSize() override;
     bool IsAppForgeDB() override;
 
+    // What WriteRecordAttributes makes of a record's attributes: any of the flags Delete, Dirty,
+    // Secret or Archive in xAttributes makes it the whole attribute byte; with none of them the
+    // record keeps the attributes it has.
+    static void AplicarAtributos(RegistroPalm& xRegistro, qint32 xAttributes);
+
     // Reading records by their place in the file, for a reader that shares a long listing among
     // threads. Valid once ReadRecord has read a record of the open database (which loads its
     // schema). TextoEnIndice writes the text ReadRecord would and returns the record's ID, or -1

@@ -1,0 +1,299 @@
+#include "estandar/clsEstandarPDB.h"
+
+#include "common/ErrorVB.h"
+#include "data/MensajesError.h"
+#include "data/modHandheld.h"
+#include "estandar/modTextoEstandar.h"
+
+#include <utility>
+
+namespace {
+
+constexpr qint32 BaseCerrada = ErrorBase + 1002;
+constexpr qint32 BaseSinEsquema = ErrorBase + 1004;
+constexpr qint32 ModoApertura = 208;
+const char* const ClaseRegistros = "PDDirect.PDRecordAdapter";
+
+} // namespace
+
+clsEstandarPDB::clsEstandarPDB() : clsEstandarPDB(modHandheld::FuenteActual()) {}
+
+clsEstandarPDB::clsEstandarPDB(std::shared_ptr<clsFuentePalm> xFuente)
+    : mFuente(std::move(xFuente)), mPalm(mFuente), mGestor(mFuente->CrearGestor()) {}
+
+ClaseEstandar clsEstandarPDB::ClaseDeBase(clsFuentePalm& xFuente, const QString& xNombre) {
+    try {
+        const auto info = xFuente.CrearGestor()->BuscarBase(xNombre);
+        if (info->AtributosBase() & 1) return ClaseEstandar::Ninguna;
+        return ClaseDe(static_cast<quint32>(info->Creador()), static_cast<quint32>(info->Tipo()));
+    } catch (const ErrorVB&) {
+        return ClaseEstandar::Ninguna;
+    }
+}
+
+// ---- Open and close -----------------------------------------------------------------------------
+
+void clsEstandarPDB::VerificarAbierta(const char* xOperacion) const {
+    if (mNombre.isEmpty())
+        throw ErrorVB(BaseCerrada, QString::fromLatin1(xOperacion), MensajesError[1]);
+}
+
+void clsEstandarPDB::VerificarEsquema(const char* xOperacion) const {
+    if (!mDecodificador)
+        throw ErrorVB(BaseSinEsquema, QString::fromLatin1(xOperacion), MensajesError[3]);
+}
+
+bool clsEstandarPDB::OpenFile(const QString& xFile) {
+    const bool abierta = mPalm.OpenFile(xFile);
+    if (!abierta && mPalm.IsDataBase()) return false;
+    mNombre = xFile;
+    if (!mPalm.IsDataBase()) return abierta;
+    try {
+        const auto info = mGestor->BuscarBase(xFile);
+        mCreador = info->Creador();
+        const ClaseEstandar clase =
+            ClaseDe(static_cast<quint32>(info->Creador()), static_cast<quint32>(info->Tipo()));
+        if (clase == ClaseEstandar::Ninguna) return true;
+        mRegistros =
+            mGestor->AbrirBaseRegistros(xFile, QString::fromLatin1(ClaseRegistros), ModoApertura);
+        clsDecodificadorEstandar::Contexto contexto;
+        contexto.Base = xFile;
+        contexto.Tabla = &modFuncionesConversion::TablaCodigoPagina::Para(mFuente->CodigoPagina());
+        const clsCategoriasPalm& categorias = mRegistros->Categorias();
+        for (qint32 k = 0; k < 16; ++k)
+            contexto.Categorias << categorias.NombreCategoria(k);
+        mDecodificador =
+            clsDecodificadorEstandar::Crear(clase, mRegistros->LeerAppInfo(), contexto);
+    } catch (...) {
+        CloseDatabase();
+        throw;
+    }
+    return true;
+}
+
+void clsEstandarPDB::CloseDatabase() {
+    mPalm.CloseDatabase();
+    mDecodificador.reset();
+    mRegistros.reset();
+    mGestor = mFuente->CrearGestor();
+    mNombre.clear();
+    mCreador = 0;
+}
+
+bool clsEstandarPDB::IsDataBase() {
+    return mPalm.IsDataBase();
+}
+
+bool clsEstandarPDB::IsAppForgeDB() {
+    return mDecodificador != nullptr;
+}
+
+QString clsEstandarPDB::Creador() const {
+    return mFuente->CodigoATexto(mCreador, -1);
+}
+
+// ---- Schema -------------------------------------------------------------------------------------
+
+qint16 clsEstandarPDB::NumFields() {
+    VerificarAbierta("NumFields");
+    VerificarEsquema("NumFields");
+    return static_cast<qint16>(mDecodificador->Campos().size());
+}
+
+QString clsEstandarPDB::FieldsTitles(const QString& xSeparator) {
+    VerificarAbierta("FieldsTitles");
+    VerificarEsquema("FieldsTitles");
+    QString titulos;
+    for (const CampoEstandar& campo : mDecodificador->Campos())
+        titulos += campo.Nombre + xSeparator;
+    // As for AppForge schemas: only the last character goes, whatever the separator's length.
+    if (!titulos.isEmpty()) titulos.chop(1);
+    return titulos;
+}
+
+QString clsEstandarPDB::FieldType(qint32 xNroCampo) {
+    VerificarAbierta("FieldType");
+    if (!mDecodificador || xNroCampo < 0 || xNroCampo >= mDecodificador->Campos().size())
+        return QString();
+    return mDecodificador->Campos()[xNroCampo].Tipo;
+}
+
+QString clsEstandarPDB::FieldName(qint32 xNroCampo) {
+    VerificarAbierta("FieldName");
+    if (!mDecodificador || xNroCampo < 0 || xNroCampo >= mDecodificador->Campos().size())
+        return QString();
+    return mDecodificador->Campos()[xNroCampo].Nombre;
+}
+
+qint32 clsEstandarPDB::FieldAlignment(qint32 xNroCampo) {
+    VerificarAbierta("FieldAlignment");
+    return FieldType(xNroCampo) == QLatin1String("String") ? 1 : 0;
+}
+
+// ---- Records ------------------------------------------------------------------------------------
+
+qint32 clsEstandarPDB::TextoRegistro(const RegistroPalm& xRegistro, const QString& xSeparator,
+                                     QString& xTexto) {
+    mDecodificador->Valores(xRegistro, mValores);
+    const QVector<CampoEstandar>& campos = mDecodificador->Campos();
+    const clsConfiguracionRegional& regional = clsConfiguracionRegional::Actual();
+    mTexto.Vaciar();
+    for (qsizetype k = 0; k < mValores.size(); ++k) {
+        if (k > 0) mTexto.Texto(xSeparator);
+        modTextoEstandar::AgregarValor(
+            mTexto, mValores[k], campos[k].Tipo == QLatin1String("String"), xSeparator, regional);
+    }
+    xTexto = mTexto.Vista().toString();
+    return xRegistro.ID;
+}
+
+qint32 clsEstandarPDB::ReadRecord(bool& xMoverAlPrincipio, QString& xRegistro,
+                                  const QString& xSeparator, qint32 xCategoryID, bool xModified) {
+    VerificarAbierta("ReadRecord");
+    if (!IsDataBase()) return 0;
+    VerificarEsquema("ReadRecord");
+    xRegistro.clear();
+    if (xMoverAlPrincipio) mRegistros->IrAlPrincipio(0);
+    // Once at the start, the caller's next reads go on from there.
+    xMoverAlPrincipio = false;
+    bool hay;
+    if (xCategoryID != -1)
+        hay = xModified ? mRegistros->LeerSiguienteModificadoEnCategoria(xCategoryID, mLeido)
+                        : mRegistros->LeerSiguienteEnCategoria(xCategoryID, mLeido);
+    else
+        hay = xModified ? mRegistros->LeerSiguienteModificado(mLeido)
+                        : mRegistros->LeerSiguiente(mLeido);
+    if (!hay) return -1;
+    return TextoRegistro(mLeido, xSeparator, xRegistro);
+}
+
+bool clsEstandarPDB::ReadRecordByID(qint32 xRecordID, QString& xRegistro,
+                                    const QString& xSeparator) {
+    VerificarAbierta("ReadRecordByID");
+    if (!IsDataBase()) return false;
+    VerificarEsquema("ReadRecordByID");
+    xRegistro.clear();
+    return TextoRegistro(mRegistros->LeerPorID(xRecordID), xSeparator, xRegistro) == xRecordID;
+}
+
+void clsEstandarPDB::Recorrer(const std::function<void(const RegistroPalm&)>& xVisita) const {
+    if (!mRegistros) return;
+    RegistroPalm registro;
+    const qint32 cantidad = mRegistros->CantidadRegistros();
+    for (qint32 indice = 0; indice < cantidad; ++indice) {
+        mRegistros->LeerEnIndice(indice, registro);
+        xVisita(registro);
+    }
+}
+
+qint32 clsEstandarPDB::UpdateRecord(qint32, qint32, const QString&) {
+    VerificarAbierta("UpdateRecord");
+    return -1;
+}
+
+qint32 clsEstandarPDB::NewRecord() {
+    VerificarAbierta("NewRecord");
+    return -1;
+}
+
+bool clsEstandarPDB::DeleteRecord(qint32) {
+    VerificarAbierta("DeleteRecord");
+    return false;
+}
+
+void clsEstandarPDB::DeleteAllRecords() {
+    VerificarAbierta("DeleteAllRecords");
+}
+
+// ---- Record facts and attributes: from the adapter the records come from ------------------------
+
+qint32 clsEstandarPDB::RecordAttributes(qint32 xRecordID) {
+    if (!mRegistros) return mPalm.RecordAttributes(xRecordID);
+    try {
+        return mRegistros->LeerPorID(xRecordID).Atributos;
+    } catch (const ErrorVB&) {
+        return -1;
+    }
+}
+
+qint32 clsEstandarPDB::CategoryID(qint32 xRecordID) {
+    if (!mRegistros) return mPalm.CategoryID(xRecordID);
+    try {
+        return mRegistros->LeerPorID(xRecordID).Categoria;
+    } catch (const ErrorVB&) {
+        return 0;
+    }
+}
+
+qint32 clsEstandarPDB::RecordIndex(qint32 xRecordID) {
+    if (!mRegistros) return mPalm.RecordIndex(xRecordID);
+    try {
+        return mRegistros->LeerPorID(xRecordID).Indice;
+    } catch (const ErrorVB&) {
+        return 0;
+    }
+}
+
+qint32 clsEstandarPDB::RecordLength(qint32 xRecordID) {
+    if (!mRegistros) return mPalm.RecordLength(xRecordID);
+    return static_cast<qint32>(mRegistros->LeerPorID(xRecordID).Bytes.size());
+}
+
+bool clsEstandarPDB::WriteRecordAttributes(qint32 xRecordID, qint32 xAttributes) {
+    if (!mRegistros) return mPalm.WriteRecordAttributes(xRecordID, xAttributes);
+    // Only the attribute byte of the record as it is on disk changes.
+    mRegistros->CambiarRegistro(xRecordID, [xAttributes](RegistroPalm& xActual) {
+        clsPalmPDB::AplicarAtributos(xActual, xAttributes);
+    });
+    return true;
+}
+
+// ---- The header, the catalogue and the categories: the inner clsPalmPDB's ---------------------
+
+qint32 clsEstandarPDB::NumRecords() {
+    return mPalm.NumRecords();
+}
+
+QByteArray clsEstandarPDB::RetrieveSortInfo() {
+    return mPalm.RetrieveSortInfo();
+}
+
+float clsEstandarPDB::DBVersion() {
+    return mPalm.DBVersion();
+}
+
+QString clsEstandarPDB::DBType() {
+    return mPalm.DBType();
+}
+
+QDateTime clsEstandarPDB::CreationDate() {
+    return mPalm.CreationDate();
+}
+
+QDateTime clsEstandarPDB::ModificationDate() {
+    return mPalm.ModificationDate();
+}
+
+QDateTime clsEstandarPDB::BackupDate() {
+    return mPalm.BackupDate();
+}
+
+float clsEstandarPDB::DBSize() {
+    return mPalm.DBSize();
+}
+
+QString clsEstandarPDB::RetrieveCreatorsID(qint32 xAppType, const QString& xSeparator) {
+    return mPalm.RetrieveCreatorsID(xAppType, xSeparator);
+}
+
+QString clsEstandarPDB::RetrieveDataBases(const QString& xCreatorID, const QString& xSeparador) {
+    return mPalm.RetrieveDataBases(xCreatorID, xSeparador);
+}
+
+qint32 clsEstandarPDB::CategoriesCount() {
+    return mPalm.CategoriesCount();
+}
+
+QString clsEstandarPDB::CategoryName(qint32 xIndex) {
+    return mPalm.CategoryName(xIndex);
+}
