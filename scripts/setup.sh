@@ -3,7 +3,8 @@
 # the build folder. Does nothing that is already done.
 set -euo pipefail
 
-packages=(cmake g++ ninja-build pkg-config qt6-base-dev libgl-dev libgtest-dev libzip-dev fonts-liberation)
+packages=(cmake g++ ninja-build pkg-config qt6-base-dev libgl-dev libgtest-dev libzip-dev libical-dev
+          fonts-liberation)
 missing=()
 for package in "${packages[@]}"; do
     dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q "install ok installed" ||
