@@ -6,6 +6,8 @@
 #include "data/clsPalmPDB.h"
 #include "data/formato/modFuncionesConversion.h"
 #include "data/modHandheld.h"
+#include "estandar/clsEstandarPDB.h"
+#include "estandar/modExportacionEstandar.h"
 #include "explorer/clsGrillaFlexible.h"
 #include "explorer/clsNavegadorRegistros.h"
 #include "printing/clsImpresora.h"
@@ -150,7 +152,7 @@ std::optional<OrdenExportar> LeerOrdenExportar(const QStringList& xArgumentos) {
     return orden;
 }
 
-QString Exportar(clsPalmPDB& xBase, const OrdenExportar& xOrden) {
+QString Exportar(clsPDBInterface& xBase, const OrdenExportar& xOrden) {
     // A save dialog answers with a whole path; a relative name is taken from the current folder.
     QString archivo = xOrden.Archivo.trimmed();
     if (!archivo.isEmpty()) archivo = QFileInfo(archivo).absoluteFilePath();
@@ -170,18 +172,45 @@ QString Exportar(clsPalmPDB& xBase, const OrdenExportar& xOrden) {
         celdas.push_back(titulo);
     salida.Encabezado(celdas);
     // The first record is read as every reader reads it (which loads the schema); the others are
-    // read ahead while the file is written.
+    // read ahead while the file is written, where the database can be read by place.
     bool alPrincipio = true;
     QString registro;
     if (xBase.ReadRecord(alPrincipio, registro, kTab) != -1) {
         salida.FilaTabulada(registro);
-        clsLecturaAdelantada lectura(xBase, kTab, 1);
-        QStringView texto;
-        while (lectura.Siguiente(texto))
-            salida.FilaTabulada(texto);
+        if (const auto* palm = dynamic_cast<const clsPalmPDB*>(&xBase)) {
+            clsLecturaAdelantada lectura(*palm, kTab, 1);
+            QStringView texto;
+            while (lectura.Siguiente(texto))
+                salida.FilaTabulada(texto);
+        } else {
+            while (xBase.ReadRecord(alPrincipio, registro, kTab) != -1)
+                salida.FilaTabulada(registro);
+        }
     }
     salida.Terminar();
     return archivo;
+}
+
+QString ExportarEstandar(clsEstandarPDB& xBase, const OrdenExportar& xOrden) {
+    using namespace modExportacionEstandar;
+    const QString archivo = xOrden.Archivo.trimmed();
+    const Formato formato = FormatoDeArchivo(archivo);
+    if (formato == Formato::Ninguno) {
+        if (QFileInfo(archivo).suffix().compare(QLatin1String("txt"), Qt::CaseInsensitive) == 0)
+            return Exportar(xBase, xOrden);
+        throw ErrorVB(ErroresEstandar::FormatoNoAdmitido, QStringLiteral("export"),
+                      QStringLiteral("The extension of %1 names no format: the records of \"%2\" "
+                                     "export to .vcf, .ics, .csv or .txt files.")
+                          .arg(archivo, xBase.NombreBase()));
+    }
+    if (xOrden.IndiceFiltro != 1)
+        throw ErrorVB(ErroresEstandar::FormatoNoAdmitido, QStringLiteral("export"),
+                      QStringLiteral("--csv and --rfc4180 shape the explorer's export to a .txt "
+                                     "file; %1 is written as its extension says.")
+                          .arg(archivo));
+    const QString destino = QFileInfo(archivo).absoluteFilePath();
+    modExportacionEstandar::Exportar(xBase, destino, formato);
+    return destino;
 }
 
 } // namespace modComandosInforme

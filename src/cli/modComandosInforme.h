@@ -8,8 +8,8 @@
 #include <optional>
 
 class QCoreApplication;
+class clsEstandarPDB;
 class clsPDBInterface;
-class clsPalmPDB;
 
 // The commands of pandrel-cli that write a file the explorer writes too: the export of a
 // database's records and its printed report.
@@ -30,7 +30,11 @@ struct OrdenExportar {
 std::optional<OrdenExportar> LeerOrdenExportar(const QStringList& xArgumentos);
 // Writes every record of the open database as the explorer's export does; a missing folder is
 // created and an existing file replaced. Returns the name of the file written.
-QString Exportar(clsPalmPDB& xBase, const OrdenExportar& xOrden);
+QString Exportar(clsPDBInterface& xBase, const OrdenExportar& xOrden);
+// The export of a built-in application's database: the file's extension chooses the format
+// (.vcf, .ics, .csv for today's programs, .txt for the explorer's export, whose --csv and
+// --rfc4180 apply to it alone); any other is refused, as is a format the database does not fit.
+QString ExportarEstandar(clsEstandarPDB& xBase, const OrdenExportar& xOrden);
 
 // report DB --pdf FILE: the command's arguments after DB, the PDF file; nothing when wrong.
 std::optional<QString> LeerOrdenInforme(const QStringList& xArgumentos);

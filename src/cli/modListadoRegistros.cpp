@@ -100,4 +100,13 @@ void Listar(clsPalmPDB& xBase, const QString& xSeparador, clsSalida& xSalida) {
     ListarEnDos(xBase, forma, total, xSalida);
 }
 
+void Listar(clsPDBInterface& xBase, const QString& xSeparador, clsSalida& xSalida) {
+    if (!xBase.IsDataBase()) return;
+    const QString lectura = modTextoSalida::SeparadorLectura(xSeparador);
+    bool alPrincipio = true;
+    QString registro;
+    for (qint32 id; (id = xBase.ReadRecord(alPrincipio, registro, lectura)) != -1;)
+        xSalida.Registro(id, registro, xSeparador);
+}
+
 } // namespace modListadoRegistros

@@ -13,5 +13,7 @@ namespace modListadoRegistros {
 // What it prints goes to xSalida; a failure in any record raises it and leaves xSalida without
 // the listing's lines, as the first failing record in file order reports it.
 void Listar(clsPalmPDB& xBase, const QString& xSeparador, clsSalida& xSalida);
+// The same for a database read through the contract alone, one record after another.
+void Listar(clsPDBInterface& xBase, const QString& xSeparador, clsSalida& xSalida);
 
 } // namespace modListadoRegistros

@@ -17,6 +17,7 @@
 #include "data/modMuestra.h"
 #include "device/clsPalmInformation.h"
 #include "device/modTextosInformacion.h"
+#include "estandar/clsEstandarPDB.h"
 #include "explorer/modTextosPanel.h"
 
 #include <QCoreApplication>
@@ -67,9 +68,17 @@ struct ErrorUso {};
 struct Contexto {
     QStringList Argumentos; // the command's own arguments
     clsPalmPDB& Base;
+    clsEstandarPDB& Estandar; // the databases of the built-in applications go through this one
     clsSalida& Salida;
-    QString& Abierta; // the database Base holds open from an earlier command, if any
+    QString& Abierta; // the database held open from an earlier command, if any
+    bool& EsEstandar; // it is held by Estandar
 };
+
+// The object that holds the open database.
+clsPDBInterface& BaseAbierta(const Contexto& xContexto) {
+    if (xContexto.EsEstandar) return xContexto.Estandar;
+    return xContexto.Base;
+}
 
 QString Argumento(const Contexto& xContexto, int xIndice) {
     if (xIndice >= xContexto.Argumentos.size()) throw ErrorUso();
@@ -108,7 +117,9 @@ QString TextoBooleano(bool xValor) {
 
 void Cerrar(const Contexto& xContexto) {
     xContexto.Base.CloseDatabase();
+    xContexto.Estandar.CloseDatabase();
     xContexto.Abierta.clear();
+    xContexto.EsEstandar = false;
 }
 
 // Opens the database named by the first argument, closing the one open before unless it is the
@@ -117,10 +128,24 @@ void Abrir(const Contexto& xContexto) {
     const QString nombre = Argumento(xContexto, 0);
     if (!xContexto.Abierta.isEmpty() && xContexto.Abierta == nombre) return;
     Cerrar(xContexto);
-    if (!xContexto.Base.OpenFile(nombre))
+    // The built-in applications' databases are read through their decoders.
+    const bool estandar =
+        clsEstandarPDB::ClaseDeBase(*modHandheld::FuenteActual(), nombre) != ClaseEstandar::Ninguna;
+    clsPDBInterface& base = estandar ? static_cast<clsPDBInterface&>(xContexto.Estandar)
+                                     : static_cast<clsPDBInterface&>(xContexto.Base);
+    if (!base.OpenFile(nombre))
         throw ErrorVB(ErroresFuente::BaseEnUso, QStringLiteral("OpenFile"),
                       QStringLiteral("The database \"%1\" cannot be opened.").arg(nombre));
     xContexto.Abierta = nombre;
+    xContexto.EsEstandar = estandar;
+}
+
+// The records of the built-in applications' databases are read, never changed, here.
+void SinCambios(const Contexto& xContexto, const char* xOperacion) {
+    if (!xContexto.EsEstandar) return;
+    throw ErrorVB(ErroresEstandar::SoloLectura, QString::fromLatin1(xOperacion),
+                  QStringLiteral("The records of \"%1\" can be read and exported, not changed.")
+                      .arg(xContexto.Abierta));
 }
 
 // The entries of a catalogue list, each followed by a tab.
@@ -171,26 +196,30 @@ void Bases(const Contexto& xContexto) {
 void Encabezado(const Contexto& xContexto) {
     SinMasArgumentos(xContexto, 1);
     Abrir(xContexto);
-    const auto textos =
-        modTextosPanel::TextosInformacionBase(xContexto.Base, clsConfiguracionRegional::Actual());
+    const auto textos = modTextosPanel::TextosInformacionBase(BaseAbierta(xContexto),
+                                                              clsConfiguracionRegional::Actual());
     for (const auto& [titulo, texto] : textos)
         xContexto.Salida.Linea(titulo + QLatin1Char(' ') + texto);
     xContexto.Salida.Linea(QStringLiteral("Records: ") +
-                           QString::number(xContexto.Base.NumRecords()));
+                           QString::number(BaseAbierta(xContexto).NumRecords()));
 }
 
 void Esquema(const Contexto& xContexto) {
     SinMasArgumentos(xContexto, 1);
     Abrir(xContexto);
-    const qint16 campos = xContexto.Base.NumFields();
+    clsPDBInterface& base = BaseAbierta(xContexto);
+    const qint16 campos = base.NumFields();
     for (qint32 campo = 0; campo < campos; ++campo)
-        xContexto.Salida.Linea({xContexto.Base.FieldName(campo), xContexto.Base.FieldType(campo)});
+        xContexto.Salida.Linea({base.FieldName(campo), base.FieldType(campo)});
 }
 
 void Registros(const Contexto& xContexto) {
     const QString separador = Separador(xContexto, 1);
     Abrir(xContexto);
-    modListadoRegistros::Listar(xContexto.Base, separador, xContexto.Salida);
+    if (xContexto.EsEstandar)
+        modListadoRegistros::Listar(xContexto.Estandar, separador, xContexto.Salida);
+    else
+        modListadoRegistros::Listar(xContexto.Base, separador, xContexto.Salida);
 }
 
 void Leer(const Contexto& xContexto) {
@@ -198,7 +227,7 @@ void Leer(const Contexto& xContexto) {
     const QString separador = Separador(xContexto, 2);
     Abrir(xContexto);
     QString registro;
-    if (!xContexto.Base.ReadRecordByID(id, registro, SeparadorLectura(separador)))
+    if (!BaseAbierta(xContexto).ReadRecordByID(id, registro, SeparadorLectura(separador)))
         throw ErrorVB(ErroresFuente::RegistroNoEncontrado, QStringLiteral("ReadRecordByID"),
                       QStringLiteral("No record has the unique ID %1.").arg(id));
     xContexto.Salida.Registro(registro, separador);
@@ -209,6 +238,7 @@ void Actualizar(const Contexto& xContexto) {
     const qint32 id = Numero(Argumento(xContexto, 1));
     const qint32 campo = Numero(Argumento(xContexto, 2));
     Abrir(xContexto);
+    SinCambios(xContexto, "UpdateRecord");
     QString registro;
     // The read fills the field-type cache that the update works with.
     xContexto.Base.ReadRecordByID(id, registro, QStringLiteral("\t"));
@@ -219,6 +249,7 @@ void Actualizar(const Contexto& xContexto) {
 void Agregar(const Contexto& xContexto) {
     SinMasArgumentos(xContexto, 1);
     Abrir(xContexto);
+    SinCambios(xContexto, "NewRecord");
     xContexto.Salida.Linea(QString::number(xContexto.Base.NewRecord()));
 }
 
@@ -226,12 +257,14 @@ void Borrar(const Contexto& xContexto) {
     SinMasArgumentos(xContexto, 2);
     const qint32 id = Numero(Argumento(xContexto, 1));
     Abrir(xContexto);
+    SinCambios(xContexto, "DeleteRecord");
     xContexto.Salida.Linea(TextoBooleano(xContexto.Base.DeleteRecord(id)));
 }
 
 void BorrarTodos(const Contexto& xContexto) {
     SinMasArgumentos(xContexto, 1);
     Abrir(xContexto);
+    SinCambios(xContexto, "DeleteAllRecords");
     xContexto.Base.DeleteAllRecords();
 }
 
@@ -241,19 +274,21 @@ void Atributos(const Contexto& xContexto) {
     const bool escribir = xContexto.Argumentos.size() == 3;
     const qint32 valor = escribir ? Numero(Argumento(xContexto, 2)) : 0;
     Abrir(xContexto);
+    clsPDBInterface& base = BaseAbierta(xContexto);
     if (escribir)
-        xContexto.Salida.Linea(TextoBooleano(xContexto.Base.WriteRecordAttributes(id, valor)));
+        xContexto.Salida.Linea(TextoBooleano(base.WriteRecordAttributes(id, valor)));
     else
-        xContexto.Salida.Linea(QString::number(xContexto.Base.RecordAttributes(id)));
+        xContexto.Salida.Linea(QString::number(base.RecordAttributes(id)));
 }
 
 void Categorias(const Contexto& xContexto) {
     SinMasArgumentos(xContexto, 1);
     Abrir(xContexto);
     // The named categories in the order of their numbers; a number without a name is none.
-    const qint32 cantidad = xContexto.Base.CategoriesCount();
+    clsPDBInterface& base = BaseAbierta(xContexto);
+    const qint32 cantidad = base.CategoriesCount();
     for (qint32 indice = 0; indice < cantidad; ++indice) {
-        const QString nombre = xContexto.Base.CategoryName(indice);
+        const QString nombre = base.CategoryName(indice);
         if (!nombre.isEmpty()) xContexto.Salida.Linea(nombre);
     }
 }
@@ -274,14 +309,16 @@ void Exportar(const Contexto& xContexto) {
     const auto orden = modComandosInforme::LeerOrdenExportar(xContexto.Argumentos);
     if (!orden) throw ErrorUso();
     Abrir(xContexto);
-    xContexto.Salida.Linea(modComandosInforme::Exportar(xContexto.Base, *orden));
+    xContexto.Salida.Linea(xContexto.EsEstandar
+                               ? modComandosInforme::ExportarEstandar(xContexto.Estandar, *orden)
+                               : modComandosInforme::Exportar(xContexto.Base, *orden));
 }
 
 void Informe(const Contexto& xContexto) {
     const auto archivo = modComandosInforme::LeerOrdenInforme(xContexto.Argumentos);
     if (!archivo) throw ErrorUso();
     Abrir(xContexto);
-    modComandosInforme::Informe(xContexto.Base, Argumento(xContexto, 0), *archivo);
+    modComandosInforme::Informe(BaseAbierta(xContexto), Argumento(xContexto, 0), *archivo);
 }
 
 using Comando = std::function<void(const Contexto&)>;
@@ -336,7 +373,9 @@ LineaComandos Analizar(QStringList xArgumentos) {
 struct Sesion {
     std::shared_ptr<clsFuenteCarpeta> Fuente;
     clsPalmPDB Base;
+    clsEstandarPDB Estandar;
     QString Abierta;
+    bool EsEstandar = false;
     QStringList Avisados; // warnings given already: none comes again while the folder keeps it
 };
 
@@ -360,7 +399,8 @@ void Correr(Sesion& xSesion, const QString& xComando, const QStringList& xArgume
     const auto comando = Comandos().find(xComando);
     if (comando == Comandos().end()) throw ErrorUso();
     clsSalida salida;
-    comando->second({xArgumentos, xSesion.Base, salida, xSesion.Abierta});
+    comando->second(
+        {xArgumentos, xSesion.Base, xSesion.Estandar, salida, xSesion.Abierta, xSesion.EsEstandar});
     Avisar(xSesion);
     salida.Escribir(stdout);
 }
@@ -400,7 +440,8 @@ int Ejecutar(const LineaComandos& xLinea) {
                       QStringLiteral("The code page \"%1\" is unknown.").arg(xLinea.CodigoPagina));
     const auto fuente = modHandheld::CrearFuente(carpeta, xLinea.CodigoPagina);
     modHandheld::EstablecerFuente(fuente);
-    Sesion sesion{fuente, clsPalmPDB(fuente), QString(), QStringList()};
+    Sesion sesion{fuente, clsPalmPDB(fuente), clsEstandarPDB(fuente), QString(),
+                  false,  QStringList()};
     if (xLinea.Comando == kLote)
         return modLotes::Ejecutar(
             stdin, [&](const QStringList& xPalabras) { return CorrerEnLote(sesion, xPalabras); });
