@@ -8,6 +8,7 @@
 #include "data/modHandheld.h"
 #include "device/ventanas/frmInformacion.h"
 #include "errors/ventanas/MostrarMensajeError.h"
+#include "estandar/modExportacionEstandar.h"
 #include "explorer/ventanas/frmPandrel.h"
 #include "shell/frmSplash.h"
 
@@ -183,12 +184,46 @@ void frmInicio::RefrescarMenuHandheld() {
         connect(opcion, &QAction::triggered, this,
                 [this, pagina] { AbrirHandheld(mRuta, pagina); });
     }
+    mnuHandheld->addSeparator();
+    QAction* exportar = item(mnuHandheld, QStringLiteral("mnuHandheldExport"),
+                             QStringLiteral("&Export Standard Data..."));
+    exportar->setEnabled(!mRuta.isEmpty());
+    connect(exportar, &QAction::triggered, this, &frmInicio::ExportarDatosEstandar);
 }
 
 void frmInicio::ElegirCarpeta() {
     const QString carpeta = modDialogos::ElegirCarpeta(this, QStringLiteral("Open Handheld Folder"),
                                                        QFileInfo(mRuta).absolutePath());
     if (!carpeta.isEmpty()) AbrirHandheld(carpeta);
+}
+
+void frmInicio::ExportarDatosEstandar() {
+    const QString titulo = QStringLiteral("Export Standard Data");
+    const QString carpeta =
+        modDialogos::ElegirCarpeta(this, titulo, QFileInfo(mRuta).absolutePath());
+    if (carpeta.isEmpty()) return;
+    QStringList existentes;
+    for (const QString& archivo : modExportacionEstandar::ArchivosHandheld())
+        if (QFileInfo::exists(QDir(carpeta).filePath(archivo))) existentes << archivo;
+    if (!existentes.isEmpty() &&
+        modDialogos::MsgBox(this,
+                            QStringLiteral("The folder already holds %1. Replace them?")
+                                .arg(existentes.join(QStringLiteral(", "))),
+                            QMessageBox::Yes | QMessageBox::No, QMessageBox::Question,
+                            titulo) != QMessageBox::Yes)
+        return;
+    QStringList resumen;
+    setCursor(Qt::WaitCursor);
+    ConTrampa(QStringLiteral("ExportarDatosEstandar"), [&] {
+        resumen = modExportacionEstandar::ExportarHandheld(modHandheld::FuenteActual(), carpeta);
+    });
+    setCursor(Qt::ArrowCursor);
+    if (!resumen.isEmpty())
+        modDialogos::MsgBox(
+            this,
+            QStringLiteral("Written to %1:\n\n").arg(QDir::toNativeSeparators(carpeta)) +
+                resumen.join(QLatin1Char('\n')),
+            QMessageBox::Ok, QMessageBox::Information, titulo);
 }
 
 void frmInicio::ElegirArchivo() {

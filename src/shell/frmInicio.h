@@ -45,6 +45,9 @@ private:
     void RefrescarMenuHandheld();
     void ElegirCarpeta();
     void ElegirArchivo();
+    // Writes the handheld's contacts, calendar, to-dos and memos into a folder the person
+    // chooses, and shows what was written.
+    void ExportarDatosEstandar();
     frmPandrel* AnalizarArchivos();
     void MostrarInformacion();
     void AcercaDe();

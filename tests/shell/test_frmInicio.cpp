@@ -2,6 +2,7 @@
 #include "common/modRecientes.h"
 #include "common/ventanas/modDialogos.h"
 #include "constructor/clsConstructorBase.h"
+#include "constructor/modHandheldEstandar.h"
 #include "data/MensajesError.h"
 #include "data/carpeta/clsFuenteCarpeta.h"
 #include "data/modHandheld.h"
@@ -305,6 +306,39 @@ TEST_F(frmInicioTest, ADatabaseFileOpensItsFolderAndChoosesIt) {
     EXPECT_EQ(Hijas()[0]->widget()->windowTitle(), "Explorer [Clients]");
     EXPECT_EQ(dynamic_cast<clsFuenteCarpeta&>(*modHandheld::FuenteActual()).Carpeta(), mCarpeta);
     EXPECT_TRUE(Mensajes.isEmpty());
+}
+
+// Export Standard Data writes a file per application into the folder chosen and says what it
+// wrote; it asks before it replaces files there.
+TEST_F(frmInicioTest, ExportStandardDataWritesTheHandheldsFilesAndSaysSo) {
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, mCarpeta + "/settings");
+    modHandheldEstandar::Guardar(mCarpeta);
+    mInicio->TomarHandheld(mCarpeta);
+    QCoreApplication::processEvents();
+    QTemporaryDir destino;
+    modDialogos::ResponderArchivos(
+        [&](const modDialogos::PeticionArchivo&, QString*) { return destino.path(); });
+    QMessageBox::StandardButton respuesta = QMessageBox::Ok;
+    modDialogos::ResponderMensajes([&](const modDialogos::PeticionMensaje& xPeticion) {
+        Mensajes << xPeticion.Texto;
+        return respuesta;
+    });
+    Menu("mnuHandheldExport")->trigger();
+    ASSERT_EQ(Mensajes.size(), 1);
+    EXPECT_EQ(Mensajes[0], "Written to " + destino.path() +
+                               ":\n\ncontacts.vcf: 4 contacts from AddressDB.\n"
+                               "calendar.ics: 8 appointments from DatebookDB.\n"
+                               "todos.ics: 4 to-dos from ToDoDB.\nmemos.csv: 3 memos from MemoDB.");
+    EXPECT_EQ(QDir(destino.path()).entryList(QDir::Files).size(), 4);
+
+    QFile::remove(destino.filePath("calendar.ics"));
+    respuesta = QMessageBox::No;
+    Menu("mnuHandheldExport")->trigger();
+    EXPECT_EQ(Mensajes.value(1),
+              "The folder already holds contacts.vcf, todos.ics, memos.csv. Replace them?");
+    EXPECT_EQ(Mensajes.size(), 2);
+    EXPECT_FALSE(QFile::exists(destino.filePath("calendar.ics")));
+    modDialogos::ResponderArchivos({});
 }
 
 } // namespace

@@ -13,6 +13,7 @@
 #include "explorer/clsNavegadorRegistros.h"
 #include "explorer/ventanas/clsVistaGrilla.h"
 
+#include <QAction>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QCoreApplication>
@@ -126,6 +127,12 @@ void frmPandrel::CrearControles() {
             [this](QTreeWidgetItem* xNodo) { tvwDataBases_NodeClick(xNodo); });
     connect(tvwDataBases, &QTreeWidget::currentItemChanged, this,
             [this](QTreeWidgetItem* xNodo) { tvwDataBases_CurrentChange(xNodo); });
+    tvwDataBases->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(tvwDataBases, &QWidget::customContextMenuRequested, this,
+            &frmPandrel::tvwDataBases_ContextMenu);
+    mnuAbrirRegistros = new QAction(QStringLiteral("Open &Records"), this);
+    mnuAbrirRegistros->setObjectName(QStringLiteral("mnuAbrirRegistros"));
+    connect(mnuAbrirRegistros, &QAction::triggered, this, &frmPandrel::AbrirRegistros);
     for (QWidget* control : findChildren<QWidget*>())
         control->installEventFilter(this);
     connect(cmbTiposDB, qOverload<int>(&QComboBox::currentIndexChanged), this,

@@ -108,7 +108,15 @@ private:
     QTreeWidgetItem* AgregarNodo(QTreeWidgetItem* xPadre, const QString& xClave,
                                  const QString& xTexto, int xImagen);
     void tvwDataBases_Expand(QTreeWidgetItem* xNodo);
-    void tvwDataBases_NodeClick(QTreeWidgetItem* xNodo);
+    // A choice of the node: with xRegistrosEstandar, as "Open Records" makes it.
+    void tvwDataBases_NodeClick(QTreeWidgetItem* xNodo, bool xRegistrosEstandar = false);
+    // The database node's menu: "Open Records" for a database of a built-in application.
+    void tvwDataBases_ContextMenu(const QPoint& xPunto);
+    bool EsBaseEstandar(const QTreeWidgetItem* xNodo) const;
+    void AbrirRegistros();
+    // The records of a built-in application's database are read through an object of their
+    // own, which "Open Records" puts in the place of the usual one until the next plain choice.
+    void UsarRegistrosEstandar(bool xEstandar);
     void tvwDataBases_CurrentChange(QTreeWidgetItem* xNodo);
     void ElegirNodo(QTreeWidgetItem* xNodo);
     void cmbTiposDB_Click();
@@ -162,11 +170,13 @@ private:
     void Imprimir();
 
     std::unique_ptr<clsPDBInterface> mBase;
-    bool mOcupado = false;          // loading or processing a node choice
-    bool mCargando = false;         // the record panel is being filled
-    bool mLlenandoGrilla = false;   // rows of the records grid are being cut or laid out
-    bool mCerrarAlTerminar = false; // a close came in during long work
-    int mTrabajoLargo = 0;          // depth of work that lets the window repaint
+    std::unique_ptr<clsPDBInterface> mBaseEnEspera; // the object mBase is not, once made
+    bool mRegistrosEstandar = false; // mBase reads a built-in application's records: read-only
+    bool mOcupado = false;           // loading or processing a node choice
+    bool mCargando = false;          // the record panel is being filled
+    bool mLlenandoGrilla = false;    // rows of the records grid are being cut or laid out
+    bool mCerrarAlTerminar = false;  // a close came in during long work
+    int mTrabajoLargo = 0;           // depth of work that lets the window repaint
     bool mMostrandoCatalogo = false;
     bool mTeclaEnArbol = false;
     bool mTamanoFijado = false; // the minimum size was taken at the first show
@@ -176,6 +186,7 @@ private:
     float mTotalTamanio = 0;
 
     QTreeWidget* tvwDataBases = nullptr;
+    QAction* mnuAbrirRegistros = nullptr;
     QComboBox* cmbTiposDB = nullptr;
     QStackedWidget* mPaneles = nullptr;
     QGroupBox* fraDataBase = nullptr;

@@ -9,6 +9,7 @@
 #include "common/ventanas/modRecursosGraficos.h"
 #include "data/clsPDBInterface.h"
 #include "data/modHandheld.h"
+#include "estandar/clsEstandarPDB.h"
 #include "explorer/clsNavegadorRegistros.h"
 #include "explorer/ventanas/clsVistaGrilla.h"
 
@@ -16,6 +17,7 @@
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMenu>
 #include <QScopedValueRollback>
 #include <QTreeWidget>
 
@@ -172,9 +174,10 @@ void frmPandrel::tvwDataBases_CurrentChange(QTreeWidgetItem* xNodo) {
     tvwDataBases_NodeClick(xNodo);
 }
 
-void frmPandrel::tvwDataBases_NodeClick(QTreeWidgetItem* xNodo) {
+void frmPandrel::tvwDataBases_NodeClick(QTreeWidgetItem* xNodo, bool xRegistrosEstandar) {
     setWindowTitle(QStringLiteral("Explorer [") + xNodo->text(0) + QStringLiteral("]"));
     if (xNodo->childCount() > 0) return;
+    UsarRegistrosEstandar(xRegistrosEstandar);
     // A failure leaves the window busy, with the hourglass, until a later choice completes.
     try {
         ElegirNodo(xNodo);
@@ -185,6 +188,42 @@ void frmPandrel::tvwDataBases_NodeClick(QTreeWidgetItem* xNodo) {
         modDialogos::MsgBox(this, QString::fromLocal8Bit(e.what()), QMessageBox::Ok,
                             QMessageBox::NoIcon, xNodo->text(0));
     }
+}
+
+bool frmPandrel::EsBaseEstandar(const QTreeWidgetItem* xNodo) const {
+    const QTreeWidgetItem* creador = xNodo ? xNodo->parent() : nullptr;
+    if (!creador || !creador->parent() || Clave(creador->parent()) != kRaiz ||
+        Clave(xNodo).startsWith(QLatin1Char('*')))
+        return false;
+    try {
+        return clsEstandarPDB::ClaseDeBase(*modHandheld::FuenteActual(), xNodo->text(0)) !=
+               ClaseEstandar::Ninguna;
+    } catch (const ErrorVB&) {
+        return false;
+    }
+}
+
+void frmPandrel::tvwDataBases_ContextMenu(const QPoint& xPunto) {
+    QTreeWidgetItem* nodo = tvwDataBases->itemAt(xPunto);
+    if (!EsBaseEstandar(nodo)) return;
+    tvwDataBases->setCurrentItem(nodo);
+    QMenu menu(this);
+    menu.addAction(mnuAbrirRegistros);
+    menu.exec(tvwDataBases->viewport()->mapToGlobal(xPunto));
+}
+
+void frmPandrel::AbrirRegistros() {
+    QTreeWidgetItem* nodo = tvwDataBases->currentItem();
+    if (!EsBaseEstandar(nodo)) return;
+    tvwDataBases_NodeClick(nodo, true);
+}
+
+void frmPandrel::UsarRegistrosEstandar(bool xEstandar) {
+    if (xEstandar == mRegistrosEstandar) return;
+    mBase->CloseDatabase();
+    if (!mBaseEnEspera) mBaseEnEspera = std::make_unique<clsEstandarPDB>();
+    std::swap(mBase, mBaseEnEspera);
+    mRegistrosEstandar = xEstandar;
 }
 
 void frmPandrel::ElegirNodo(QTreeWidgetItem* xNodo) {

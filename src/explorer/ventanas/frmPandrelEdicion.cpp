@@ -82,10 +82,14 @@ bool frmPandrel::Form_KeyDown(QObject* xControl, int xTecla) {
 }
 
 void frmPandrel::RecargarBaseElegida() {
-    if (QTreeWidgetItem* elegido = tvwDataBases->currentItem()) tvwDataBases_NodeClick(elegido);
+    if (QTreeWidgetItem* elegido = tvwDataBases->currentItem())
+        tvwDataBases_NodeClick(elegido, mRegistrosEstandar);
 }
 
+// The records of a built-in application's database are not changed here: editing, adding and
+// deleting do nothing on them.
 void frmPandrel::EditarCelda() {
+    if (mRegistrosEstandar) return;
     const int fila = grdTabla->Row();
     const int columna = grdTabla->Col();
     clsGrillaFlexible& tabla = grdTabla->Grilla();
@@ -107,11 +111,13 @@ void frmPandrel::EditarCelda() {
 
 // The new row is not made current and the record count stays as it was.
 void frmPandrel::AgregarRegistro() {
+    if (mRegistrosEstandar) return;
     if (!Si(this, QStringLiteral("Do you want to add a new record?"))) return;
     Atrapar(QStringLiteral("AgregarRegistro"), [this] { mNavegador->AgregarRegistro(); });
 }
 
 void frmPandrel::EliminarRegistro() {
+    if (mRegistrosEstandar) return;
     const int fila = grdTabla->Row();
     if (!mNavegador->TieneRegistros() || fila < 1) return;
     if (!Si(this, QStringLiteral("Do you want to delete the current record?"))) return;
@@ -131,6 +137,7 @@ void frmPandrel::EliminarRegistro() {
 }
 
 void frmPandrel::EliminarTodos() {
+    if (mRegistrosEstandar) return;
     if (!mNavegador->TieneRegistros() || grdTabla->Row() < 1) return;
     if (!Si(this, QStringLiteral("Are you sure you want to delete all  Records in this table?")))
         return;

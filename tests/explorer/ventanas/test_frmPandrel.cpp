@@ -10,6 +10,7 @@
 #include "explorer/ventanas/frmPandrel.h"
 #include "support/clsFuenteCarpetaRara.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
@@ -24,6 +25,7 @@
 #include <QTest>
 #include <QTimeZone>
 #include <QTimer>
+#include <QToolBar>
 #include <QTreeWidget>
 #include <gtest/gtest.h>
 #include <memory>
@@ -421,6 +423,46 @@ TEST_F(frmPandrelTest, ARecordDatabaseWithoutTheMarkerGetsTheNotice) {
     EXPECT_FALSE(mVentana->Ocupado());
     EXPECT_EQ(mVentana->cursor().shape(), Qt::ArrowCursor);
     EXPECT_TRUE(Mensajes.isEmpty());
+}
+
+// "Open Records" shows a built-in application's records, read-only but for their attributes; a
+// plain choice of the same database gives the notice again.
+TEST_F(frmPandrelTest, OpenRecordsShowsABuiltInApplicationsRecords) {
+    CrearHandheld(mCarpeta);
+    Abrir();
+    Filtrar(1);
+    QSignalSpy aviso(mVentana.get(), &frmPandrel::AvisoConstruccion);
+    auto* abrir = mVentana->findChild<QAction*>("mnuAbrirRegistros");
+    ASSERT_NE(abrir, nullptr);
+    mArbol->setCurrentItem(Base("othr", "Prefs"));
+    abrir->trigger();
+    EXPECT_EQ(mVentana->windowTitle(), "Explorer") << "no standard database: nothing happens";
+    mArbol->setCurrentItem(Base("memo", "MemoDB"));
+    abrir->trigger();
+    EXPECT_EQ(aviso.count(), 0);
+    EXPECT_EQ(Fila(Grilla("grdTabla"), 0),
+              QStringList({"Title", "Memo", "Category", "Private", ""}));
+    EXPECT_EQ(Fila(Grilla("grdTabla"), 1), QStringList({"hello", "hello", "Unfiled", "False", ""}));
+    EXPECT_EQ(Grilla("grdCampos").TextMatrix(2, 0), "Memo");
+
+    const QString archivo = mCarpeta + "/MemoDB.pdb";
+    const auto enDisco = [&archivo] {
+        QFile leido(archivo);
+        return leido.open(QIODevice::ReadOnly) ? clsArchivoPDB::Leer(leido.readAll())
+                                               : clsArchivoPDB();
+    };
+    const QByteArray antes = enDisco().Registros[0].Datos;
+    for (QAction* boton : Hijo<QToolBar>("tlbOpciones")->actions())
+        if (boton->data() != "Buscar" && boton->data() != "Exportar" && boton->data() != "Imprimir")
+            boton->trigger();
+    EXPECT_TRUE(Mensajes.isEmpty());
+    EXPECT_EQ(Grilla("grdTabla").Rows(), 2);
+    Hijo<QCheckBox>("chkSecret")->click();
+    EXPECT_EQ(enDisco().Registros[0].Atributos, 0x10);
+    EXPECT_EQ(enDisco().Registros[0].Datos, antes);
+
+    Elegir(Base("memo", "MemoDB"));
+    EXPECT_EQ(aviso.count(), 1);
 }
 
 TEST_F(frmPandrelTest, TheRootAloneWhenNoCreatorMatches) {
