@@ -1,4 +1,5 @@
 #include "constructor/clsConstructorBase.h"
+#include "constructor/modHandheldEstandar.h"
 #include "support/modZipPrueba.h"
 
 #include <QDir>
@@ -26,9 +27,11 @@ protected:
 
     QString Handheld() const { return mCarpeta.path() + "/handheld"; }
 
-    Resultado Ejecutar(const QStringList& xArgumentos) const {
+    Resultado Ejecutar(const QStringList& xArgumentos, const QString& xHandheld = {}) const {
         QProcess proceso;
-        proceso.start(PANDREL_CLI, QStringList{"--handheld", Handheld()} + xArgumentos);
+        proceso.start(PANDREL_CLI,
+                      QStringList{"--handheld", xHandheld.isEmpty() ? Handheld() : xHandheld} +
+                          xArgumentos);
         proceso.waitForFinished(30000);
         return {proceso.exitCode(), QString::fromUtf8(proceso.readAllStandardOutput()),
                 QString::fromUtf8(proceso.readAllStandardError())};
@@ -299,6 +302,65 @@ TEST_F(PandrelCli, ExportWritesEveryRecordToTheFile) {
         EXPECT_TRUE(resultado.Errores.startsWith(fallo.Error)) << resultado.Errores.toStdString();
     }
     EXPECT_FALSE(QFile::exists(carpeta + "/x")) << "a failed export leaves no file";
+}
+
+// The built-in applications' databases: their field lists, their records escaped as every item,
+// the export their file's extension asks for, and no change to their records.
+TEST_F(PandrelCli, TheBuiltInApplicationsDatabasesReadAndExport) {
+    const QString estandar = mCarpeta.filePath("estandar");
+    ASSERT_TRUE(QDir().mkpath(estandar));
+    modHandheldEstandar::Guardar(estandar);
+    const auto correr = [&](const QStringList& xArgumentos) {
+        return Ejecutar(xArgumentos, estandar);
+    };
+    EXPECT_EQ(correr({"schema", "ToDoDB"}).Salida,
+              "Description\tString\nDue Date\tDate\nPriority\tByte\nCompleted\tBoolean\n"
+              "Note\tString\nCategory\tString\nPrivate\tBoolean\n");
+    EXPECT_EQ(correr({"records", "MemoDB"}).Salida.section('\n', 0, 1),
+              "1048577\tShopping\tShopping\\nEggs, milk; bread\tPersonal\tFalse\n"
+              "1048578\tIdeas for the garden\tIdeas for the garden\\n- roses\\n\\t- "
+              "tulips\tUnfiled\tFalse");
+    EXPECT_EQ(correr({"get", "ToDoDB", "1048578", "--separator", ","}).Salida,
+              "\"Call plumber\",,3,False,\"\",\"Unfiled\",False\n");
+
+    const struct {
+        const char* Base;
+        QString Archivo;
+        QStringList Opciones;
+        QByteArray Inicio; // of the file written, or of the error
+    } casos[] = {
+        {"AddressDB", "a.vcf", {}, "BEGIN:VCARD\r\nVERSION:3.0\r\nN:Alvarez;"},
+        {"DatebookDB", "d.ICS", {}, "BEGIN:VCALENDAR\r\n"},
+        {"ToDoDB", "t.ics", {}, "BEGIN:VCALENDAR\r\n"},
+        {"MemoDB", "m.csv", {}, "Title,Memo,Category,Private\r\nShopping,\"Shopping\n"},
+        {"MemoDB", "m.txt", {"--csv"}, "Title,Memo,Category,Private\r\n\"Shopping\",\"Shopping\n"},
+        {"MemoDB", "m.vcf", {}, "Error -2147213295: \"MemoDB\" is a Memo Pad database"},
+        {"AddressDB", "a.doc", {}, "Error -2147213295: The extension of "},
+        {"AddressDB", "a.csv", {"--rfc4180"}, "Error -2147213295: --csv and --rfc4180"},
+    };
+    for (const auto& caso : casos) {
+        const QString archivo = mCarpeta.filePath(caso.Archivo);
+        const Resultado resultado =
+            correr(QStringList{"export", caso.Base, archivo} + caso.Opciones);
+        QFile escrito(archivo);
+        const bool hay = escrito.open(QIODevice::ReadOnly);
+        EXPECT_EQ(hay, resultado.Estado == 0) << caso.Archivo.toStdString();
+        EXPECT_TRUE((hay ? escrito.readAll() : resultado.Errores.toUtf8()).startsWith(caso.Inicio))
+            << resultado.Errores.toStdString();
+    }
+
+    QFile memos(estandar + "/MemoDB.pdb");
+    ASSERT_TRUE(memos.open(QIODevice::ReadOnly));
+    const QByteArray antes = memos.readAll();
+    for (const QStringList& cambio :
+         {QStringList{"update", "MemoDB", "1048577", "0", "x"}, QStringList{"add", "MemoDB"},
+          QStringList{"delete-all", "MemoDB"}}) {
+        const Resultado resultado = correr(cambio);
+        EXPECT_EQ(resultado.Estado, 1);
+        EXPECT_TRUE(resultado.Errores.contains("can be read and exported, not changed"));
+    }
+    memos.seek(0);
+    EXPECT_EQ(memos.readAll(), antes);
 }
 
 // --encoding overrides the code page of Handheld.ini; the output is UTF-8 whatever the page.
