@@ -13,7 +13,7 @@ public:
     explicit clsEscritorCSV(const clsDecodificadorEstandar& xDecodificador);
 
     void Agregar(const RegistroPalm& xRegistro);
-    const QByteArray& Texto() const { return mTexto; }
+    QByteArrayView Texto() const { return mTexto; }
 
     // One cell as RFC 4180 writes it.
     static QString Celda(const QString& xTexto);

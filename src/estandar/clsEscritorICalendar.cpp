@@ -1,28 +1,10 @@
 #include "estandar/clsEscritorICalendar.h"
 
-#include "estandar/modLineasContenido.h"
-
 #include <utility>
-
-using modLineasContenido::Escapar;
 
 namespace {
 
 const char* const DiasICalendar[] = {"SU", "MO", "TU", "WE", "TH", "FR", "SA"};
-
-QString TextoDia(const QDate& xDia) {
-    return xDia.toString(QStringLiteral("yyyyMMdd"));
-}
-
-// A floating local time: no zone, as the handheld keeps its times.
-QString TextoDiaHora(const QDate& xDia, const QTime& xHora) {
-    return TextoDia(xDia) + xHora.toString(QStringLiteral("'T'HHmmss"));
-}
-
-// The day or the day and time, as the appointment's start is written.
-QString TextoComoInicio(const CitaPalm& xCita, const QDate& xDia) {
-    return xCita.SinHora ? TextoDia(xDia) : TextoDiaHora(xDia, xCita.Inicio);
-}
 
 // The first day on or after the appointment's day that a weekly repeat falls on: a start that
 // is no occurrence leaves a calendar's reading of the rule undefined.
@@ -33,121 +15,159 @@ QDate PrimerDiaSemanal(const CitaPalm& xCita) {
     return xCita.Dia;
 }
 
-QString Disparo(const CitaPalm& xCita) {
-    static const char* const unidades[] = {"M", "H", "D"};
-    const int cantidad = qAbs(int(xCita.Anticipo));
-    const bool enDias = xCita.UnidadAlarma == CitaPalm::Dias;
-    return QLatin1String(xCita.Anticipo > 0 ? "-P" : "P") + QLatin1String(enDias ? "" : "T") +
-           QString::number(cantidad) + QLatin1String(unidades[xCita.UnidadAlarma]);
-}
-
 } // namespace
 
-clsEscritorICalendar::clsEscritorICalendar(QString xPrefijoUID, const QDateTime& xSello)
+clsEscritorICalendar::clsEscritorICalendar(QString xPrefijoUID, const QDateTime& xSello,
+                                           qsizetype xCapacidad)
     : mPrefijoUID(std::move(xPrefijoUID)),
-      mSello(xSello.toUTC().toString(QStringLiteral("yyyyMMdd'T'HHmmss'Z'"))) {
-    Linea("BEGIN", QStringLiteral("VCALENDAR"));
-    Linea("VERSION", QStringLiteral("2.0"));
-    Linea("PRODID", QStringLiteral("-//Pandrel//Palm Date Book and To Do List//EN"));
-    Linea("CALSCALE", QStringLiteral("GREGORIAN"));
+      mSello(xSello.toUTC().toString(QStringLiteral("yyyyMMdd'T'HHmmss'Z'")).toLatin1()),
+      mLineas(xCapacidad) {
+    mLineas.Linea("BEGIN", "VCALENDAR");
+    mLineas.Linea("VERSION", "2.0");
+    mLineas.Linea("PRODID", "-//Pandrel//Palm Date Book and To Do List//EN");
+    mLineas.Linea("CALSCALE", "GREGORIAN");
 }
 
-void clsEscritorICalendar::Linea(const char* xNombre, const QString& xValor) {
-    modLineasContenido::Linea(mTexto, QLatin1StringView(xNombre), xValor);
-}
-
-QByteArray clsEscritorICalendar::Terminar() {
-    Linea("END", QStringLiteral("VCALENDAR"));
-    return std::exchange(mTexto, QByteArray());
+QByteArrayView clsEscritorICalendar::Terminar() {
+    mLineas.Linea("END", "VCALENDAR");
+    return mLineas.Bytes();
 }
 
 void clsEscritorICalendar::Comunes(const RegistroPalm& xRegistro, const QString& xResumen) {
-    Linea("UID", mPrefijoUID + QString::number(xRegistro.ID));
-    Linea("DTSTAMP", mSello);
-    Linea("SUMMARY", Escapar(xResumen));
+    mLineas.Empezar("UID");
+    mLineas.Texto(mPrefijoUID);
+    mLineas.Numero(xRegistro.ID);
+    mLineas.Terminar();
+    mLineas.Linea("DTSTAMP", mSello.constData());
+    mLineas.LineaTexto("SUMMARY", xResumen);
 }
 
 void clsEscritorICalendar::Privacidad(const clsDecodificadorEstandar& xDecodificador,
                                       const RegistroPalm& xRegistro, const QString& xNota) {
-    if (!xNota.isEmpty()) Linea("DESCRIPTION", Escapar(xNota));
+    if (!xNota.isEmpty()) mLineas.LineaTexto("DESCRIPTION", xNota);
     if (xRegistro.Categoria != 0 && !xDecodificador.Categoria(xRegistro).isEmpty())
-        Linea("CATEGORIES", Escapar(xDecodificador.Categoria(xRegistro)));
-    if (clsDecodificadorEstandar::Privado(xRegistro)) Linea("CLASS", QStringLiteral("PRIVATE"));
+        mLineas.LineaTexto("CATEGORIES", xDecodificador.Categoria(xRegistro));
+    if (clsDecodificadorEstandar::Privado(xRegistro)) mLineas.Linea("CLASS", "PRIVATE");
 }
 
-QString clsEscritorICalendar::ReglaRepeticion(const CitaPalm& xCita) {
+void clsEscritorICalendar::ComoInicio(const CitaPalm& xCita, const QDate& xDia) {
+    if (xCita.SinHora)
+        mLineas.Dia(xDia);
+    else
+        mLineas.DiaHora(xDia, xCita.Inicio);
+}
+
+void clsEscritorICalendar::Repeticion(const CitaPalm& xCita) {
     static const char* const frecuencias[] = {"",        "DAILY",   "WEEKLY",
                                               "MONTHLY", "MONTHLY", "YEARLY"};
-    if (xCita.Repetir == CitaPalm::Ninguna) return QString();
-    QString regla = QStringLiteral("FREQ=") + QLatin1String(frecuencias[xCita.Repetir]);
-    if (xCita.Frecuencia > 1) regla += QStringLiteral(";INTERVAL=%1").arg(xCita.Frecuencia);
+    if (xCita.Repetir == CitaPalm::Ninguna) return;
+    mLineas.Empezar("RRULE");
+    mLineas.Literal("FREQ=");
+    mLineas.Literal(frecuencias[xCita.Repetir]);
+    if (xCita.Frecuencia > 1) {
+        mLineas.Literal(";INTERVAL=");
+        mLineas.Numero(xCita.Frecuencia);
+    }
     if (xCita.Repetir == CitaPalm::Semanal && xCita.DiasSemana != 0) {
-        QStringList dias;
-        for (int dia = 0; dia < 7; ++dia)
-            if (xCita.DiasSemana & (1 << dia)) dias << QLatin1String(DiasICalendar[dia]);
-        regla += QStringLiteral(";BYDAY=") + dias.join(QLatin1Char(','));
+        const char* separador = ";BYDAY=";
+        for (int dia = 0; dia < 7; ++dia) {
+            if (!(xCita.DiasSemana & (1 << dia))) continue;
+            mLineas.Literal(separador);
+            mLineas.Literal(DiasICalendar[dia]);
+            separador = ",";
+        }
     }
     if (xCita.Repetir == CitaPalm::MensualPorDia) {
-        const int semana =
-            xCita.SemanaDelMes == CitaPalm::UltimaSemana ? -1 : xCita.SemanaDelMes + 1;
-        regla +=
-            QStringLiteral(";BYDAY=%1").arg(semana) + QLatin1String(DiasICalendar[xCita.DiaSemana]);
+        mLineas.Literal(";BYDAY=");
+        mLineas.Numero(xCita.SemanaDelMes == CitaPalm::UltimaSemana ? -1 : xCita.SemanaDelMes + 1);
+        mLineas.Literal(DiasICalendar[xCita.DiaSemana]);
     }
-    if (xCita.FinRepeticion.isValid())
-        regla += QStringLiteral(";UNTIL=") + TextoComoInicio(xCita, xCita.FinRepeticion);
+    if (xCita.FinRepeticion.isValid()) {
+        mLineas.Literal(";UNTIL=");
+        ComoInicio(xCita, xCita.FinRepeticion);
+    }
     // Weeks that count every other (or more) week begin on the handheld's first day.
-    if (xCita.Repetir == CitaPalm::Semanal)
-        regla += QStringLiteral(";WKST=") + QLatin1String(DiasICalendar[xCita.InicioSemana % 7]);
-    return regla;
+    if (xCita.Repetir == CitaPalm::Semanal) {
+        mLineas.Literal(";WKST=");
+        mLineas.Literal(DiasICalendar[xCita.InicioSemana % 7]);
+    }
+    mLineas.Terminar();
+}
+
+void clsEscritorICalendar::Excepciones(const CitaPalm& xCita) {
+    if (xCita.Excepciones.isEmpty()) return;
+    mLineas.Empezar(xCita.SinHora ? "EXDATE;VALUE=DATE" : "EXDATE");
+    for (qsizetype k = 0; k < xCita.Excepciones.size(); ++k) {
+        if (k > 0) mLineas.Literal(",");
+        ComoInicio(xCita, xCita.Excepciones[k]);
+    }
+    mLineas.Terminar();
 }
 
 void clsEscritorICalendar::AgregarCita(const clsDecodificadorAgenda& xDecodificador,
                                        const RegistroPalm& xRegistro) {
     const CitaPalm cita = xDecodificador.Cita(xRegistro);
     const QDate dia = cita.Repetir == CitaPalm::Semanal ? PrimerDiaSemanal(cita) : cita.Dia;
-    Linea("BEGIN", QStringLiteral("VEVENT"));
+    mLineas.Linea("BEGIN", "VEVENT");
     Comunes(xRegistro, cita.Descripcion);
     if (cita.SinHora) {
-        Linea("DTSTART;VALUE=DATE", TextoDia(dia));
-        Linea("DTEND;VALUE=DATE", TextoDia(dia.addDays(1)));
+        mLineas.Empezar("DTSTART;VALUE=DATE");
+        mLineas.Dia(dia);
+        mLineas.Terminar();
+        mLineas.Empezar("DTEND;VALUE=DATE");
+        mLineas.Dia(dia.addDays(1));
+        mLineas.Terminar();
     } else {
-        Linea("DTSTART", TextoDiaHora(dia, cita.Inicio));
+        mLineas.Empezar("DTSTART");
+        mLineas.DiaHora(dia, cita.Inicio);
+        mLineas.Terminar();
         // An end that is not after the start leaves the event without length.
-        if (cita.Fin > cita.Inicio) Linea("DTEND", TextoDiaHora(dia, cita.Fin));
+        if (cita.Fin > cita.Inicio) {
+            mLineas.Empezar("DTEND");
+            mLineas.DiaHora(dia, cita.Fin);
+            mLineas.Terminar();
+        }
     }
-    const QString regla = ReglaRepeticion(cita);
-    if (!regla.isEmpty()) Linea("RRULE", regla);
-    if (!cita.Excepciones.isEmpty()) {
-        QStringList dias;
-        for (const QDate& excepcion : cita.Excepciones)
-            dias << TextoComoInicio(cita, excepcion);
-        Linea(cita.SinHora ? "EXDATE;VALUE=DATE" : "EXDATE", dias.join(QLatin1Char(',')));
-    }
+    Repeticion(cita);
+    Excepciones(cita);
     Privacidad(xDecodificador, xRegistro, cita.Nota);
-    if (cita.ConAlarma) Alarma(cita, cita.Descripcion);
-    Linea("END", QStringLiteral("VEVENT"));
+    if (cita.ConAlarma) Alarma(cita);
+    mLineas.Linea("END", "VEVENT");
 }
 
-void clsEscritorICalendar::Alarma(const CitaPalm& xCita, const QString& xResumen) {
-    Linea("BEGIN", QStringLiteral("VALARM"));
-    Linea("ACTION", QStringLiteral("DISPLAY"));
-    Linea("DESCRIPTION", Escapar(xResumen));
-    Linea("TRIGGER", Disparo(xCita));
-    Linea("END", QStringLiteral("VALARM"));
+// How long before the start, as a duration: -PT15M, -PT2H, -P1D (after the start: no minus).
+void clsEscritorICalendar::Alarma(const CitaPalm& xCita) {
+    static const char* const unidades[] = {"M", "H", "D"};
+    mLineas.Linea("BEGIN", "VALARM");
+    mLineas.Linea("ACTION", "DISPLAY");
+    mLineas.LineaTexto("DESCRIPTION", xCita.Descripcion);
+    mLineas.Empezar("TRIGGER");
+    mLineas.Literal(xCita.Anticipo > 0 ? "-P" : "P");
+    if (xCita.UnidadAlarma != CitaPalm::Dias) mLineas.Literal("T");
+    mLineas.Numero(qAbs(int(xCita.Anticipo)));
+    mLineas.Literal(unidades[xCita.UnidadAlarma]);
+    mLineas.Terminar();
+    mLineas.Linea("END", "VALARM");
 }
 
 void clsEscritorICalendar::AgregarTarea(const clsDecodificadorTareas& xDecodificador,
                                         const RegistroPalm& xRegistro) {
     const TareaPalm tarea = xDecodificador.Tarea(xRegistro);
-    Linea("BEGIN", QStringLiteral("VTODO"));
+    mLineas.Linea("BEGIN", "VTODO");
     Comunes(xRegistro, tarea.Descripcion);
-    if (tarea.Vence.isValid()) Linea("DUE;VALUE=DATE", TextoDia(tarea.Vence));
+    if (tarea.Vence.isValid()) {
+        mLineas.Empezar("DUE;VALUE=DATE");
+        mLineas.Dia(tarea.Vence);
+        mLineas.Terminar();
+    }
     // The handheld's 1 (highest) to 5 spread over iCalendar's 1 to 9.
-    if (tarea.Prioridad >= 1 && tarea.Prioridad <= 5)
-        Linea("PRIORITY", QString::number(2 * tarea.Prioridad - 1));
-    Linea("STATUS",
-          tarea.Completada ? QStringLiteral("COMPLETED") : QStringLiteral("NEEDS-ACTION"));
-    if (tarea.Completada) Linea("PERCENT-COMPLETE", QStringLiteral("100"));
+    if (tarea.Prioridad >= 1 && tarea.Prioridad <= 5) {
+        mLineas.Empezar("PRIORITY");
+        mLineas.Numero(2 * tarea.Prioridad - 1);
+        mLineas.Terminar();
+    }
+    mLineas.Linea("STATUS", tarea.Completada ? "COMPLETED" : "NEEDS-ACTION");
+    if (tarea.Completada) mLineas.Linea("PERCENT-COMPLETE", "100");
     Privacidad(xDecodificador, xRegistro, tarea.Nota);
-    Linea("END", QStringLiteral("VTODO"));
+    mLineas.Linea("END", "VTODO");
 }

@@ -2,8 +2,9 @@
 
 #include "estandar/clsDecodificadorAgenda.h"
 #include "estandar/clsDecodificadorTareas.h"
+#include "estandar/clsLineasContenido.h"
 
-#include <QByteArray>
+#include <QByteArrayView>
 #include <QDateTime>
 #include <QString>
 
@@ -15,25 +16,26 @@
 class clsEscritorICalendar {
 public:
     // Each component's UID is xPrefijoUID followed by the record's unique ID; xSello is the
-    // moment the file is made (DTSTAMP).
-    clsEscritorICalendar(QString xPrefijoUID, const QDateTime& xSello);
+    // moment the file is made (DTSTAMP); xCapacidad is about how many octets the file will take.
+    clsEscritorICalendar(QString xPrefijoUID, const QDateTime& xSello,
+                         qsizetype xCapacidad = 64 * 1024);
 
     void AgregarCita(const clsDecodificadorAgenda& xDecodificador, const RegistroPalm& xRegistro);
     void AgregarTarea(const clsDecodificadorTareas& xDecodificador, const RegistroPalm& xRegistro);
-    // The whole file.
-    QByteArray Terminar();
-
-    // The RRULE value of a repeating appointment ("" for none).
-    static QString ReglaRepeticion(const CitaPalm& xCita);
+    // The whole file, once ended.
+    QByteArrayView Terminar();
 
 private:
     void Comunes(const RegistroPalm& xRegistro, const QString& xResumen);
     void Privacidad(const clsDecodificadorEstandar& xDecodificador, const RegistroPalm& xRegistro,
                     const QString& xNota);
-    void Alarma(const CitaPalm& xCita, const QString& xResumen);
-    void Linea(const char* xNombre, const QString& xValor);
+    void Repeticion(const CitaPalm& xCita);
+    void Excepciones(const CitaPalm& xCita);
+    void Alarma(const CitaPalm& xCita);
+    // The day, with the appointment's start time for a timed one.
+    void ComoInicio(const CitaPalm& xCita, const QDate& xDia);
 
     QString mPrefijoUID;
-    QString mSello;
-    QByteArray mTexto;
+    QByteArray mSello; // the DTSTAMP value
+    clsLineasContenido mLineas;
 };

@@ -1,10 +1,7 @@
 #include "estandar/clsEscritorVCard.h"
 
-#include "estandar/modLineasContenido.h"
-
+#include <cstring>
 #include <utility>
-
-using modLineasContenido::Escapar;
 
 namespace {
 
@@ -32,47 +29,31 @@ const char* PropiedadTelefono(quint8 xEtiqueta) {
     }
 }
 
-// The components of a structured value, each escaped, joined by semicolons.
-QString Estructurado(std::initializer_list<QString> xPartes) {
-    QStringList partes;
-    for (const QString& parte : xPartes)
-        partes << Escapar(parte);
-    return partes.join(QLatin1Char(';'));
-}
-
 } // namespace
 
 clsEscritorVCard::clsEscritorVCard(const clsDecodificadorDirecciones& xDecodificador,
-                                   QString xPrefijoUID)
-    : mDecodificador(xDecodificador), mPrefijoUID(std::move(xPrefijoUID)) {}
-
-void clsEscritorVCard::Linea(const char* xNombre, const QString& xValor) {
-    modLineasContenido::Linea(mTexto, QLatin1StringView(xNombre), xValor);
-}
+                                   QString xPrefijoUID, qsizetype xCapacidad)
+    : mDecodificador(xDecodificador), mPrefijoUID(std::move(xPrefijoUID)), mLineas(xCapacidad) {}
 
 void clsEscritorVCard::Agregar(const RegistroPalm& xRegistro) {
     const ContactoPalm contacto = mDecodificador.Contacto(xRegistro);
-    mGrupo = 0;
-    Linea("BEGIN", QStringLiteral("VCARD"));
-    Linea("VERSION", QStringLiteral("3.0"));
-    Nombres(contacto);
-    if (!contacto.Textos[ContactoPalm::Cargo].isEmpty())
-        Linea("TITLE", Escapar(contacto.Textos[ContactoPalm::Cargo]));
-    Telefonos(contacto);
     const auto& t = contacto.Textos;
-    if (!(t[ContactoPalm::Direccion] + t[ContactoPalm::Ciudad] + t[ContactoPalm::Estado] +
-          t[ContactoPalm::CodigoPostal] + t[ContactoPalm::Pais])
-             .isEmpty())
-        Linea("ADR", Estructurado({QString(), QString(), t[ContactoPalm::Direccion],
-                                   t[ContactoPalm::Ciudad], t[ContactoPalm::Estado],
-                                   t[ContactoPalm::CodigoPostal], t[ContactoPalm::Pais]}));
+    mLineas.Linea("BEGIN", "VCARD");
+    mLineas.Linea("VERSION", "3.0");
+    Nombres(contacto);
+    if (!t[ContactoPalm::Cargo].isEmpty()) mLineas.LineaTexto("TITLE", t[ContactoPalm::Cargo]);
+    Telefonos(contacto);
+    Direccion(contacto);
     Personalizados(contacto);
-    if (!t[ContactoPalm::Nota].isEmpty()) Linea("NOTE", Escapar(t[ContactoPalm::Nota]));
+    if (!t[ContactoPalm::Nota].isEmpty()) mLineas.LineaTexto("NOTE", t[ContactoPalm::Nota]);
     if (xRegistro.Categoria != 0 && !mDecodificador.Categoria(xRegistro).isEmpty())
-        Linea("CATEGORIES", Escapar(mDecodificador.Categoria(xRegistro)));
-    if (clsDecodificadorEstandar::Privado(xRegistro)) Linea("CLASS", QStringLiteral("PRIVATE"));
-    Linea("UID", mPrefijoUID + QString::number(xRegistro.ID));
-    Linea("END", QStringLiteral("VCARD"));
+        mLineas.LineaTexto("CATEGORIES", mDecodificador.Categoria(xRegistro));
+    if (clsDecodificadorEstandar::Privado(xRegistro)) mLineas.Linea("CLASS", "PRIVATE");
+    mLineas.Empezar("UID");
+    mLineas.Texto(mPrefijoUID);
+    mLineas.Numero(xRegistro.ID);
+    mLineas.Terminar();
+    mLineas.Linea("END", "VCARD");
 }
 
 // The name as people write it: the family name first on a Japanese handheld; the company's
@@ -81,43 +62,72 @@ void clsEscritorVCard::Nombres(const ContactoPalm& xContacto) {
     const QString& apellido = xContacto.Textos[ContactoPalm::Apellido];
     const QString& nombre = xContacto.Textos[ContactoPalm::Nombre];
     const QString& empresa = xContacto.Textos[ContactoPalm::Empresa];
-    Linea("N", Estructurado({apellido, nombre, QString(), QString(), QString()}));
-    QString completo = mDecodificador.Ajustes().EsJapones()
-                           ? QStringList{apellido, nombre}.join(QLatin1Char(' ')).trimmed()
-                           : QStringList{nombre, apellido}.join(QLatin1Char(' ')).trimmed();
-    if (completo.isEmpty()) completo = empresa;
-    Linea("FN", Escapar(completo));
+    mLineas.Empezar("N");
+    mLineas.Texto(apellido);
+    mLineas.Literal(";");
+    mLineas.Texto(nombre);
+    mLineas.Literal(";;;");
+    mLineas.Terminar();
+    const bool japones = mDecodificador.Ajustes().EsJapones();
+    const QString& primero = japones ? apellido : nombre;
+    const QString& segundo = japones ? nombre : apellido;
+    mLineas.Empezar("FN");
+    if (primero.isEmpty() && segundo.isEmpty()) mLineas.Texto(empresa);
+    mLineas.Texto(primero);
+    if (!primero.isEmpty() && !segundo.isEmpty()) mLineas.Literal(" ");
+    mLineas.Texto(segundo);
+    mLineas.Terminar();
     if (!xContacto.LecturaApellido.isEmpty())
-        Linea("X-PHONETIC-LAST-NAME", Escapar(xContacto.LecturaApellido));
+        mLineas.LineaTexto("X-PHONETIC-LAST-NAME", xContacto.LecturaApellido);
     if (!xContacto.LecturaNombre.isEmpty())
-        Linea("X-PHONETIC-FIRST-NAME", Escapar(xContacto.LecturaNombre));
-    if (!empresa.isEmpty()) Linea("ORG", Escapar(empresa));
+        mLineas.LineaTexto("X-PHONETIC-FIRST-NAME", xContacto.LecturaNombre);
+    if (!empresa.isEmpty()) mLineas.LineaTexto("ORG", empresa);
     if (!xContacto.LecturaEmpresa.isEmpty())
-        Linea("X-PHONETIC-ORG", Escapar(xContacto.LecturaEmpresa));
+        mLineas.LineaTexto("X-PHONETIC-ORG", xContacto.LecturaEmpresa);
 }
 
 void clsEscritorVCard::Telefonos(const ContactoPalm& xContacto) {
     for (int k = 0; k < ContactoPalm::CantidadTelefonos; ++k) {
         const QString& numero = xContacto.Telefono(k);
         if (numero.isEmpty()) continue;
-        QByteArray propiedad = PropiedadTelefono(xContacto.Etiquetas[k]);
+        const char* propiedad = PropiedadTelefono(xContacto.Etiquetas[k]);
+        mLineas.Literal(propiedad);
         if (k == xContacto.TelefonoMostrado)
-            propiedad += propiedad.contains(";TYPE=") ? ",PREF" : ";TYPE=PREF";
-        modLineasContenido::Linea(mTexto, QLatin1StringView(propiedad), Escapar(numero));
+            mLineas.Literal(std::strchr(propiedad, ';') ? ",PREF" : ";TYPE=PREF");
+        mLineas.Literal(":");
+        mLineas.Texto(numero);
+        mLineas.Terminar();
     }
+}
+
+void clsEscritorVCard::Direccion(const ContactoPalm& xContacto) {
+    bool hay = false;
+    for (int k = ContactoPalm::Direccion; k <= ContactoPalm::Pais; ++k)
+        hay = hay || !xContacto.Textos[k].isEmpty();
+    if (!hay) return;
+    // Post office box and extended address, then the street, city, state, code and country.
+    mLineas.Empezar("ADR");
+    mLineas.Literal(";");
+    for (int k = ContactoPalm::Direccion; k <= ContactoPalm::Pais; ++k) {
+        mLineas.Literal(";");
+        mLineas.Texto(xContacto.Textos[k]);
+    }
+    mLineas.Terminar();
 }
 
 // Each custom field in a group with the label the handheld gives it (the way desktop address
 // books label a property).
 void clsEscritorVCard::Personalizados(const ContactoPalm& xContacto) {
+    static const char* const propiedades[] = {"X-CUSTOM1", "X-CUSTOM2", "X-CUSTOM3", "X-CUSTOM4"};
+    int grupo = 0;
     for (int k = 0; k < 4; ++k) {
         const QString& valor = xContacto.Textos[ContactoPalm::Personalizado1 + k];
         if (valor.isEmpty()) continue;
-        const QByteArray grupo = "item" + QByteArray::number(++mGrupo) + '.';
-        modLineasContenido::Linea(mTexto,
-                                  QLatin1StringView(grupo + "X-CUSTOM" + QByteArray::number(k + 1)),
-                                  Escapar(valor));
-        modLineasContenido::Linea(mTexto, QLatin1StringView(grupo + "X-ABLabel"),
-                                  Escapar(mDecodificador.Ajustes().NombrePersonalizado(k)));
+        mLineas.EmpezarEnGrupo(++grupo, propiedades[k]);
+        mLineas.Texto(valor);
+        mLineas.Terminar();
+        mLineas.EmpezarEnGrupo(grupo, "X-ABLabel");
+        mLineas.Texto(mDecodificador.Ajustes().NombrePersonalizado(k));
+        mLineas.Terminar();
     }
 }

@@ -1,8 +1,9 @@
 #pragma once
 
 #include "estandar/clsDecodificadorDirecciones.h"
+#include "estandar/clsLineasContenido.h"
 
-#include <QByteArray>
+#include <QByteArrayView>
 #include <QString>
 
 // The contacts of an address book as a vCard 3.0 file (RFC 2426): names with their readings
@@ -11,20 +12,21 @@
 // their own label names, the note, the category and the private mark.
 class clsEscritorVCard {
 public:
-    // Each card's UID is xPrefijoUID followed by the record's unique ID.
-    clsEscritorVCard(const clsDecodificadorDirecciones& xDecodificador, QString xPrefijoUID);
+    // Each card's UID is xPrefijoUID followed by the record's unique ID; xCapacidad is about how
+    // many octets the cards will take.
+    clsEscritorVCard(const clsDecodificadorDirecciones& xDecodificador, QString xPrefijoUID,
+                     qsizetype xCapacidad = 64 * 1024);
 
     void Agregar(const RegistroPalm& xRegistro);
-    const QByteArray& Texto() const { return mTexto; }
+    QByteArrayView Texto() const { return mLineas.Bytes(); }
 
 private:
     void Nombres(const ContactoPalm& xContacto);
     void Telefonos(const ContactoPalm& xContacto);
+    void Direccion(const ContactoPalm& xContacto);
     void Personalizados(const ContactoPalm& xContacto);
-    void Linea(const char* xNombre, const QString& xValor);
 
     const clsDecodificadorDirecciones& mDecodificador;
     QString mPrefijoUID;
-    QByteArray mTexto;
-    int mGrupo = 0; // the last itemN group given
+    clsLineasContenido mLineas;
 };

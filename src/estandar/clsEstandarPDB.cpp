@@ -44,16 +44,22 @@ void clsEstandarPDB::VerificarEsquema(const char* xOperacion) const {
 }
 
 bool clsEstandarPDB::OpenFile(const QString& xFile) {
-    const bool abierta = mPalm.OpenFile(xFile);
-    if (!abierta && mPalm.IsDataBase()) return false;
-    mNombre = xFile;
-    if (!mPalm.IsDataBase()) return abierta;
+    if (!mNombre.isEmpty()) return mPalm.OpenFile(xFile); // raises: a database is open
+    const auto info = mGestor->BuscarBase(xFile);
+    const ClaseEstandar clase =
+        info->AtributosBase() & 1
+            ? ClaseEstandar::Ninguna
+            : ClaseDe(static_cast<quint32>(info->Creador()), static_cast<quint32>(info->Tipo()));
+    if (clase == ClaseEstandar::Ninguna) {
+        // Any other database is the inner object's alone.
+        const bool abierta = mPalm.OpenFile(xFile);
+        if (!abierta && mPalm.IsDataBase()) return false;
+        mNombre = xFile;
+        mInfo = info;
+        mPalmAbierta = true;
+        return abierta;
+    }
     try {
-        const auto info = mGestor->BuscarBase(xFile);
-        mCreador = info->Creador();
-        const ClaseEstandar clase =
-            ClaseDe(static_cast<quint32>(info->Creador()), static_cast<quint32>(info->Tipo()));
-        if (clase == ClaseEstandar::Ninguna) return true;
         mRegistros =
             mGestor->AbrirBaseRegistros(xFile, QString::fromLatin1(ClaseRegistros), ModoApertura);
         clsDecodificadorEstandar::Contexto contexto;
@@ -68,20 +74,31 @@ bool clsEstandarPDB::OpenFile(const QString& xFile) {
         CloseDatabase();
         throw;
     }
+    mNombre = xFile;
+    mInfo = info;
     return true;
+}
+
+clsPalmPDB& clsEstandarPDB::Palm() {
+    if (!mNombre.isEmpty() && !mPalmAbierta) {
+        mPalm.OpenFile(mNombre);
+        mPalmAbierta = true;
+    }
+    return mPalm;
 }
 
 void clsEstandarPDB::CloseDatabase() {
     mPalm.CloseDatabase();
+    mPalmAbierta = false;
     mDecodificador.reset();
     mRegistros.reset();
     mGestor = mFuente->CrearGestor();
     mNombre.clear();
-    mCreador = 0;
+    mInfo.reset();
 }
 
 bool clsEstandarPDB::IsDataBase() {
-    return mPalm.IsDataBase();
+    return mRegistros || mPalm.IsDataBase();
 }
 
 bool clsEstandarPDB::IsAppForgeDB() {
@@ -89,7 +106,11 @@ bool clsEstandarPDB::IsAppForgeDB() {
 }
 
 QString clsEstandarPDB::Creador() const {
-    return mFuente->CodigoATexto(mCreador, -1);
+    return mInfo ? mFuente->CodigoATexto(mInfo->Creador(), -1) : QString();
+}
+
+QDateTime clsEstandarPDB::Creacion() const {
+    return mInfo ? mInfo->FechaCreacion() : QDateTime();
 }
 
 // ---- Schema -------------------------------------------------------------------------------------
@@ -208,7 +229,7 @@ void clsEstandarPDB::DeleteAllRecords() {
 // ---- Record facts and attributes: from the adapter the records come from ------------------------
 
 qint32 clsEstandarPDB::RecordAttributes(qint32 xRecordID) {
-    if (!mRegistros) return mPalm.RecordAttributes(xRecordID);
+    if (!mRegistros) return Palm().RecordAttributes(xRecordID);
     try {
         return mRegistros->LeerPorID(xRecordID).Atributos;
     } catch (const ErrorVB&) {
@@ -217,7 +238,7 @@ qint32 clsEstandarPDB::RecordAttributes(qint32 xRecordID) {
 }
 
 qint32 clsEstandarPDB::CategoryID(qint32 xRecordID) {
-    if (!mRegistros) return mPalm.CategoryID(xRecordID);
+    if (!mRegistros) return Palm().CategoryID(xRecordID);
     try {
         return mRegistros->LeerPorID(xRecordID).Categoria;
     } catch (const ErrorVB&) {
@@ -226,7 +247,7 @@ qint32 clsEstandarPDB::CategoryID(qint32 xRecordID) {
 }
 
 qint32 clsEstandarPDB::RecordIndex(qint32 xRecordID) {
-    if (!mRegistros) return mPalm.RecordIndex(xRecordID);
+    if (!mRegistros) return Palm().RecordIndex(xRecordID);
     try {
         return mRegistros->LeerPorID(xRecordID).Indice;
     } catch (const ErrorVB&) {
@@ -235,12 +256,12 @@ qint32 clsEstandarPDB::RecordIndex(qint32 xRecordID) {
 }
 
 qint32 clsEstandarPDB::RecordLength(qint32 xRecordID) {
-    if (!mRegistros) return mPalm.RecordLength(xRecordID);
+    if (!mRegistros) return Palm().RecordLength(xRecordID);
     return static_cast<qint32>(mRegistros->LeerPorID(xRecordID).Bytes.size());
 }
 
 bool clsEstandarPDB::WriteRecordAttributes(qint32 xRecordID, qint32 xAttributes) {
-    if (!mRegistros) return mPalm.WriteRecordAttributes(xRecordID, xAttributes);
+    if (!mRegistros) return Palm().WriteRecordAttributes(xRecordID, xAttributes);
     // Only the attribute byte of the record as it is on disk changes.
     mRegistros->CambiarRegistro(xRecordID, [xAttributes](RegistroPalm& xActual) {
         clsPalmPDB::AplicarAtributos(xActual, xAttributes);
@@ -251,39 +272,42 @@ bool clsEstandarPDB::WriteRecordAttributes(qint32 xRecordID, qint32 xAttributes)
 // ---- The header, the catalogue and the categories: the inner clsPalmPDB's ---------------------
 
 qint32 clsEstandarPDB::NumRecords() {
-    return mPalm.NumRecords();
+    return Palm().NumRecords();
 }
 
 QByteArray clsEstandarPDB::RetrieveSortInfo() {
-    return mPalm.RetrieveSortInfo();
+    return Palm().RetrieveSortInfo();
 }
 
 float clsEstandarPDB::DBVersion() {
-    return mPalm.DBVersion();
+    return Palm().DBVersion();
 }
 
 QString clsEstandarPDB::DBType() {
-    return mPalm.DBType();
+    return Palm().DBType();
 }
 
 QDateTime clsEstandarPDB::CreationDate() {
-    return mPalm.CreationDate();
+    return Palm().CreationDate();
 }
 
 QDateTime clsEstandarPDB::ModificationDate() {
-    return mPalm.ModificationDate();
+    return Palm().ModificationDate();
 }
 
 QDateTime clsEstandarPDB::BackupDate() {
-    return mPalm.BackupDate();
+    return Palm().BackupDate();
 }
 
 float clsEstandarPDB::DBSize() {
-    return mPalm.DBSize();
+    return Palm().DBSize();
 }
 
 QString clsEstandarPDB::RetrieveCreatorsID(qint32 xAppType, const QString& xSeparator) {
-    return mPalm.RetrieveCreatorsID(xAppType, xSeparator);
+    const QString lista = mPalm.RetrieveCreatorsID(xAppType, xSeparator);
+    // The listing leaves in the inner object the last database it looked at.
+    if (!mPalmAbierta) mPalm.CloseDatabase();
+    return lista;
 }
 
 QString clsEstandarPDB::RetrieveDataBases(const QString& xCreatorID, const QString& xSeparador) {
@@ -291,9 +315,9 @@ QString clsEstandarPDB::RetrieveDataBases(const QString& xCreatorID, const QStri
 }
 
 qint32 clsEstandarPDB::CategoriesCount() {
-    return mPalm.CategoriesCount();
+    return Palm().CategoriesCount();
 }
 
 QString clsEstandarPDB::CategoryName(qint32 xIndex) {
-    return mPalm.CategoryName(xIndex);
+    return Palm().CategoryName(xIndex);
 }

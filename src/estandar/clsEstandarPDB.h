@@ -13,9 +13,10 @@
 // The database-access contract over the databases of the handheld's built-in applications, so
 // that the record browser, find, export, print and pandrel-cli show their records as they show
 // AppForge records: the schema is the decoder's field list and a record's text its decoded
-// values. The header, the catalogue and the categories come from an inner clsPalmPDB; the
-// records, their facts and their attributes from a record adapter of its own, so what is read
-// and what is written are the same records. The records' bytes are never changed: adding,
+// values. The header, the catalogue and the categories come from an inner clsPalmPDB, which
+// opens the database when it is first asked (an export never asks); the records, their facts and
+// their attributes from a record adapter of its own, so what is read and what is written are the
+// same records. The records' bytes are never changed: adding,
 // updating and deleting records do nothing (attributes are written, as that leaves the bytes as
 // they are). IsAppForgeDB says whether the open database has such a schema, which is what the
 // record browser asks before it acts.
@@ -70,11 +71,15 @@ public:
     const clsDecodificadorEstandar* Decodificador() const { return mDecodificador.get(); }
     // Every record of the open standard database in file order, deleted ones too.
     void Recorrer(const std::function<void(const RegistroPalm&)>& xVisita) const;
-    // The open database's name and creator as their four letters.
+    // The open database's name, creator as its four letters and creation date.
     const QString& NombreBase() const { return mNombre; }
     QString Creador() const;
+    QDateTime Creacion() const;
+    qint64 Tamano() const { return mInfo ? mInfo->TamanoBase() : 0; } // bytes of its file
 
 private:
+    // The inner clsPalmPDB, with the open database opened in it.
+    clsPalmPDB& Palm();
     void VerificarAbierta(const char* xOperacion) const;
     void VerificarEsquema(const char* xOperacion) const;
     // The record's text with the fields separated by xSeparator; returns its ID.
@@ -86,7 +91,8 @@ private:
     std::unique_ptr<clsAdaptadorRegistros> mRegistros;
     std::unique_ptr<clsDecodificadorEstandar> mDecodificador;
     QString mNombre;
-    qint32 mCreador = 0;
+    std::shared_ptr<clsInfoBase> mInfo;
+    bool mPalmAbierta = false;
     // Working space of the record reader, kept between records.
     RegistroPalm mLeido;
     QVariantList mValores;

@@ -48,10 +48,10 @@ const DatosClase* DatosDe(ClaseEstandar xClase) {
 // A UID that stays the same from one export of the database to the next.
 QString PrefijoUID(clsEstandarPDB& xBase) {
     return QStringLiteral("%1-%2-").arg(
-        xBase.Creador(), xBase.CreationDate().toString(QStringLiteral("yyyyMMddHHmmss")));
+        xBase.Creador(), xBase.Creacion().toString(QStringLiteral("yyyyMMddHHmmss")));
 }
 
-void Guardar(const QString& xArchivo, const QByteArray& xBytes) {
+void Guardar(const QString& xArchivo, QByteArrayView xBytes) {
     const QString destino = QFileInfo(xArchivo).absoluteFilePath();
     const auto falla = [&destino](const QString& xCausa) {
         return ErrorVB(75, kOperacion,
@@ -61,33 +61,37 @@ void Guardar(const QString& xArchivo, const QByteArray& xBytes) {
         throw falla(QStringLiteral("its folder cannot be created"));
     QSaveFile archivo(destino);
     if (!archivo.open(QIODevice::WriteOnly)) throw falla(archivo.errorString());
-    if (archivo.write(xBytes) != xBytes.size() || !archivo.commit())
+    if (archivo.write(xBytes.data(), xBytes.size()) != xBytes.size() || !archivo.commit())
         throw falla(archivo.errorString());
 }
 
-QByteArray Componer(clsEstandarPDB& xBase, Formato xFormato, const QDateTime& xAhora,
-                    qint32& xCantidad) {
+// Writes the records the handheld has not deleted into xArchivo; returns how many.
+qint32 Escribir(clsEstandarPDB& xBase, Formato xFormato, const QDateTime& xAhora,
+                const QString& xArchivo) {
     const clsDecodificadorEstandar& decodificador = *xBase.Decodificador();
+    qint32 cantidad = 0;
     const auto vigentes = [&](const std::function<void(const RegistroPalm&)>& xEscribir) {
         xBase.Recorrer([&](const RegistroPalm& xRegistro) {
             if (clsDecodificadorEstandar::Borrado(xRegistro)) return;
             xEscribir(xRegistro);
-            ++xCantidad;
+            ++cantidad;
         });
     };
-    xCantidad = 0;
     if (xFormato == Formato::CSV) {
         clsEscritorCSV csv(decodificador);
         vigentes([&](const RegistroPalm& xRegistro) { csv.Agregar(xRegistro); });
-        return csv.Texto();
+        Guardar(xArchivo, csv.Texto());
+        return cantidad;
     }
     if (xFormato == Formato::VCard) {
         clsEscritorVCard vcard(static_cast<const clsDecodificadorDirecciones&>(decodificador),
-                               PrefijoUID(xBase));
+                               PrefijoUID(xBase), 2 * xBase.Tamano());
         vigentes([&](const RegistroPalm& xRegistro) { vcard.Agregar(xRegistro); });
-        return vcard.Texto();
+        Guardar(xArchivo, vcard.Texto());
+        return cantidad;
     }
-    clsEscritorICalendar calendario(PrefijoUID(xBase), xAhora);
+    // A calendar takes about five times its database's bytes, cards about twice.
+    clsEscritorICalendar calendario(PrefijoUID(xBase), xAhora, 5 * xBase.Tamano());
     if (decodificador.Clase() == ClaseEstandar::Agenda) {
         const auto& agenda = static_cast<const clsDecodificadorAgenda&>(decodificador);
         vigentes([&](const RegistroPalm& xRegistro) { calendario.AgregarCita(agenda, xRegistro); });
@@ -96,7 +100,8 @@ QByteArray Componer(clsEstandarPDB& xBase, Formato xFormato, const QDateTime& xA
         vigentes(
             [&](const RegistroPalm& xRegistro) { calendario.AgregarTarea(tareas, xRegistro); });
     }
-    return calendario.Terminar();
+    Guardar(xArchivo, calendario.Terminar());
+    return cantidad;
 }
 
 // The database of that kind on the handheld: its usual one, else the first of its creator.
@@ -149,9 +154,7 @@ qint32 Exportar(clsEstandarPDB& xBase, const QString& xArchivo, Formato xFormato
                       QStringLiteral("\"%1\" is a %2 database: it exports to %3 files, not to %4.")
                           .arg(xBase.NombreBase(), QLatin1String(datos->Nombre),
                                QLatin1String(datos->Extensiones), QFileInfo(xArchivo).fileName()));
-    qint32 cantidad = 0;
-    Guardar(xArchivo, Componer(xBase, xFormato, xAhora, cantidad));
-    return cantidad;
+    return Escribir(xBase, xFormato, xAhora, xArchivo);
 }
 
 QStringList ArchivosHandheld() {

@@ -39,6 +39,22 @@ QString CodigoPaginaPedido(const QString& xCarpeta) {
     return ajustes.value(QStringLiteral("Handheld/Encoding")).toString().trimmed();
 }
 
+// The country byte of an address book's AppInfo block, read alone; -1 for any other database
+// or a block too short to hold one.
+qint32 PaisDirecciones(const DisposicionPDB& xDisposicion,
+                       const std::function<bool(qint64, qint64, QByteArray&, QString&)>& xLeer) {
+    using namespace modBasesEstandar;
+    if (xDisposicion.Creador != CreadorDirecciones || xDisposicion.Tipo != TipoDatos ||
+        xDisposicion.AppInfo.Largo <= PosicionPais)
+        return -1;
+    QByteArray pais;
+    QString error;
+    if (!xLeer(qint64(xDisposicion.AppInfo.Desde) + PosicionPais, 1, pais, error) ||
+        pais.size() != 1)
+        return -1;
+    return quint8(pais[0]);
+}
+
 #ifdef Q_OS_LINUX
 // A name filter that matches without regard to case: MemoDB.PDB is a database too. Hidden files
 // are left out.
@@ -86,7 +102,6 @@ const QString& clsCatalogoCarpeta::CodigoPagina() {
 // The first address book in file-name order tells. A handheld that cannot be read keeps the
 // default: what reads it next reports why.
 void clsCatalogoCarpeta::DecidirCodigoPagina() {
-    using namespace modBasesEstandar;
     mCodigoPorDecidir = false;
     try {
         Actualizar();
@@ -94,21 +109,8 @@ void clsCatalogoCarpeta::DecidirCodigoPagina() {
         return;
     }
     for (const FichaBaseCarpeta& ficha : mBases) {
-        if (ficha.Cabecera.Creador != CreadorDirecciones || ficha.Cabecera.Tipo != TipoDatos)
-            continue;
-        ContenidoArchivo contenido;
-        QString error;
-        if (!LeerContenido(ficha, contenido, error)) return;
-        qint32 pais = -1;
-        try {
-            const DisposicionPDB disposicion = clsArchivoPDB::Analizar(contenido.Bytes);
-            pais =
-                PaisDirecciones(QByteArrayView(contenido.Bytes)
-                                    .sliced(disposicion.AppInfo.Desde, disposicion.AppInfo.Largo));
-        } catch (const ErrorFormatoPDB&) {
-            return;
-        }
-        if (pais != PaisJapon) return;
+        if (ficha.Pais < 0) continue;
+        if (ficha.Pais != modBasesEstandar::PaisJapon) return;
         // The names were read in the default page: the folder is read again in this one.
         UsarCodigoPagina(CodigoPaginaJapon);
         mCache.clear();
@@ -254,6 +256,7 @@ void clsCatalogoCarpeta::Interpretar(Lectura& xLectura, const QString& xRuta,
         const DisposicionPDB disposicion = clsArchivoPDB::Analizar(inicio, tamano, true);
         xLectura.Ficha = {xRuta,  xLectura.NombreLeido, disposicion, disposicion.Entradas,
                           tamano, xLectura.Estado};
+        xLectura.Ficha.Pais = PaisDirecciones(disposicion, xLeer);
         xLectura.Valida = true;
     } catch (const ErrorFormatoPDB& error) {
         xLectura.Motivo = QString::fromStdString(error.what());
@@ -403,6 +406,9 @@ void clsCatalogoCarpeta::Anotar(const QString& xArchivo, const CabeceraPDB& xCab
     lectura.NombreLeido = Decodificar(xCabecera.Nombre);
     lectura.Ficha = {xArchivo,  lectura.NombreLeido,     xCabecera,
                      xEntradas, xContenido.Bytes.size(), xContenido.Estado};
+    // A write leaves the AppInfo block as it was.
+    const auto anterior = mCache.constFind(xArchivo);
+    if (anterior != mCache.constEnd()) lectura.Ficha.Pais = anterior->Ficha.Pais;
     const auto enLista = mPorNombre.constFind(lectura.NombreLeido);
     if (enLista != mPorNombre.constEnd() && mBases[*enLista].Archivo == xArchivo)
         mBases[*enLista] = lectura.Ficha;

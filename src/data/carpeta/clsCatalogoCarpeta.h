@@ -24,6 +24,9 @@ struct FichaBaseCarpeta {
     qint32 Entradas = 0;  // records or resources
     qint64 Tamano = 0;    // bytes
     EstadoArchivo Estado; // the file when the header was read
+    // The country an address book's AppInfo block names, read with its header; -1 for any other
+    // database.
+    qint32 Pais = -1;
 };
 
 // A whole database file and the look at the file it was read with.
@@ -135,7 +138,7 @@ private:
     // The file's reading, from the cache when a look at the file shows it unchanged. A file
     // that is gone gives a reading whose state says so.
     const Lectura& LeerConCache(const QString& xRuta);
-    // The code page of a handheld that names none, from its address book's country; the
+    // The code page of a handheld that names none, from its first address book's country; the
     // catalogue is read again when it was read in another page.
     void DecidirCodigoPagina();
     void UsarCodigoPagina(const QString& xCodigoPagina);
