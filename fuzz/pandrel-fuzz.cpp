@@ -4,6 +4,10 @@
 //     second read that must give back the same database;
 //   - the catalogue of a folder that holds only that file, as a .pdb and as a .prc;
 //   - the record codec: header, schema, categories and every record as text, tab and comma;
+//   - the decoders of the built-in applications' databases over every record, whatever the
+//     file's creator (in windows-1252 or, by the first byte, Shift_JIS), and the vCard,
+//     iCalendar and CSV writers over what decodes; a database of one of those applications is
+//     also read whole through its database object;
 //   - one write through the database object (update, add, attributes, delete), after which the
 //     file must still be a valid database whose other records did not move a byte, or, when the
 //     write failed, the very file that was there before.
@@ -17,6 +21,10 @@
 #include "data/clsPalmPDB.h"
 #include "data/formato/clsArchivoPDB.h"
 #include "data/modHandheld.h"
+#include "estandar/clsEscritorCSV.h"
+#include "estandar/clsEscritorICalendar.h"
+#include "estandar/clsEscritorVCard.h"
+#include "estandar/clsEstandarPDB.h"
 
 #include <QByteArray>
 #include <QCoreApplication>
@@ -89,7 +97,7 @@ std::unique_ptr<clsArchivoPDB> LeerArchivo(const QByteArray& xBytes) {
 }
 
 // Everything the explorer shows of the open database.
-void LeerTodo(clsPalmPDB& xBase) {
+void LeerTodo(clsPDBInterface& xBase) {
     xBase.DBType();
     xBase.DBVersion();
     xBase.CreationDate();
@@ -188,6 +196,81 @@ void Escribir(clsPalmPDB& xBase, const clsArchivoPDB& xAntes, const QString& xRu
     }
 }
 
+// A decoder either decodes a record into one value per field or refuses it with its own error.
+void Decodificar(const clsDecodificadorEstandar& xDecodificador, const RegistroPalm& xRegistro) {
+    QVariantList valores;
+    try {
+        xDecodificador.Valores(xRegistro, valores);
+        Exigir(valores.size() == xDecodificador.Campos().size(),
+               "a record decoded to too few values");
+        clsEscritorCSV(xDecodificador).Agregar(xRegistro);
+        clsEscritorICalendar calendario(QStringLiteral("F-"), QDateTime());
+        switch (xDecodificador.Clase()) {
+        case ClaseEstandar::Direcciones:
+            clsEscritorVCard(static_cast<const clsDecodificadorDirecciones&>(xDecodificador),
+                             QStringLiteral("F-"))
+                .Agregar(xRegistro);
+            break;
+        case ClaseEstandar::Agenda:
+            calendario.AgregarCita(static_cast<const clsDecodificadorAgenda&>(xDecodificador),
+                                   xRegistro);
+            break;
+        case ClaseEstandar::Tareas:
+            calendario.AgregarTarea(static_cast<const clsDecodificadorTareas&>(xDecodificador),
+                                    xRegistro);
+            break;
+        default:
+            break;
+        }
+    } catch (const ErrorVB& error) {
+        Exigir(error.Numero() == ErroresEstandar::RegistroDanado,
+               "a decoder raised an error other than its own");
+    }
+}
+
+void DecodificarEstandar(const clsArchivoPDB& xArchivo, quint8 xModo) {
+    if (xArchivo.EsRecursos()) return;
+    clsDecodificadorEstandar::Contexto contexto;
+    contexto.Base = QStringLiteral("F");
+    contexto.Tabla = &modFuncionesConversion::TablaCodigoPagina::Para(
+        xModo & 0x40 ? QStringLiteral("windows-932") : QStringLiteral("windows-1252"));
+    for (int k = 0; k < 16; ++k)
+        contexto.Categorias << QStringLiteral("c%1").arg(k);
+    for (ClaseEstandar clase : {ClaseEstandar::Memos, ClaseEstandar::Tareas,
+                                ClaseEstandar::Direcciones, ClaseEstandar::Agenda}) {
+        const auto decodificador =
+            clsDecodificadorEstandar::Crear(clase, xArchivo.AppInfo, contexto);
+        for (qsizetype i = 0; i < xArchivo.Registros.size(); ++i) {
+            const EntradaRegistroPDB& entrada = xArchivo.Registros[i];
+            RegistroPalm registro;
+            registro.Indice = static_cast<qint32>(i);
+            registro.ID = static_cast<qint32>(entrada.ID);
+            registro.Bytes = entrada.Datos;
+            clsArchivoPDB::SepararAtributos(entrada.Atributos, registro.Atributos,
+                                            registro.Categoria);
+            Decodificar(*decodificador, registro);
+        }
+    }
+}
+
+// A database of a built-in application is read whole through its own database object, whose
+// records either read or are refused with the decoders' error.
+void LeerEstandar(const std::shared_ptr<clsFuentePalm>& xFuente, const QString& xNombre) {
+    if (clsEstandarPDB::ClaseDeBase(*xFuente, xNombre) == ClaseEstandar::Ninguna) return;
+    clsEstandarPDB base(xFuente);
+    try {
+        if (!base.OpenFile(xNombre)) return;
+    } catch (const ErrorVB&) {
+        return;
+    }
+    try {
+        LeerTodo(base);
+    } catch (const ErrorVB& error) {
+        Exigir(error.Numero() == ErroresEstandar::RegistroDanado,
+               "a standard database raised an error other than the decoders'");
+    }
+}
+
 // The folder's catalogue lists the file as one database, or leaves it out as the reader does;
 // the database it lists is read whole and written once.
 void Carpeta(const QByteArray& xArchivo, quint8 xModo, const clsArchivoPDB* xLeido) {
@@ -220,6 +303,7 @@ void Carpeta(const QByteArray& xArchivo, quint8 xModo, const clsArchivoPDB* xLei
         return;
     }
     Exigir(xLeido != nullptr, "the catalogue lists a file the reader refuses");
+    LeerEstandar(fuente, nombre);
     try {
         if (!base.OpenFile(nombre)) return;
         LeerTodo(base);
@@ -244,6 +328,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* xDatos, size_t xLargo) {
     const QByteArray archivo(reinterpret_cast<const char*>(xDatos + 1),
                              static_cast<qsizetype>(xLargo - 1));
     const std::unique_ptr<clsArchivoPDB> leido = LeerArchivo(archivo);
+    if (leido) DecodificarEstandar(*leido, modo);
     Carpeta(archivo, modo, leido.get());
     return 0;
 }

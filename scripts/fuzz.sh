@@ -3,7 +3,8 @@
 # a build folder of its own and runs it for SECONDS (WORKERS processes, default 1). Exits non-zero
 # on any finding; the input that found it is left in the build folder's fuzz-findings/ (run
 # `build-fuzz/fuzz/pandrel-fuzz FILE` to see it again). The corpus grows in fuzz-corpus/ from one
-# run to the next; the seeds are the sample handheld's databases.
+# run to the next; the seeds are the databases of the sample handheld and of the built-in
+# applications' handhelds that pandrel-estandar builds.
 # Usage: scripts/fuzz.sh SECONDS [WORKERS]
 set -euo pipefail
 seconds="${1:?usage: scripts/fuzz.sh SECONDS [WORKERS]}"
@@ -25,12 +26,18 @@ fi
 
 CC=clang CXX=clang++ cmake -S "$root" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
     -DPANDREL_FUZZ=ON -DBUILD_TESTING=OFF >/dev/null
-cmake --build "$build" --target pandrel-fuzz pandrel-muestra
+cmake --build "$build" --target pandrel-fuzz pandrel-muestra pandrel-estandar
 
-# Seeds: every database of the sample, behind first bytes that pick each kind of write.
+# Seeds: every database of the sample and of the built-in applications' handhelds, behind first
+# bytes that pick each kind of write (and, with 0x40, Shift_JIS for the decoders).
 seeds="$build/fuzz-seeds"
 rm -rf "$seeds" && mkdir -p "$seeds/sample"
 "$build/tools/pandrel-muestra" "$seeds/sample" >/dev/null
+"$build/tools/pandrel-estandar" "$seeds/sample/estandar" >/dev/null
+"$build/tools/pandrel-estandar" --japanese "$seeds/sample/japones" >/dev/null
+for file in "$seeds"/sample/estandar/*.pdb "$seeds"/sample/japones/*.pdb; do
+    mv "$file" "$seeds/sample/$(basename "$(dirname "$file")")-$(basename "$file")"
+done
 for file in "$seeds"/sample/*.pdb "$seeds"/sample/*.prc; do
     for mode in 00 01 02 03 24 47 5c 83; do
         { printf "\\x$mode"; cat "$file"; } >"$seeds/$(basename "$file").$mode"
