@@ -12,8 +12,17 @@ cli="$build/pandrel-cli"
 cmake --build "$build" --target pandrel-cli bench-inputs >/dev/null
 mkdir -p "$build/bench-out"
 [ -f "$inputs/big/BenchBig.pdb" ] && [ -f "$inputs/report/BenchReport.pdb" ] &&
-    [ -f "$inputs/many.zip" ] ||
+    [ -f "$inputs/many.zip" ] && [ -f "$inputs/estandar/DatebookDB.pdb" ] ||
     "$build/bench/bench-inputs" "$inputs"
+# The exports of the built-in applications' databases are timed beside Perl's Palm modules
+# loading the same files (Debian: libpalm-perl).
+if ! perl -MPalm::PDB -MPalm::Address -MPalm::Datebook -e 1 2>/dev/null; then
+    sudo=""
+    [ "$(id -u)" -eq 0 ] || sudo="sudo"
+    echo "Installing: libpalm-perl"
+    $sudo apt-get update -qq
+    DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y -qq libpalm-perl >/dev/null
+fi
 
 # measure NAME RUNS COMMAND...: runs the command RUNS times with its output to /dev/null.
 measure() {
@@ -47,6 +56,11 @@ measure "creators --kind appforge (1,000)" "$runs" "$cli" --handheld "$inputs/ma
 measure "update one String, mid-database" "$runs" "$cli" --handheld "$inputs/big" update BenchBig 1081344 4 "Customer {i}"
 measure "creators --kind appforge (1,000 zip)" "$runs" "$cli" --handheld "$inputs/many.zip" creators --kind appforge
 measure "update one String in the 1,000 zip" "$runs" "$cli" --handheld "$inputs/many.zip" update Bench0000 1048577 4 "Customer {i}"
+estandar="$inputs/estandar"
+measure "export 10,000 contacts to vCard" "$runs" "$cli" --handheld "$estandar" export AddressDB "$build/bench-out/contacts.vcf"
+measure "Perl: load the 10,000 contacts" "$runs" perl -MPalm::PDB -MPalm::Address -e 'Palm::PDB->new->Load($ARGV[0])' "$estandar/AddressDB.pdb"
+measure "export 5,000 events to iCalendar" "$runs" "$cli" --handheld "$estandar" export DatebookDB "$build/bench-out/calendar.ics"
+measure "Perl: load the 5,000 events" "$runs" perl -MPalm::PDB -MPalm::Datebook -e 'Palm::PDB->new->Load($ARGV[0])' "$estandar/DatebookDB.pdb"
 
 # The windows, on the offscreen platform: start-up to the first explorer's tree, and choosing the
 # large database until its panels and first batch show.
