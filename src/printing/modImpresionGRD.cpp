@@ -10,7 +10,6 @@
 #include <QDateTime>
 #include <QTime>
 #include <cmath>
-#include <limits>
 #include <vector>
 
 namespace modImpresionGRD {
@@ -39,15 +38,7 @@ auto Etiquetar(const QString& xEtiqueta, Trabajo&& xTrabajo) -> decltype(xTrabaj
 
 // The counters of the report are 16-bit.
 qint16 Entero16(double xValor) {
-    if (!(xValor >= std::numeric_limits<qint16>::min() &&
-          xValor <= std::numeric_limits<qint16>::max()))
-        throw ErrorVB::Overflow(kAplicacion);
-    return static_cast<qint16>(xValor);
-}
-
-// Rounds half to even, as a 16-bit integer.
-qint16 Redondear16(double xValor) {
-    return Entero16(std::nearbyint(xValor));
+    return modFunciones::Entero16(xValor, kAplicacion);
 }
 
 enum class Lado { Izquierda, Centro, Derecha, Ninguno };
@@ -133,7 +124,7 @@ void clsInforme::Imprimir(const clsColImpresionGrd& xPie) {
     ImprimirRotulo();
     const double primeraFilaY = p.CurrentY();
     const qint16 lineasPorPagina =
-        Redondear16((p.Height() - primeraFilaY + 1000) / (1.5 * altoLinea) - 1);
+        Entero16((p.Height() - primeraFilaY + 1000) / (1.5 * altoLinea) - 1);
     p.SetCurrentX(0);
     p.SetFontSize(mTamanoGrilla);
     const qint16 ultimaFila = Entero16(mGrilla.Rows() - 1);

@@ -26,8 +26,7 @@
 #include <QToolButton>
 #include <QTreeWidget>
 #include <QVBoxLayout>
-#include <cmath>
-#include <limits>
+#include <algorithm>
 
 namespace {
 // The batch size box runs from -1 (all records) to 1000.
@@ -197,10 +196,8 @@ QWidget* frmPandrel::CrearSelectorCantidad() {
 }
 
 qint16 frmPandrel::CantidadARecuperar() const {
-    const double valor = std::nearbyint(modFunciones::Val(txtRegistrosARecuperar->text()));
-    if (valor < std::numeric_limits<qint16>::min() || valor > std::numeric_limits<qint16>::max())
-        throw ErrorVB::Overflow(QStringLiteral("frmPandrel"));
-    return static_cast<qint16>(valor);
+    return modFunciones::Entero16(modFunciones::Val(txtRegistrosARecuperar->text()),
+                                  QStringLiteral("frmPandrel"));
 }
 
 QString frmPandrel::NombreBaseElegida() const {

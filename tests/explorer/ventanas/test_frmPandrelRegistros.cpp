@@ -335,6 +335,33 @@ TEST_F(frmPandrelRegistrosTest, SortingAndFindingByAColumn) {
     }
 }
 
+// The found row is 16-bit: a hit in row 50,040 goes to the error report window as an overflow,
+// and the grid stays on its record instead of moving to a wrapped row.
+TEST_F(frmPandrelRegistrosTest, AFindBeyondRow32767IsAnOverflow) {
+    Tabla().AddItems(QStringList(50000, "Aisle"), QVector<qint32>(50000, 1));
+    mGrilla->SetRow(3);
+    QStringList informe;
+    bool quedoAbierto = false;
+    AlAbrir<frmBuscarRegistro>([&](frmBuscarRegistro* xDialogo) {
+        auto* valor = xDialogo->findChild<QLineEdit*>("Txt_Valor");
+        valor->setText("Item39");
+        AlAbrir<frmMensajeError>([&](frmMensajeError* xVentana) {
+            for (const QLabel* etiqueta : xVentana->findChildren<QLabel*>())
+                informe << etiqueta->text();
+            xVentana->close();
+        });
+        QTest::keyClick(valor, Qt::Key_Return);
+        quedoAbierto = xDialogo->isVisible();
+        QTest::keyClick(valor, Qt::Key_Escape);
+    });
+    Tecla(mGrilla, Qt::Key_F3);
+    EXPECT_EQ(informe.value(1), "6") << informe.join('|').toStdString();
+    EXPECT_TRUE(informe.contains("Buscar")) << informe.join('|').toStdString();
+    EXPECT_TRUE(quedoAbierto);
+    EXPECT_EQ(Tabla().TextMatrix(50040, 0), "Item39") << "the search sorted the grid";
+    EXPECT_EQ(Tabla().TextMatrix(mGrilla->Row(), 0), "Item02") << "the same record is current";
+}
+
 // Export asks the file and format, loads every record and writes them; cancel and No change
 // nothing; a failure goes to the error report under the export's procedure.
 TEST_F(frmPandrelRegistrosTest, ExportWritesEveryRecordToTheChosenFile) {
