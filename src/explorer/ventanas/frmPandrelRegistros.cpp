@@ -249,9 +249,10 @@ bool frmPandrel::CargarTabla(bool xReiniciar, qint16 xCantidad) {
             if (tabla.Rows() > 1) grdTabla->SetRow(1);
             lblTotalRecuperado->setText(QString::number(tabla.Rows() - 1));
         }
-        RefrescarRegistro();
+        // The remembered sort moves the current record; the panel then describes where it is.
         const qint16 columna = mNavegador->RecordarBase(NombreBaseElegida());
         if (columna != clsNavegadorRegistros::SinColumna) grdTabla->SetCol(columna);
+        RefrescarRegistro();
     });
 }
 

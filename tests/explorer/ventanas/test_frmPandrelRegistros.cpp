@@ -335,6 +335,30 @@ TEST_F(frmPandrelRegistrosTest, SortingAndFindingByAColumn) {
     }
 }
 
+// A reload sorts again on the remembered column, which moves the first record away from row 1:
+// the record panel describes the row that is current after the sort.
+TEST_F(frmPandrelRegistrosTest, AfterAReloadSortedAgainThePanelShowsTheCurrentRow) {
+    auto* cabecera = mGrilla->horizontalHeader();
+    QTest::mouseClick(cabecera->viewport(), Qt::LeftButton, {},
+                      QPoint(cabecera->sectionViewportPosition(2) + 5, 5));
+    auto* cantidad = mVentana->findChild<QLineEdit*>("txtRegistrosARecuperar");
+    const std::pair<const char*, std::function<void()>> recargas[] = {
+        {"Enter in the count box", [&] { Tecla(cantidad, Qt::Key_Return); }},
+        {"Only Modified", [&] { mVentana->findChild<QCheckBox*>("chkSoloModificados")->click(); }},
+        {"a category",
+         [&] { mVentana->findChild<QComboBox*>("cmbCategorias")->setCurrentIndex(2); }},
+        {"the same database", [&] { ElegirStock(); }},
+    };
+    for (const auto& [recarga, hacer] : recargas) {
+        hacer();
+        const int fila = mGrilla->Row();
+        EXPECT_NE(fila, 1) << recarga;
+        EXPECT_TRUE(Texto("lblCantidadRegistros").startsWith(QString("Record %1/ ").arg(fila)))
+            << recarga << ": " << qPrintable(Texto("lblCantidadRegistros"));
+        EXPECT_EQ(Texto("lblRecordID"), QString::number(Tabla().RowData(fila))) << recarga;
+    }
+}
+
 // The found row is 16-bit: a hit in row 50,040 goes to the error report window as an overflow,
 // and the grid stays on its record instead of moving to a wrapped row.
 TEST_F(frmPandrelRegistrosTest, AFindBeyondRow32767IsAnOverflow) {
