@@ -11,8 +11,11 @@ namespace {
 using Texto = clsImpresoraGrabadora::TextoImpreso;
 
 // The recording printer measures a 10-point character as 120 twips and a line as 240; its sheet
-// is 12240 x 15840 twips, so the usable width is 11540.
-constexpr double kAnchoUtil = 11540;
+// is 12240 x 15840 twips with quarter-inch margins. The usable width is 11420, so that the rules,
+// 100 twips longer, end at the printable area's edge.
+constexpr double kAnchoUtil = 11420;
+constexpr double kAnchoImprimible = 11520;
+constexpr double kAltoImprimible = 15120;
 
 // A grid of two printed columns (text left, number right) plus the spare one, wide enough that
 // the type keeps its size: its widths and the 50-twip gaps come to 12100 twips.
@@ -59,6 +62,16 @@ const Texto* Buscar(const clsImpresoraGrabadora& xImpresora, const QString& xTex
     return nullptr;
 }
 
+// Every text lies inside the printable area.
+void EnLosMargenes(const clsImpresoraGrabadora& xImpresora) {
+    for (const Texto& texto : xImpresora.Textos()) {
+        const double ancho = texto.Texto.size() * texto.Tamano * 12 * (texto.Negrita ? 1.1 : 1);
+        EXPECT_GE(texto.X, 0) << texto.Texto.toStdString();
+        EXPECT_LE(texto.X + ancho, kAnchoImprimible) << texto.Texto.toStdString();
+        EXPECT_LE(texto.Y + texto.Tamano * 24, kAltoImprimible) << texto.Texto.toStdString();
+    }
+}
+
 TEST(modImpresionGRD, PagesHoldLRowsThenLMinusOneWithTheHeadOnEachAndTheFootOnce) {
     // The head ends at 2257 twips, so a page holds (15840 - 2257 + 1000) / 360 - 1 = 40 rows.
     clsGrillaPrueba grilla;
@@ -101,17 +114,20 @@ TEST(modImpresionGRD, PagesHoldLRowsThenLMinusOneWithTheHeadOnEachAndTheFootOnce
     EXPECT_DOUBLE_EQ(fin->Y, 2257 + 21 * 240);
 }
 
-TEST(modImpresionGRD, PlacesTitlesAndCellsByAlignmentAndCutsAllButTheLastColumn) {
+TEST(modImpresionGRD, PlacesTitlesAndCellsByAlignmentAndCutsThemToTheirColumn) {
     clsGrillaPrueba grilla;
     LlenarGrilla(grilla, 0);
-    grilla.AddItem(QString(80, 'w') + "\t" + QString(60, '9'));
+    grilla.AddItem(QString(80, 'w') + "\t" + QString(20, '9'));
+    grilla.AddItem("x\t" + QString(60, '8'));
     auto impresora = std::make_shared<clsImpresoraGrabadora>();
     ASSERT_TRUE(Imprimir(grilla, impresora).Impreso);
 
-    // Column 0 takes 8050 / 12100 of the usable width; column 1 starts 50 twips after it.
-    const double ancho0 = std::floor(kAnchoUtil * 8050 / 12100);
+    // The columns and the 50-twip gap between them share the usable width: column 0 takes
+    // 8050 / 12100 of 11370 twips, and column 1 starts 50 twips after it.
+    const double ancho0 = std::floor(11370.0 * 8050 / 12100);
     const double inicio1 = ancho0 + 50;
-    const double ancho1 = std::floor(kAnchoUtil * 4050 / 12100);
+    const double ancho1 = std::floor(11370.0 * 4050 / 12100);
+    ASSERT_LE(inicio1 + ancho1, kAnchoUtil);
     const struct {
         QString Texto;
         double X, Y;
@@ -122,12 +138,14 @@ TEST(modImpresionGRD, PlacesTitlesAndCellsByAlignmentAndCutsAllButTheLastColumn)
         {"Data Base Report", (kAnchoUtil - 16 * 120) / 2, 1537, 10, false},
         {"Name", 0, 2017, 10, false},
         {"Qty", inicio1 + ancho1 - 3 * 120, 2017, 10, false},
-        // 80 characters of 120 twips do not fit before the next column: 64 do (7727 twips to the
-        // next column).
-        {QString(64, 'w'), 0, 2257, 10, false},
+        // 80 characters of 120 twips do not fit before the next column: 63 do.
+        {QString(63, 'w'), 0, 2257, 10, false},
         // A cell's share leaves out the gap, so the number stands left of its title's edge.
-        {QString(60, '9'), inicio1 + std::floor(kAnchoUtil * 4000 / 12100) - 60 * 120, 2257, 10,
+        {QString(20, '9'), inicio1 + std::floor(11370.0 * 4000 / 12100) - 20 * 120, 2257, 10,
          false},
+        // The last column is cut only at the margin, where the rules end, and a text wider than
+        // its column starts at the column's start, not over the column before it.
+        {QString(32, '8'), inicio1, 2497, 10, false},
     };
     for (const auto& esperado : esperados) {
         const Texto* texto = Buscar(*impresora, esperado.Texto);
@@ -139,31 +157,50 @@ TEST(modImpresionGRD, PlacesTitlesAndCellsByAlignmentAndCutsAllButTheLastColumn)
     }
     EXPECT_TRUE(std::any_of(impresora->Textos().begin(), impresora->Textos().end(),
                             [](const Texto& t) { return t.Texto.startsWith("Date : "); }));
+    EnLosMargenes(*impresora);
+    for (const auto& raya : impresora->Lineas())
+        EXPECT_EQ(raya.X2, kAnchoImprimible);
 
-    // Right-aligned, the cut cell is still wider than its share: it starts at its column's start
-    // instead of running over the column before it.
+    // Right-aligned, the cut cell is still wider than its share: it starts at its column's start.
     grilla.SetColAlignment(0, clsGrillaImpresion::DerechaArriba);
     auto derecha = std::make_shared<clsImpresoraGrabadora>();
     ASSERT_TRUE(Imprimir(grilla, derecha).Impreso);
-    const Texto* cortado = Buscar(*derecha, QString(64, 'w'));
+    const Texto* cortado = Buscar(*derecha, QString(63, 'w'));
     ASSERT_NE(cortado, nullptr);
     EXPECT_DOUBLE_EQ(cortado->X, 0);
 }
 
-TEST(modImpresionGRD, ANarrowGridPrintsInALargerType) {
+// A grid narrower than its room prints in a larger type, and its rows are counted in that type:
+// each row whole on one page under the head and the column titles, nothing past the margins.
+TEST(modImpresionGRD, ALargerTypeKeepsEveryRowWholeOnAPageUnderItsHead) {
     const struct {
         qint32 Ancho;
         double Tamano;
-    } casos[] = {{12000, 10}, {5000, 24}};
+        int Paginas;
+    } casos[] = {{12000, 10, 2}, {5000, 22, 4}, {2600, 43, 9}};
     for (const auto& caso : casos) {
         clsGrillaPrueba grilla;
-        LlenarGrilla(grilla, 1);
+        LlenarGrilla(grilla, 60);
         grilla.SetColWidth(0, caso.Ancho / 2 - 50);
         grilla.SetColWidth(1, caso.Ancho / 2 - 50);
         auto impresora = std::make_shared<clsImpresoraGrabadora>();
         ASSERT_TRUE(Imprimir(grilla, impresora).Impreso);
         EXPECT_EQ(Buscar(*impresora, "Name")->Tamano, caso.Tamano) << caso.Ancho;
-        EXPECT_EQ(Buscar(*impresora, "1")->Tamano, caso.Tamano) << caso.Ancho;
+        EXPECT_EQ(impresora->PaginasPasadas() + 1, caso.Paginas) << caso.Ancho;
+        for (int fila = 1; fila <= 60; ++fila) {
+            const Texto* nombre = Buscar(*impresora, QString("row %1").arg(fila));
+            const Texto* numero = Buscar(*impresora, QString::number(fila));
+            ASSERT_TRUE(nombre && numero) << caso.Ancho << " " << fila;
+            EXPECT_EQ(nombre->Pagina, numero->Pagina) << caso.Ancho << " " << fila;
+            EXPECT_EQ(nombre->Y, numero->Y) << caso.Ancho << " " << fila;
+            EXPECT_EQ(nombre->Tamano, caso.Tamano) << caso.Ancho << " " << fila;
+        }
+        for (int pagina = 1; pagina <= caso.Paginas; ++pagina) {
+            const Texto* titulo = Buscar(*impresora, "Name", pagina);
+            ASSERT_NE(titulo, nullptr) << caso.Ancho << " " << pagina;
+            EXPECT_EQ(titulo->Pagina, pagina) << caso.Ancho;
+        }
+        EnLosMargenes(*impresora);
     }
 }
 
