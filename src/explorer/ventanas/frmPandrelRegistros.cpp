@@ -134,11 +134,14 @@ QWidget* frmPandrel::CrearPanelInformacionRegistro() {
         {QStringLiteral("lblTotalRecuperado"), QStringLiteral("Retrieved:"), QString(),
          &lblTotalRecuperado},
     };
+    // Every value has room for the widest the panel can show.
+    const int ancho =
+        fontMetrics().horizontalAdvance(clsNavegadorRegistros::TextoPosicionMasAncho());
     int f = 0;
     for (const auto& e : etiquetas) {
         rejilla->addWidget(Etiqueta(e.Rotulo, fraInformacionRegistro), f, 0);
         *e.Destino = Etiqueta(e.Valor, fraInformacionRegistro, e.Nombre);
-        (*e.Destino)->setMinimumWidth(90);
+        (*e.Destino)->setMinimumWidth(ancho);
         rejilla->addWidget(*e.Destino, f++, 1);
     }
     rejilla->setRowStretch(f, 1);
