@@ -200,6 +200,18 @@ TEST_F(frmPandrelRegistrosTest, KeysAddDeleteAndEscapeDoesNothing) {
     Disco disco = EnDisco();
     ASSERT_EQ(disco.Ids.size(), kRegistros + 1);
     EXPECT_EQ(Tabla().RowData(41), disco.Ids.last());
+    // Its first String, empty, takes a text of 30 characters from the update dialog.
+    const QString nombre = "Claw hammer with a long handle";
+    mGrilla->setCurrentIndex(Tabla().index(41, 0));
+    AlAbrir<frmActualizarValor>([&](frmActualizarValor* xDialogo) {
+        auto* nuevo = xDialogo->findChild<QLineEdit*>("txtValorNuevo");
+        nuevo->setText(nombre);
+        QTest::keyClick(nuevo, Qt::Key_Return);
+        if (xDialogo->isVisible()) QTest::keyClick(nuevo, Qt::Key_Escape);
+    });
+    Tecla(mGrilla, Qt::Key_Return);
+    EXPECT_EQ(EnDisco().Registros.last(), "\"" + nombre + "\",0,False,1/1/1904");
+    EXPECT_EQ(Texto("lblLongitudRegistro"), "39"); // 8 blank bytes and a spare one, and 30
     // No: nothing changes.
     Respuesta = QMessageBox::No;
     Tecla(mGrilla, Qt::Key_Insert);
