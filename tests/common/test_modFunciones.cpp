@@ -51,25 +51,6 @@ TEST(OrdenarVector, LimiteDeLosContadores) {
     }
 }
 
-// A 16-bit counter holds -32768 .. 32767 after rounding half to even; beyond, it overflows
-// instead of wrapping (row 50001 would otherwise read as -15535).
-TEST(Entero16, RedondeaYDesbordaSinDarLaVuelta) {
-    const struct {
-        double Valor;
-        qint32 Esperado; // -1 for an overflow
-    } casos[] = {{32767, 32767}, {-32768, -32768}, {2.5, 2},       {32767.5, -1},
-                 {32768, -1},    {50001, -1},      {-32768.6, -1}, {1e300, -1}};
-    for (const auto& caso : casos) {
-        try {
-            EXPECT_EQ(modFunciones::Entero16(caso.Valor, "Find"), caso.Esperado) << caso.Valor;
-        } catch (const ErrorVB& e) {
-            EXPECT_EQ(caso.Esperado, -1) << caso.Valor;
-            EXPECT_EQ(e.Numero(), ErrorVB::Desbordamiento);
-            EXPECT_EQ(e.Fuente(), "Find");
-        }
-    }
-}
-
 TEST(SinBlancos, QuitaSoloLosBlancosDadosDeLosExtremos) {
     struct Caso {
         const char16_t* Texto;

@@ -156,13 +156,19 @@ TEST_F(frmPandrelRegistrosTest, BatchesUntilTheEndKeepTheCurrentRow) {
     cantidad->setText("5");
     Tecla(cantidad, Qt::Key_Return);
     EXPECT_EQ(Tabla().Rows(), 6);
-    // Only modified: the dirty records alone; a category shows its index after "/ ".
+    // Only modified: the dirty records alone; a category shows its index after "/ ". Each reload
+    // sorts again by Ok, which takes the first record from row 1: the panel shows where it went.
+    auto* cabecera = mGrilla->horizontalHeader();
+    QTest::mouseClick(cabecera->viewport(), Qt::LeftButton, {},
+                      QPoint(cabecera->sectionViewportPosition(2) + 5, 5));
     cantidad->setText("-1");
     mVentana->findChild<QCheckBox*>("chkSoloModificados")->setChecked(true);
     EXPECT_EQ(Tabla().Rows(), 1 + 9);
     mVentana->findChild<QComboBox*>("cmbCategorias")->setCurrentIndex(3);
     EXPECT_EQ(Tabla().Rows(), 1 + 9);
-    EXPECT_EQ(Texto("lblCantidadRegistros"), "Record 1/ 2");
+    EXPECT_EQ(mGrilla->Row(), 5);
+    EXPECT_EQ(Texto("lblCantidadRegistros"), "Record 5/ 2");
+    EXPECT_EQ(Texto("lblRecordID"), QString::number(Tabla().RowData(5)));
 }
 
 TEST_F(frmPandrelRegistrosTest, AttributeBoxesWriteTheRecord) {
@@ -200,18 +206,6 @@ TEST_F(frmPandrelRegistrosTest, KeysAddDeleteAndEscapeDoesNothing) {
     Disco disco = EnDisco();
     ASSERT_EQ(disco.Ids.size(), kRegistros + 1);
     EXPECT_EQ(Tabla().RowData(41), disco.Ids.last());
-    // Its first String, empty, takes a text of 30 characters from the update dialog.
-    const QString nombre = "Claw hammer with a long handle";
-    mGrilla->setCurrentIndex(Tabla().index(41, 0));
-    AlAbrir<frmActualizarValor>([&](frmActualizarValor* xDialogo) {
-        auto* nuevo = xDialogo->findChild<QLineEdit*>("txtValorNuevo");
-        nuevo->setText(nombre);
-        QTest::keyClick(nuevo, Qt::Key_Return);
-        if (xDialogo->isVisible()) QTest::keyClick(nuevo, Qt::Key_Escape);
-    });
-    Tecla(mGrilla, Qt::Key_Return);
-    EXPECT_EQ(EnDisco().Registros.last(), "\"" + nombre + "\",0,False,1/1/1904");
-    EXPECT_EQ(Texto("lblLongitudRegistro"), "39"); // 8 blank bytes and a spare one, and 30
     // No: nothing changes.
     Respuesta = QMessageBox::No;
     Tecla(mGrilla, Qt::Key_Insert);
@@ -347,54 +341,24 @@ TEST_F(frmPandrelRegistrosTest, SortingAndFindingByAColumn) {
     }
 }
 
-// A reload sorts again on the remembered column, which moves the first record away from row 1:
-// the record panel describes the row that is current after the sort.
-TEST_F(frmPandrelRegistrosTest, AfterAReloadSortedAgainThePanelShowsTheCurrentRow) {
-    auto* cabecera = mGrilla->horizontalHeader();
-    QTest::mouseClick(cabecera->viewport(), Qt::LeftButton, {},
-                      QPoint(cabecera->sectionViewportPosition(2) + 5, 5));
-    auto* cantidad = mVentana->findChild<QLineEdit*>("txtRegistrosARecuperar");
-    const std::pair<const char*, std::function<void()>> recargas[] = {
-        {"Enter in the count box", [&] { Tecla(cantidad, Qt::Key_Return); }},
-        {"Only Modified", [&] { mVentana->findChild<QCheckBox*>("chkSoloModificados")->click(); }},
-        {"a category",
-         [&] { mVentana->findChild<QComboBox*>("cmbCategorias")->setCurrentIndex(2); }},
-        {"the same database", [&] { ElegirStock(); }},
-    };
-    for (const auto& [recarga, hacer] : recargas) {
-        hacer();
-        const int fila = mGrilla->Row();
-        EXPECT_NE(fila, 1) << recarga;
-        EXPECT_TRUE(Texto("lblCantidadRegistros").startsWith(QString("Record %1/ ").arg(fila)))
-            << recarga << ": " << qPrintable(Texto("lblCantidadRegistros"));
-        EXPECT_EQ(Texto("lblRecordID"), QString::number(Tabla().RowData(fila))) << recarga;
-    }
-}
-
 // The found row is 16-bit: a hit in row 50,040 goes to the error report window as an overflow,
 // and the grid stays on its record instead of moving to a wrapped row.
 TEST_F(frmPandrelRegistrosTest, AFindBeyondRow32767IsAnOverflow) {
     Tabla().AddItems(QStringList(50000, "Aisle"), QVector<qint32>(50000, 1));
     mGrilla->SetRow(3);
-    QStringList informe;
-    bool quedoAbierto = false;
+    QString numero;
     AlAbrir<frmBuscarRegistro>([&](frmBuscarRegistro* xDialogo) {
         auto* valor = xDialogo->findChild<QLineEdit*>("Txt_Valor");
         valor->setText("Item39");
         AlAbrir<frmMensajeError>([&](frmMensajeError* xVentana) {
-            for (const QLabel* etiqueta : xVentana->findChildren<QLabel*>())
-                informe << etiqueta->text();
+            numero = xVentana->findChild<QLabel*>("lblErrorNumero")->text();
             xVentana->close();
         });
         QTest::keyClick(valor, Qt::Key_Return);
-        quedoAbierto = xDialogo->isVisible();
         QTest::keyClick(valor, Qt::Key_Escape);
     });
     Tecla(mGrilla, Qt::Key_F3);
-    EXPECT_EQ(informe.value(1), "6") << informe.join('|').toStdString();
-    EXPECT_TRUE(informe.contains("Buscar")) << informe.join('|').toStdString();
-    EXPECT_TRUE(quedoAbierto);
-    EXPECT_EQ(Tabla().TextMatrix(50040, 0), "Item39") << "the search sorted the grid";
+    EXPECT_EQ(numero, "6");
     EXPECT_EQ(Tabla().TextMatrix(mGrilla->Row(), 0), "Item02") << "the same record is current";
 }
 
