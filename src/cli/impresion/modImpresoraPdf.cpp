@@ -1,15 +1,19 @@
 // The part of pandrel-cli that draws: loaded only by the commands that print, so every other
 // command starts without the graphics libraries. It makes the application object able to draw
-// (on Qt's offscreen platform unless another is asked for) and the printer that writes a PDF file.
+// (on Qt's offscreen platform unless another is asked for), the printer that writes a PDF file,
+// and the measures of the grids' type that the explorer widens its columns by.
 
 #include "common/ErrorVB.h"
+#include "common/ventanas/modRecursosGraficos.h"
 #include "printing/ventanas/clsImpresoraQt.h"
 
+#include <QFontMetrics>
 #include <QGuiApplication>
 #include <QMarginsF>
 #include <QPageLayout>
 #include <QPageSize>
 #include <QPrinter>
+#include <QScreen>
 #include <cstdio>
 
 namespace {
@@ -48,4 +52,15 @@ extern "C" Q_DECL_EXPORT QCoreApplication* PandrelAplicacionGrafica(int* xArgc, 
 
 extern "C" Q_DECL_EXPORT clsImpresora* PandrelImpresoraPdf(const QString* xArchivo) {
     return new clsImpresoraPdf(*xArchivo);
+}
+
+// The width of a text in the grids' type, in pixels of the screen, as a grid on screen measures it.
+extern "C" Q_DECL_EXPORT int PandrelAnchoTextoGrilla(const QString* xTexto) {
+    const QFontMetrics medidas(modRecursosGraficos::FuenteGrilla(QGuiApplication::font()));
+    return medidas.horizontalAdvance(*xTexto);
+}
+
+extern "C" Q_DECL_EXPORT double PandrelPuntosPorPulgada() {
+    const QScreen* pantalla = QGuiApplication::primaryScreen();
+    return pantalla ? pantalla->logicalDotsPerInchX() : 96;
 }
