@@ -14,13 +14,19 @@ void AgregarVerdad(clsBufferTexto& xTexto, bool xValor) {
         xTexto.Letras("False", 5);
 }
 
+// With the tab as separator (the grid's, the explorer export's and the report's reading) a text
+// stays on one line of its cell: a tab becomes a blank and each line break a pilcrow.
 void AgregarCadena(clsBufferTexto& xTexto, const QString& xCadena, const QString& xSeparator) {
-    if (xSeparator != QLatin1String("\t") || !xCadena.contains(QLatin1Char('\t'))) {
+    if (xSeparator != QLatin1String("\t")) {
         xTexto.Texto(xCadena);
         return;
     }
-    QString enUnaCelda = xCadena;
-    xTexto.Texto(enUnaCelda.replace(QLatin1Char('\t'), QLatin1Char(' ')));
+    for (qsizetype k = 0; k < xCadena.size(); ++k) {
+        const char16_t letra = xCadena[k].unicode();
+        if (letra == u'\r' && k + 1 < xCadena.size() && xCadena[k + 1] == QLatin1Char('\n'))
+            continue;
+        xTexto.Letra(letra == u'\t' ? u' ' : letra == u'\n' || letra == u'\r' ? u'\u00b6' : letra);
+    }
 }
 
 } // namespace

@@ -12,8 +12,8 @@ namespace modTextoEstandar {
 
 // Appends one field's text as the record reader writes AppForge fields: a String in double
 // quotes when the separator is the comma, a day and time as the general date text, a truth
-// value as True or False; a null value writes nothing. With the tab as separator, a tab inside
-// a text becomes a blank, so the grid's cells stay in their columns.
+// value as True or False; a null value writes nothing. With the tab as separator, a text stays
+// on one line of its cell: a tab inside it becomes a blank and a line break a pilcrow (¶).
 void AgregarValor(clsBufferTexto& xTexto, const QVariant& xValor, bool xEsTexto,
                   const QString& xSeparator, const clsConfiguracionRegional& xRegional);
 

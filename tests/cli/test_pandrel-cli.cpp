@@ -333,7 +333,11 @@ TEST_F(PandrelCli, TheBuiltInApplicationsDatabasesReadAndExport) {
         {"DatebookDB", "d.ICS", {}, "BEGIN:VCALENDAR\r\n"},
         {"ToDoDB", "t.ics", {}, "BEGIN:VCALENDAR\r\n"},
         {"MemoDB", "m.csv", {}, "Title,Memo,Category,Private\r\nShopping,\"Shopping\n"},
-        {"MemoDB", "m.txt", {"--csv"}, "Title,Memo,Category,Private\r\n\"Shopping\",\"Shopping\n"},
+        {"MemoDB",
+         "m.txt",
+         {"--csv"},
+         "Title,Memo,Category,Private\r\n\"Shopping\",\"Shopping\xb6"
+         "Eggs"},
         {"MemoDB", "m.vcf", {}, "Error -2147213295: \"MemoDB\" is a Memo Pad database"},
         {"AddressDB", "a.doc", {}, "Error -2147213295: The extension of "},
         {"AddressDB", "a.csv", {"--rfc4180"}, "Error -2147213295: --csv and --rfc4180"},

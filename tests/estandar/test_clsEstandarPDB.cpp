@@ -62,10 +62,11 @@ TEST_F(EstandarTest, LosArchivosRealesCampoPorCampo) {
     const CasoRegistro casos[] = {
         {"MemoDB",
          2,
-         {"Handheld Basics", "Handheld Basics\n\n\u2022 Press any...", "Unfiled", "False"}},
+         {"Handheld Basics", "Handheld Basics\u00b6\u00b6\u2022 Press any...", "Unfiled", "False"}},
         {"MemoDB",
          6,
-         {"Navigator Button Tips", "Navigator Button Tips\n\nUse the...", "Unfiled", "False"}},
+         {"Navigator Button Tips", "Navigator Button Tips\u00b6\u00b6Use the...", "Unfiled",
+          "False"}},
         {"ToDoDB",
          3,
          {"Check out the Software Essentials CD today!", "2/21/2021", "1", "False",
@@ -142,7 +143,7 @@ TEST_F(EstandarTest, LosArchivosRealesCampoPorCampo) {
 }
 
 // What real backups lack: every phone label, renamed custom fields, every repeat, to-dos without
-// a due day, a tab in a memo (a blank in the grid's cell).
+// a due day, a memo with a tab and line breaks (one line in the grid's cell).
 TEST_F(EstandarTest, LasBasesConstruidasCampoPorCampo) {
     modHandheldEstandar::Guardar(mCarpeta.path());
     const CasoRegistro casos[] = {
@@ -172,7 +173,7 @@ TEST_F(EstandarTest, LasBasesConstruidasCampoPorCampo) {
           "",
           "",
           "",
-          "Prefers calls after 10:00.\nLikes \"cortado\", no sugar.",
+          "Prefers calls after 10:00.\u00b6Likes \"cortado\", no sugar.",
           "",
           "",
           "",
@@ -200,7 +201,8 @@ TEST_F(EstandarTest, LasBasesConstruidasCampoPorCampo) {
         {"ToDoDB", Primero + 2, {"Renew passport", "2/1/2021", "2", "True", "", "Unfiled", "True"}},
         {"MemoDB",
          Primero + 1,
-         {"Ideas for the garden", "Ideas for the garden\n- roses\n - tulips", "Unfiled", "False"}},
+         {"Ideas for the garden", "Ideas for the garden\u00b6- roses\u00b6 - tulips", "Unfiled",
+          "False"}},
     };
     clsEstandarPDB base(Fuente(mCarpeta.path()));
     for (const CasoRegistro& caso : casos) {
