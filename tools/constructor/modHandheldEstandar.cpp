@@ -179,7 +179,10 @@ void Guardar(const QString& xCarpeta) {
 
 void GuardarJapones(const QString& xCarpeta) {
     const QString pagina = QStringLiteral("windows-932");
+    // Another handheld: its databases were made at another moment, so their records' UIDs differ.
+    const QDateTime creada(QDate(2004, 4, 1), QTime(9, 0), Qt::UTC);
     clsConstructorEstandar direcciones(ClaseEstandar::Direcciones, pagina);
+    direcciones.Fechas(creada, creada, creada);
     direcciones.Categorias({"未分類", "仕事", "個人"});
     QStringList etiquetas(22);
     etiquetas[3] = "勤務先";
@@ -201,6 +204,7 @@ void GuardarJapones(const QString& xCarpeta) {
     direcciones.Guardar(xCarpeta + "/AddressDB.pdb");
 
     clsConstructorEstandar memos(ClaseEstandar::Memos, pagina);
+    memos.Fechas(creada, creada, creada);
     memos.Categorias({"未分類"});
     memos.AjustesMemos(false);
     memos.AgregarMemo("買い物リスト\n牛乳、卵");
