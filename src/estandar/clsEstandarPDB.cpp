@@ -9,6 +9,7 @@
 
 namespace {
 
+constexpr qint32 BaseYaAbierta = ErrorBase + 1001;
 constexpr qint32 BaseCerrada = ErrorBase + 1002;
 constexpr qint32 BaseSinEsquema = ErrorBase + 1004;
 constexpr qint32 ModoApertura = 208;
@@ -44,7 +45,8 @@ void clsEstandarPDB::VerificarEsquema(const char* xOperacion) const {
 }
 
 bool clsEstandarPDB::OpenFile(const QString& xFile) {
-    if (!mNombre.isEmpty()) return mPalm.OpenFile(xFile); // raises: a database is open
+    if (!mNombre.isEmpty())
+        throw ErrorVB(BaseYaAbierta, QStringLiteral("OpenFile"), MensajesError[0]);
     const auto info = mGestor->BuscarBase(xFile);
     const ClaseEstandar clase =
         info->AtributosBase() & 1

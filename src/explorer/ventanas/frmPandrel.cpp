@@ -9,6 +9,7 @@
 #include "data/modHandheld.h"
 #include "device/clsPalmInformation.h"
 #include "errors/ventanas/MostrarMensajeError.h"
+#include "estandar/clsEstandarPDB.h"
 #include "explorer/clsFuenteConProgreso.h"
 #include "explorer/clsNavegadorRegistros.h"
 #include "explorer/ventanas/clsVistaGrilla.h"
@@ -267,10 +268,12 @@ void frmPandrel::Form_Load() {
         // fails here.
         fuente->CrearGestor()->ListarBases(-1);
         // The catalogue walk reports its progress through this source.
-        mBase = std::make_unique<clsPalmPDB>(
+        const auto conProgreso =
             std::make_shared<clsFuenteConProgreso>(fuente, [this](int xHechas, int xTotal) {
                 if (mMostrandoCatalogo) InformarProgreso(xHechas, xTotal);
-            }));
+            });
+        mBase = std::make_unique<clsPalmPDB>(conProgreso);
+        mBaseEnEspera = std::make_unique<clsEstandarPDB>(conProgreso);
         mOcupado = true;
         if (MostrarMemoria()) {
             CargarFormatoCampos();

@@ -170,7 +170,7 @@ private:
     void Imprimir();
 
     std::unique_ptr<clsPDBInterface> mBase;
-    std::unique_ptr<clsPDBInterface> mBaseEnEspera; // the object mBase is not, once made
+    std::unique_ptr<clsPDBInterface> mBaseEnEspera; // the other of the two, not in use
     bool mRegistrosEstandar = false; // mBase reads a built-in application's records: read-only
     bool mOcupado = false;           // loading or processing a node choice
     bool mCargando = false;          // the record panel is being filled

@@ -221,7 +221,6 @@ void frmPandrel::AbrirRegistros() {
 void frmPandrel::UsarRegistrosEstandar(bool xEstandar) {
     if (xEstandar == mRegistrosEstandar) return;
     mBase->CloseDatabase();
-    if (!mBaseEnEspera) mBaseEnEspera = std::make_unique<clsEstandarPDB>();
     std::swap(mBase, mBaseEnEspera);
     mRegistrosEstandar = xEstandar;
 }
