@@ -28,8 +28,6 @@ constexpr qint32 PosicionDescriptores = 300;
 constexpr qint32 PosicionTipos = 303;
 constexpr qint32 AnchoDescriptor = 6;
 
-constexpr qint32 ModoApertura = 208;
-const char* const ClaseRegistros = "PDDirect.PDRecordAdapter";
 const char* const ClaseRecursos = "PDDirect.PDResourceAdapter";
 
 // Attribute flags that make WriteRecordAttributes take the given value.
@@ -146,8 +144,8 @@ bool clsPalmPDB::OpenDataBase(const QString& xNombre) {
     VerificarCerrada("OpenDataBase");
     mAdaptadorRegistros.reset();
     try {
-        mAdaptadorRegistros =
-            mGestor->AbrirBaseRegistros(xNombre, QString::fromLatin1(ClaseRegistros), ModoApertura);
+        mAdaptadorRegistros = mGestor->AbrirBaseRegistros(
+            xNombre, QString::fromLatin1(ClaseAdaptadorRegistros), ModoApertura);
     } catch (const ErrorVB& error) {
         if (error.Numero() == ErroresFuente::BaseEnUso) throw;
     }

@@ -54,6 +54,10 @@ public:
     float DBSize() override;
     bool IsAppForgeDB() override;
 
+    // How a record adapter is asked of the source: the adapter's class and the open mode.
+    static constexpr const char* ClaseAdaptadorRegistros = "PDDirect.PDRecordAdapter";
+    static constexpr qint32 ModoApertura = 208;
+
     // What WriteRecordAttributes makes of a record's attributes: any of the flags Delete, Dirty,
     // Secret or Archive in xAttributes makes it the whole attribute byte; with none of them the
     // record keeps the attributes it has.

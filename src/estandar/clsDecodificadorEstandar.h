@@ -47,7 +47,7 @@ public:
     struct Contexto {
         QString Base; // the database's name, for the texts of errors
         const modFuncionesConversion::TablaCodigoPagina* Tabla = nullptr;
-        QStringList Categorias; // the names of categories 0 to 15
+        QStringList Categorias; // the names of the categories by number (up to the last named)
     };
 
     // The decoder of a database of kind xClase (not Ninguna) with that AppInfo block.

@@ -12,8 +12,12 @@ namespace {
 constexpr qint32 BaseYaAbierta = ErrorBase + 1001;
 constexpr qint32 BaseCerrada = ErrorBase + 1002;
 constexpr qint32 BaseSinEsquema = ErrorBase + 1004;
-constexpr qint32 ModoApertura = 208;
-const char* const ClaseRegistros = "PDDirect.PDRecordAdapter";
+
+// The kind of the database an information object describes.
+ClaseEstandar ClaseDeInfo(const clsInfoBase& xInfo) {
+    if (xInfo.AtributosBase() & 1) return ClaseEstandar::Ninguna; // a resource database
+    return ClaseDe(static_cast<quint32>(xInfo.Creador()), static_cast<quint32>(xInfo.Tipo()));
+}
 
 } // namespace
 
@@ -24,9 +28,7 @@ clsEstandarPDB::clsEstandarPDB(std::shared_ptr<clsFuentePalm> xFuente)
 
 ClaseEstandar clsEstandarPDB::ClaseDeBase(clsFuentePalm& xFuente, const QString& xNombre) {
     try {
-        const auto info = xFuente.CrearGestor()->BuscarBase(xNombre);
-        if (info->AtributosBase() & 1) return ClaseEstandar::Ninguna;
-        return ClaseDe(static_cast<quint32>(info->Creador()), static_cast<quint32>(info->Tipo()));
+        return ClaseDeInfo(*xFuente.CrearGestor()->BuscarBase(xNombre));
     } catch (const ErrorVB&) {
         return ClaseEstandar::Ninguna;
     }
@@ -48,10 +50,7 @@ bool clsEstandarPDB::OpenFile(const QString& xFile) {
     if (!mNombre.isEmpty())
         throw ErrorVB(BaseYaAbierta, QStringLiteral("OpenFile"), MensajesError[0]);
     const auto info = mGestor->BuscarBase(xFile);
-    const ClaseEstandar clase =
-        info->AtributosBase() & 1
-            ? ClaseEstandar::Ninguna
-            : ClaseDe(static_cast<quint32>(info->Creador()), static_cast<quint32>(info->Tipo()));
+    const ClaseEstandar clase = ClaseDeInfo(*info);
     if (clase == ClaseEstandar::Ninguna) {
         // Any other database is the inner object's alone.
         const bool abierta = mPalm.OpenFile(xFile);
@@ -62,13 +61,14 @@ bool clsEstandarPDB::OpenFile(const QString& xFile) {
         return abierta;
     }
     try {
-        mRegistros =
-            mGestor->AbrirBaseRegistros(xFile, QString::fromLatin1(ClaseRegistros), ModoApertura);
+        mRegistros = mGestor->AbrirBaseRegistros(
+            xFile, QString::fromLatin1(clsPalmPDB::ClaseAdaptadorRegistros),
+            clsPalmPDB::ModoApertura);
         clsDecodificadorEstandar::Contexto contexto;
         contexto.Base = xFile;
         contexto.Tabla = &modFuncionesConversion::TablaCodigoPagina::Para(mFuente->CodigoPagina());
         const clsCategoriasPalm& categorias = mRegistros->Categorias();
-        for (qint32 k = 0; k < 16; ++k)
+        for (qint32 k = 0; k < categorias.CantidadCategorias(); ++k)
             contexto.Categorias << categorias.NombreCategoria(k);
         mDecodificador =
             clsDecodificadorEstandar::Crear(clase, mRegistros->LeerAppInfo(), contexto);
