@@ -37,8 +37,7 @@ ClaseEstandar clsEstandarPDB::ClaseDeBase(clsFuentePalm& xFuente, const QString&
 // ---- Open and close -----------------------------------------------------------------------------
 
 void clsEstandarPDB::VerificarAbierta(const char* xOperacion) const {
-    if (mNombre.isEmpty())
-        throw ErrorVB(BaseCerrada, QString::fromLatin1(xOperacion), MensajesError[1]);
+    if (!mAbierta) throw ErrorVB(BaseCerrada, QString::fromLatin1(xOperacion), MensajesError[1]);
 }
 
 void clsEstandarPDB::VerificarEsquema(const char* xOperacion) const {
@@ -47,8 +46,7 @@ void clsEstandarPDB::VerificarEsquema(const char* xOperacion) const {
 }
 
 bool clsEstandarPDB::OpenFile(const QString& xFile) {
-    if (!mNombre.isEmpty())
-        throw ErrorVB(BaseYaAbierta, QStringLiteral("OpenFile"), MensajesError[0]);
+    if (mAbierta) throw ErrorVB(BaseYaAbierta, QStringLiteral("OpenFile"), MensajesError[0]);
     const auto info = mGestor->BuscarBase(xFile);
     const ClaseEstandar clase = ClaseDeInfo(*info);
     if (clase == ClaseEstandar::Ninguna) {
@@ -57,6 +55,7 @@ bool clsEstandarPDB::OpenFile(const QString& xFile) {
         if (!abierta && mPalm.IsDataBase()) return false;
         mNombre = xFile;
         mInfo = info;
+        mAbierta = true;
         mPalmAbierta = true;
         return abierta;
     }
@@ -78,11 +77,12 @@ bool clsEstandarPDB::OpenFile(const QString& xFile) {
     }
     mNombre = xFile;
     mInfo = info;
+    mAbierta = true;
     return true;
 }
 
 clsPalmPDB& clsEstandarPDB::Palm() {
-    if (!mNombre.isEmpty() && !mPalmAbierta) {
+    if (mAbierta && !mPalmAbierta) {
         mPalm.OpenFile(mNombre);
         mPalmAbierta = true;
     }
@@ -97,6 +97,7 @@ void clsEstandarPDB::CloseDatabase() {
     mGestor = mFuente->CrearGestor();
     mNombre.clear();
     mInfo.reset();
+    mAbierta = false;
 }
 
 bool clsEstandarPDB::IsDataBase() {

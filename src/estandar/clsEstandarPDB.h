@@ -92,6 +92,7 @@ private:
     std::unique_ptr<clsDecodificadorEstandar> mDecodificador;
     QString mNombre;
     std::shared_ptr<clsInfoBase> mInfo;
+    bool mAbierta = false; // a database is open (its name may be empty)
     bool mPalmAbierta = false;
     // Working space of the record reader, kept between records.
     RegistroPalm mLeido;

@@ -284,6 +284,19 @@ TEST_F(EstandarTest, SoloLosAtributosSeEscriben) {
     EXPECT_EQ(base.RecordLength(Primero), 27);
 }
 
+// A database whose header names it "" is open as any other (a finding of the fuzz target).
+TEST_F(EstandarTest, UnaBaseSinNombreSeAbreComoLasDemas) {
+    clsConstructorEstandar memos(ClaseEstandar::Memos);
+    memos.Archivo().Nombre.clear();
+    memos.AgregarMemo("hello");
+    memos.Guardar(mCarpeta.filePath("m.pdb"));
+    clsEstandarPDB base(Fuente(mCarpeta.path()));
+    ASSERT_TRUE(base.OpenFile(""));
+    EXPECT_EQ(Campos(base, Primero), QStringList({"hello", "hello", "Unfiled", "False"}));
+    EXPECT_EQ(base.NumRecords(), 1);
+    EXPECT_THROW(base.OpenFile(""), ErrorVB) << "one database at a time";
+}
+
 // Bytes that lie about the record: a numbered error naming the record, never a read outside it.
 TEST_F(EstandarTest, UnRegistroQueMienteEsUnErrorNumerado) {
     struct Caso {
