@@ -145,6 +145,7 @@ TEST_F(PandrelCli, EveryCommandEscapesTabsLineBreaksAndBackslashes) {
                                {"Count", clsConstructorBase::Int},
                                {"B", clsConstructorBase::String}});
     base.AgregarRegistro({"x\ty\\z\r\nw", 7, "plain"});
+    base.AgregarRegistro({"a\rb", 8, "lone\rcarriage return"}); // nothing else to escape
     // Three copies of one database: two warnings, each once per command.
     for (const char* archivo : {"/Tabs.pdb", "/Tabs2.pdb", "/Tabs3.pdb"})
         base.Guardar(Handheld() + archivo);
@@ -154,6 +155,7 @@ TEST_F(PandrelCli, EveryCommandEscapesTabsLineBreaksAndBackslashes) {
     basura.close();
 
     const QString id = QString::number(0x100001);
+    const QString id2 = QString::number(0x100002);
     const struct {
         QStringList Argumentos;
         QString Salida;
@@ -162,9 +164,10 @@ TEST_F(PandrelCli, EveryCommandEscapesTabsLineBreaksAndBackslashes) {
         {{"databases", "T\tN\n"}, "Tab\\tName\\r\\n\t1\n"},
         {{"schema", "Tab\tName\r\n"}, "Note\\tA\tString\nCount\tInt\nB\tString\n"},
         {{"categories", "Tab\tName\r\n"}, "Unfiled\nPer\\\\sonal\nTravel\n"},
-        {{"records", "Tab\tName\r\n"}, id + "\tx\\ty\\\\z\\r\\nw\t7\tplain\n"},
+        {{"records", "Tab\tName\r\n"},
+         id + "\tx\\ty\\\\z\\r\\nw\t7\tplain\n" + id2 + "\ta\\rb\t8\tlone\\rcarriage return\n"},
         {{"records", "Tab\tName\r\n", "--separator", "\\t"},
-         id + "\tx\\ty\\\\z\\r\\nw\t7\tplain\n"},
+         id + "\tx\\ty\\\\z\\r\\nw\t7\tplain\n" + id2 + "\ta\\rb\t8\tlone\\rcarriage return\n"},
         {{"get", "Tab\tName\r\n", id, "--separator", ","}, "\"x\\ty\\\\z\\r\\nw\",7,\"plain\"\n"},
     };
     for (const auto& caso : casos) {
@@ -454,6 +457,8 @@ TEST_F(PandrelCli, BatchRunsEachLineAsACommandAndKeepsItsDatabaseOpen) {
              " 0 O\\'Hara\\ Bros",
          id + "\n", 0},
         {"get VisitLogDB " + ref, "O'Hara Bros\t*", 0},
+        {"update VisitLogDB " + ref + " 0 Item#2 # a # inside a word is the word's", id + "\n", 0},
+        {"get VisitLogDB " + ref, "Item#2\t*", 0},
         {"update VisitLogDB " + ref + " 0 ''", id + "\n", 0},
         {"get VisitLogDB " + ref + " --separator ,", "\"\",*", 0},
         {"update VisitLogDB " + ref + " 3 'two\nlines' # one command", id + "\n", 0},
@@ -481,20 +486,24 @@ TEST_F(PandrelCli, BatchRunsEachLineAsACommandAndKeepsItsDatabaseOpen) {
     EXPECT_EQ(lote.Enviar("schema PriceListDB").second, 0);
     EXPECT_EQ(lote.Enviar("get VisitLogDB " + ref).first.section('\t', 2, 2), "77");
 
-    // Input that ends inside a quote is one more failed command; the batch ends with the
-    // highest status, each error on one line.
-    const auto [estado, salida, errores] = lote.Terminar("get 'VisitLogDB\n");
+    // The batch ends with the highest status of its commands, though its last one succeeded;
+    // each error took one line.
+    const auto [estado, salida, errores] = lote.Terminar("creators --kind other\n");
     EXPECT_EQ(estado, 2);
-    EXPECT_EQ(salida, "#end 2\n");
-    const QStringList esperados = {"Error ",
-                                   "Error 6: Overflow",
-                                   "usage: unknown command",
-                                   "usage: get DB ID",
-                                   "usage: unknown command \"batch\"",
-                                   "usage: the input ends inside a quote"};
+    EXPECT_EQ(salida, "FNot\nexps\npsys\n#end 0\n");
+    const QStringList esperados = {"Error ", "Error 6: Overflow", "usage: unknown command",
+                                   "usage: get DB ID", "usage: unknown command \"batch\""};
     ASSERT_EQ(errores.size(), esperados.size()) << errores.join('\n').toStdString();
     for (int i = 0; i < esperados.size(); ++i)
         EXPECT_TRUE(errores[i].startsWith(esperados[i])) << errores[i].toStdString();
+
+    // Input that ends inside a quote is one more failed command.
+    const auto [estadoAbierta, salidaAbierta, erroresAbierta] =
+        Lote(Handheld()).Terminar("get 'VisitLogDB\n");
+    EXPECT_EQ(estadoAbierta, 2);
+    EXPECT_EQ(salidaAbierta, "#end 2\n");
+    EXPECT_EQ(erroresAbierta, QStringList({"usage: the input ends inside a quote or after a "
+                                           "backslash"}));
 }
 
 // A batch holds the database open while another process writes the same record: each write lands

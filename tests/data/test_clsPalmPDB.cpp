@@ -555,7 +555,7 @@ TEST_F(PalmPDBTest, EscribirAtributos) {
         qint32 despues;
     } casos[] = {
         {0x40, 0, 0x40},    {0x40, 0x10, 0x10},        {0, 0x88, 0x88},
-        {0x40, 0x20, 0x40}, {0x80, 0x40 | 0x20, 0x60},
+        {0x40, 0x20, 0x40}, {0x80, 0x40 | 0x20, 0x60}, {0x40, 0x08, 0},
     };
     for (const auto& caso : casos) {
         GuardarClientes({"00", "2020782000000500"}, 1, [&](clsConstructorBase& xBase) {
@@ -770,6 +770,8 @@ protected:
             if (b.appForge) base.EsquemaAppForge("T", {{"A", C::Int}});
             Guardar(base);
         }
+        // A file named otherwise than its database: the list goes by the database's name.
+        clsConstructorBase("Aaa", "DATA", "memo").Guardar(mCarpeta.filePath("z.pdb"));
         mFuente = Fuente({{{"Ocupada", ErroresFuente::BaseEnUso}}});
     }
     std::shared_ptr<clsFuentePalm> mFuente;
@@ -783,7 +785,7 @@ TEST_F(CatalogoTest, LasBasesDeUnCreador) {
         QString esperado;
     } casos[] = {
         {"AFc1", "\t", "Alfa*1\tApp1*4\tzeta*1\t"},
-        {"memo", "|", "Memo2*12|beta*1|"},
+        {"memo", "|", "Aaa*1|Memo2*12|beta*1|"},
         {"prg1", ";", "Prog*4;"},
         {"nada", "\t", ""},
         {"star", "\t", "a*0\t"},

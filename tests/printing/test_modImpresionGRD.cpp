@@ -99,6 +99,14 @@ TEST(modImpresionGRD, PagesHoldLRowsThenLMinusOneWithTheHeadOnEachAndTheFootOnce
     EXPECT_EQ(fin->Pagina, 3);
     EXPECT_EQ(Buscar(*impresora, "End of Report", 2), nullptr);
     EXPECT_DOUBLE_EQ(fin->Y, 2257 + 21 * 240);
+    // Three rules in each page's head and one over the foot, each reaching 100 twips past the
+    // usable width.
+    EXPECT_EQ(impresora->Lineas().size(), 3 * 3 + 1);
+    for (const auto& raya : impresora->Lineas()) {
+        EXPECT_EQ(raya.X1, 0);
+        EXPECT_EQ(raya.X2, kAnchoUtil + 100);
+        EXPECT_EQ(raya.Y1, raya.Y2);
+    }
 }
 
 TEST(modImpresionGRD, PlacesTitlesAndCellsByAlignmentAndCutsAllButTheLastColumn) {
@@ -148,6 +156,15 @@ TEST(modImpresionGRD, PlacesTitlesAndCellsByAlignmentAndCutsAllButTheLastColumn)
     const Texto* cortado = Buscar(*derecha, QString(64, 'w'));
     ASSERT_NE(cortado, nullptr);
     EXPECT_DOUBLE_EQ(cortado->X, 0);
+
+    // A cell exactly as wide as the room up to the next column is printed whole: column 0 then
+    // has floor(11540 * 10070 / 14120) = 8230 twips and the gap, room for 69 characters.
+    grilla.SetColWidth(0, 10020);
+    grilla.SetColWidth(1, 4000);
+    grilla.AddItem(QString(69, 'x') + "\t1");
+    auto justa = std::make_shared<clsImpresoraGrabadora>();
+    ASSERT_TRUE(Imprimir(grilla, justa).Impreso);
+    EXPECT_NE(Buscar(*justa, QString(69, 'x')), nullptr);
 }
 
 TEST(modImpresionGRD, ANarrowGridPrintsInALargerType) {

@@ -79,6 +79,8 @@ public:
         return FabricaCarpeta::Avisos(xFuente);
     }
     qint64 EspacioLibre() const { return QStorageInfo(mRaiz.path()).bytesAvailable(); }
+    // The file that holds a database: the archive.
+    QString Almacen(const QString&) const { return mArchivo; }
 
 private:
     // The entries as the archive holds them now: the source under test may have rewritten it.

@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QLockFile>
 #include <chrono>
 #include <functional>
 #include <future>
@@ -446,6 +447,10 @@ TYPED_TEST(FuenteDeBases, SinBloqueDeCategoriasNoHayCategorias) {
 TYPED_TEST(FuenteDeBases, EscribirUnRegistroDejaTodoLoDemasComoEstaba) {
     const clsArchivoPDB antes = BaseVariada();
     this->mFabrica.Poner("v.pdb", antes);
+    const QString almacen = this->mFabrica.Almacen("v.pdb");
+    ASSERT_TRUE(
+        QFile::setPermissions(almacen, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup));
+    const QFile::Permissions permisos = QFileInfo(almacen).permissions();
     auto fuente = this->mFabrica.Crear();
     auto gestor = fuente->CrearGestor();
     const auto info = gestor->BuscarBase("Variada");
@@ -471,6 +476,28 @@ TYPED_TEST(FuenteDeBases, EscribirUnRegistroDejaTodoLoDemasComoEstaba) {
     EXPECT_EQ(leido.Categoria, 4);
     EXPECT_EQ(leido.Atributos, 0x50);
     EXPECT_EQ(this->mFabrica.Sobrantes(), QStringList()); // no lock or temporary left
+    EXPECT_EQ(QFileInfo(almacen).permissions(), permisos);
+}
+
+// A writer that finds another writer's lock waits for it, then applies its change over what the
+// other one wrote.
+TYPED_TEST(FuenteDeBases, UnaEscrituraEsperaAlEscritorQueTieneElCandado) {
+    this->mFabrica.Poner("v.pdb", BaseVariada());
+    auto fuente = this->mFabrica.Crear();
+    auto adaptador = fuente->CrearGestor()->AbrirBaseRegistros("Variada", "", 208);
+    QLockFile candado(this->mFabrica.Almacen("v.pdb") + ".lock");
+    ASSERT_TRUE(candado.tryLock(0));
+    auto escritura =
+        std::async(std::launch::async, [&] { adaptador->EscribirRegistro(11, 1, 0, "nuestro"); });
+    EXPECT_EQ(escritura.wait_for(std::chrono::milliseconds(300)), std::future_status::timeout);
+    clsArchivoPDB otro = this->EnDisco("v.pdb");
+    otro.Registros[0].Datos = "del otro";
+    this->mFabrica.CambiarPorFuera("v.pdb", otro);
+    candado.unlock();
+    escritura.get();
+    const clsArchivoPDB despues = this->EnDisco("v.pdb");
+    EXPECT_EQ(despues.Registros[0].Datos, QByteArray("del otro"));
+    EXPECT_EQ(despues.Registros[4].Datos, QByteArray("nuestro"));
 }
 
 TYPED_TEST(FuenteDeBases, UnRegistroNuevoRecibeElIDSiguienteAlMayor) {

@@ -57,12 +57,14 @@ TEST_F(ZipTest, LasEntradasHostilesSeAvisanSinSalirDelArchivo) {
     ASSERT_TRUE(modZipPrueba::GuardarZip(Ruta(),
                                          {{"Palm/Backup/buena.PDB", Base("Buena")},
                                           {"../fuera.pdb", Base("Fuera")},
+                                          {"a/../../fuera2.pdb", Base("Fuera2")},
                                           {"secreta.pdb", Base("Secreta")},
                                           {"enorme.pdb", Base("Enorme")},
                                           {"dentro.zip", interior},
                                           {"rota.pdb", Base("Rota", QByteArray(2000, 'r'))},
+                                          {"alterada.pdb", Base("Alterada", "intacto")},
                                           {"notas.txt", "not a database"}},
-                                         {"secreta.pdb"}));
+                                         {"secreta.pdb"}, {"alterada.pdb"}));
     QFile archivo(Ruta());
     ASSERT_TRUE(archivo.open(QIODevice::ReadWrite));
     QByteArray bytes = archivo.readAll();
@@ -70,6 +72,8 @@ TEST_F(ZipTest, LasEntradasHostilesSeAvisanSinSalirDelArchivo) {
     // Damaged data: the directory is whole, the entry's compressed bytes are not.
     const qsizetype rota = bytes.indexOf("rota.pdb") + 8;
     bytes.replace(rota + 20, 16, QByteArray(16, '\xff'));
+    // A stored entry with one byte changed: only its checksum tells.
+    bytes[bytes.indexOf("intacto")] = 'I';
     archivo.seek(0);
     archivo.write(bytes);
     archivo.close();
@@ -77,15 +81,17 @@ TEST_F(ZipTest, LasEntradasHostilesSeAvisanSinSalirDelArchivo) {
     clsFuenteZip fuente(Ruta());
     EXPECT_EQ(Listar(fuente), QStringList({"Buena"}));
     const QStringList avisos = fuente.Avisos();
-    ASSERT_EQ(avisos.size(), 5) << avisos.join('\n').toStdString();
+    ASSERT_EQ(avisos.size(), 7) << avisos.join('\n').toStdString();
     const struct {
         const char* Entrada;
         const char* Motivo;
     } casos[] = {{"../fuera.pdb", "leads out of the archive"},
+                 {"a/../../fuera2.pdb", "leads out of the archive"},
                  {"secreta.pdb", "encrypted"},
                  {"enorme.pdb", "claims 3221225472 bytes"},
                  {"dentro.zip", "archive inside the archive"},
-                 {"rota.pdb", "cannot be read"}};
+                 {"rota.pdb", "cannot be read"},
+                 {"alterada.pdb", "cannot be read"}};
     for (const auto& caso : casos)
         EXPECT_EQ(avisos.filter(caso.Entrada).filter(caso.Motivo).size(), 1) << caso.Entrada;
     EXPECT_FALSE(QFile::exists(QFileInfo(mCarpeta.path()).dir().filePath("fuera.pdb")));
@@ -124,7 +130,8 @@ TEST_F(ZipTest, UnaEscrituraConservaLasDemasEntradas) {
     const Entradas entradas = {{"Handheld.ini", "[Handheld]\nEncoding=windows-1252\n"},
                                {"a/Alfa.pdb", Base("Alfa")},
                                {"Beta.pdb", Base("Beta", QByteArray(5000, 'b'))},
-                               {"notas.txt", QByteArray(3000, 'n')}};
+                               {"notas.txt", QByteArray(3000, 'n')},
+                               {"a/Handheld.ini", "[Card]\nName=Deeper\n"}};
     ASSERT_TRUE(modZipPrueba::GuardarZip(Ruta(), entradas));
     const Entradas antes = modZipPrueba::Leer(Ruta(), true);
 
@@ -147,7 +154,8 @@ TEST_F(ZipTest, UnaEscrituraConservaLasDemasEntradas) {
     EXPECT_EQ(alfa.Registros[2].Datos, QByteArray("nuevo"));
     EXPECT_EQ(QDir(mCarpeta.path()).entryList(QDir::Files | QDir::Hidden),
               QStringList({"Palm.zip"}));
-    // A second source sees the change, and the card's name is the archive's.
+    // A second source sees the change, and the card's name is the archive's: the Handheld.ini
+    // nearest the root names none.
     clsFuenteZip otra(Ruta());
     EXPECT_EQ(otra.CrearGestor()->AbrirBaseRegistros("Alfa", "", 208)->LeerPorID(5).Bytes,
               QByteArray("cambiado"));
