@@ -19,8 +19,10 @@ QStringView SinBlancos(QStringView xTexto, QStringView xBlancos = u" ");
 // even hundredth (640 bytes are 0.62 KB, 1920 bytes 1.88 KB).
 double Kilobytes(double xBytes);
 
-// The number at the start of a text, blanks before it skipped: "4" gives 4, " -4.5x" -4.5, "x" 0.
-double Val(const QString& xTexto);
+// The number at the start of a text, as the desktop's Val reads it: blanks anywhere in it are
+// skipped, a sign may lead and a decimal point follow the digits; "4" gives 4, " -4.5x" -4.5,
+// "1 2" 12, "x" 0.
+double Val(QStringView xTexto);
 
 // Creates the folder and every missing folder above it; raises ErrorVB when it cannot.
 void CrearCarpeta(const QString& xCarpeta);

@@ -8,7 +8,6 @@
 #include "data/modHandheld.h"
 
 #include <cstring>
-#include <limits>
 #include <utility>
 
 using namespace modCamposRegistro;
@@ -39,24 +38,10 @@ ErrorVB ErrorDeBase(qint32 xNumero, const char* xFuente, int xMensaje) {
     return ErrorVB(xNumero, QString::fromLatin1(xFuente), MensajesError[xMensaje]);
 }
 
-// Val: the number at the start of a text, blanks skipped; 0 when there is none.
-qint64 ValorInicial(QStringView xTexto) {
-    qint64 valor = 0;
-    bool negativo = false;
-    bool conSigno = false;
-    for (const QChar c : xTexto) {
-        if (c.isSpace()) continue;
-        if (!conSigno && valor == 0 && (c == QLatin1Char('-') || c == QLatin1Char('+'))) {
-            negativo = c == QLatin1Char('-');
-            conSigno = true;
-            continue;
-        }
-        if (c < QLatin1Char('0') || c > QLatin1Char('9')) break;
-        conSigno = true;
-        valor = valor * 10 + (c.unicode() - '0');
-        if (valor > std::numeric_limits<qint32>::max()) break;
-    }
-    return negativo ? -valor : valor;
+// The kind number of a catalogue entry, read from the text after its first "*": the whole part of
+// the number it starts with.
+qint64 NumeroDeClase(QStringView xTexto) {
+    return static_cast<qint64>(qBound(-9e18, modFunciones::Val(xTexto), 9e18));
 }
 
 // The record's text without the separator after its last field, into xRegistro (whose buffer is
@@ -237,7 +222,7 @@ QString clsPalmPDB::RetrieveDataBases(const QString& xCreatorID, const QString& 
     for (const QString& entrada : lista) {
         const qsizetype estrella = entrada.indexOf(QLatin1Char('*'));
         resultado += entrada.left(estrella) + QLatin1Char('*') +
-                     QString::number(ValorInicial(QStringView(entrada).mid(estrella + 1))) +
+                     QString::number(NumeroDeClase(QStringView(entrada).mid(estrella + 1))) +
                      xSeparador;
     }
     return resultado;
