@@ -35,7 +35,7 @@ const char* const ClaseRecursos = "PDDirect.PDResourceAdapter";
 constexpr qint32 FlagsAtributos = 0x80 | 0x40 | 0x10 | 0x08;
 
 ErrorVB ErrorDeBase(qint32 xNumero, const char* xFuente, int xMensaje) {
-    return ErrorVB(xNumero, QString::fromLatin1(xFuente), MensajesError[xMensaje]);
+    return ErrorVB(xNumero, QString::fromLatin1(xFuente), MensajesError()[xMensaje]);
 }
 
 // The kind number of a catalogue entry, read from the text after its first "*": the whole part of
