@@ -10,6 +10,7 @@
 #include <cstring>
 #include <limits>
 #include <memory>
+#include <mutex>
 
 namespace modFuncionesConversion {
 
@@ -177,8 +178,12 @@ bool TablaCodigoPagina::Conocida(const QString& xCodigoPagina) {
     return GuardaAscii(xCodigoPagina.toLatin1().constData());
 }
 
+// Tables are built on first use and never freed, so a reference handed out stays good; the lock
+// keeps two threads that ask at once from building into the list together.
 const TablaCodigoPagina& TablaCodigoPagina::Para(const QString& xCodigoPagina) {
     static QHash<QString, std::shared_ptr<const TablaCodigoPagina>> tablas;
+    static std::mutex cerrojo;
+    const std::lock_guard<std::mutex> tomado(cerrojo);
     const QString clave = xCodigoPagina.toLower();
     auto encontrada = tablas.constFind(clave);
     if (encontrada == tablas.constEnd())
