@@ -180,6 +180,11 @@ double Kilobytes(double xBytes) {
     return std::nearbyint(xBytes * 25.0 / 256.0) / 100.0;
 }
 
+QString Cita(const QString& xTexto, qsizetype xMaximo) {
+    if (xTexto.size() <= xMaximo) return xTexto;
+    return xTexto.left(xMaximo) + QStringLiteral("...");
+}
+
 double Val(const QString& xTexto) {
     const QString texto = xTexto.trimmed();
     qsizetype fin = 0;

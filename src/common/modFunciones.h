@@ -22,6 +22,10 @@ double Kilobytes(double xBytes);
 // The number at the start of a text, blanks before it skipped: "4" gives 4, " -4.5x" -4.5, "x" 0.
 double Val(const QString& xTexto);
 
+// A person's text as a message quotes it: whole when short, otherwise its first xMaximo
+// characters and "...", so that a message stays a line however long the text.
+QString Cita(const QString& xTexto, qsizetype xMaximo = 60);
+
 // Creates the folder and every missing folder above it; raises ErrorVB when it cannot.
 void CrearCarpeta(const QString& xCarpeta);
 

@@ -656,9 +656,13 @@ TEST_F(PalmPDBTest, Borrar) {
     EXPECT_EQ(Archivo("Clientes").Registros.size(), 2);
     const auto permisos = QFile::permissions(Ruta("Clientes"));
     QFile::setPermissions(Ruta("Clientes"), QFile::ReadOwner);
-    EXPECT_FALSE(mBase->DeleteRecord(10));
+    // A record that is there but cannot be deleted is a failed write, not an unknown ID.
+    EsperarError([&] { mBase->DeleteRecord(10); }, ErroresFuente::EscrituraFallida,
+                 "BorrarRegistro");
     EsperarError([&] { mBase->DeleteAllRecords(); }, ErroresFuente::EscrituraFallida,
                  "BorrarTodos");
+    EsperarError([&] { mBase->WriteRecordAttributes(10, 320); }, ErrorVB::Desbordamiento,
+                 "WriteRecordAttributes");
     QFile::setPermissions(Ruta("Clientes"), permisos);
     mBase->DeleteAllRecords();
     EXPECT_TRUE(Archivo("Clientes").Registros.isEmpty());

@@ -126,15 +126,22 @@ TEST_F(CamposRegistro, CadaTipoSeCodificaDesdeElTextoDelUsuario) {
               QStringLiteral("7|-300|-1|0.25|ab|False|1/2/2003 4:05:06 AM|"));
 
     const QByteArray antes = mRegistro.Bytes;
+    // A NUL inside a text would end it there and shift every later field.
+    const QChar nul(0);
     const struct {
         qint32 campo;
-        const char* valor;
+        QString valor;
         qint32 error;
-    } fallidos[] = {{0, "300", 6}, {1, "abc", 13}, {7, "1", 9}, {-1, "1", 9}};
+    } fallidos[] = {{0, "300", 6},
+                    {1, "abc", 13},
+                    {7, "1", 9},
+                    {-1, "1", 9},
+                    {4, QString("A") + nul + "B", 5},
+                    {4, QString(nul), 5},
+                    {4, QString("AB") + nul, 5}};
     for (const auto& caso : fallidos) {
-        EXPECT_EQ(NumeroDeError([&] { Codificar(caso.campo, QString::fromLatin1(caso.valor)); }),
-                  caso.error)
-            << caso.campo << " " << caso.valor;
+        EXPECT_EQ(NumeroDeError([&] { Codificar(caso.campo, caso.valor); }), caso.error)
+            << caso.campo << " " << caso.valor.toStdString();
         EXPECT_EQ(mRegistro.Bytes, antes) << caso.campo;
     }
 }
