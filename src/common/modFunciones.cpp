@@ -185,6 +185,15 @@ QString Cita(const QString& xTexto, qsizetype xMaximo) {
     return xTexto.left(xMaximo) + QStringLiteral("...");
 }
 
+QString DestinoFinal(const QString& xRuta) {
+    QFileInfo destino(xRuta);
+    for (int saltos = 0; destino.isSymLink(); ++saltos) {
+        if (saltos == 128) return QString();
+        destino.setFile(destino.symLinkTarget());
+    }
+    return destino.absoluteFilePath();
+}
+
 double Val(const QString& xTexto) {
     const QString texto = xTexto.trimmed();
     qsizetype fin = 0;

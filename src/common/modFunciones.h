@@ -26,6 +26,11 @@ double Val(const QString& xTexto);
 // characters and "...", so that a message stays a line however long the text.
 QString Cita(const QString& xTexto, qsizetype xMaximo = 60);
 
+// The file a write to xRuta reaches: a link is followed to where it leads, link after link, as
+// QSaveFile follows them, whether or not the last one exists; "" for links that lead round in a
+// loop.
+QString DestinoFinal(const QString& xRuta);
+
 // Creates the folder and every missing folder above it; raises ErrorVB when it cannot.
 void CrearCarpeta(const QString& xCarpeta);
 

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "common/clsEscrituraSegura.h"
 #include "data/formato/modFuncionesConversion.h"
 
 #include <QByteArray>
-#include <QSaveFile>
 #include <QString>
 #include <QStringList>
 #include <QStringView>
@@ -82,7 +82,8 @@ private:
     }
     void Volcar();
 
-    QSaveFile mArchivo;
+    QString mNombre;
+    clsEscrituraSegura mArchivo;
     Formato mFormato;
     QStringList mTipos;
     std::vector<bool> mEsTexto;

@@ -8,9 +8,11 @@
 #include <QFile>
 #include <QFileInfo>
 #include <chrono>
+#include <csignal>
 #include <functional>
 #include <future>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -77,6 +79,13 @@ clsArchivoPDB BaseDeRecursos(const QByteArray& xNombre) {
     archivo.Creador = Codigo("PROG");
     archivo.Recursos = {{Codigo("code"), 1, "codigo"}, {Codigo("tFRM"), 1000, "forma"}};
     return archivo;
+}
+
+// Files this process writes may grow to xBytes at most: the disk is as good as full beyond.
+void LimitarArchivos(rlim_t xBytes) {
+    std::signal(SIGXFSZ, SIG_IGN); // a write past the limit fails instead of ending the process
+    const rlimit limite{xBytes, RLIM_INFINITY};
+    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &limite), 0);
 }
 
 template <typename F> void EsperarError(qint32 xNumero, F&& xAccion, const QString& xTexto = {}) {
@@ -637,14 +646,29 @@ TYPED_TEST(FuenteDeBases, UnaEscrituraNoCaeEnOtraBase) {
     }
 }
 
+// Every way a write can fail leaves the database as it was, says why in the system's words, and
+// leaves nothing beside it; a lock file that is not a regular file does not make it wait.
 TYPED_TEST(FuenteDeBases, UnaEscrituraQueFallaNoCambiaNada) {
     struct Caso {
         const char* Nombre;
         std::function<void(TypeParam&)> Impedir;
+        std::function<void(TypeParam&)> Deshacer;
+        const char* Motivo;
+    };
+    const auto nada = [](TypeParam&) {};
+    const auto fifo = [](TypeParam& x) {
+        ASSERT_EQ(::mkfifo(QFile::encodeName(x.Candado("v.pdb")).constData(), 0600), 0);
     };
     const std::vector<Caso> casos = {
-        {"read-only file", [](TypeParam& x) { x.HacerSoloLectura("v.pdb"); }},
-        {"read-only folder", [](TypeParam& x) { x.HacerCarpetaSoloLectura(); }},
+        {"read-only file", [](TypeParam& x) { x.HacerSoloLectura("v.pdb"); }, nada, "read-only"},
+        {"read-only folder", [](TypeParam& x) { x.HacerCarpetaSoloLectura(); }, nada, "read-only"},
+        // The disk fills up: first with the new file, then already with the lock file.
+        {"full disk", [](TypeParam&) { LimitarArchivos(200); },
+         [](TypeParam&) { LimitarArchivos(RLIM_INFINITY); }, "File too large"},
+        {"no room for the lock", [](TypeParam&) { LimitarArchivos(8); },
+         [](TypeParam&) { LimitarArchivos(RLIM_INFINITY); }, "lock file cannot be made (File"},
+        {"a FIFO for a lock file", fifo, [](TypeParam& x) { QFile::remove(x.Candado("v.pdb")); },
+         "is not a regular file"},
     };
     for (const Caso& caso : casos) {
         TypeParam fabrica;
@@ -660,7 +684,8 @@ TYPED_TEST(FuenteDeBases, UnaEscrituraQueFallaNoCambiaNada) {
             [&] { adaptador->BorrarTodos(0, 255); },
         };
         for (const auto& escritura : escrituras)
-            EsperarError(ErroresFuente::EscrituraFallida, escritura, "read-only");
+            EsperarError(ErroresFuente::EscrituraFallida, escritura, caso.Motivo);
+        caso.Deshacer(fabrica);
         EXPECT_EQ(fabrica.Contenido("v.pdb"), antes) << caso.Nombre;
         EXPECT_EQ(adaptador->LeerPorID(9).Bytes, QByteArray("dos")) << caso.Nombre;
         EXPECT_EQ(fabrica.Sobrantes(), QStringList()) << caso.Nombre;

@@ -3,8 +3,10 @@
 #include "data/zip/clsFuenteZip.h"
 #include "support/modZipPrueba.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 #include <QtEndian>
 #include <gtest/gtest.h>
@@ -152,4 +154,35 @@ TEST_F(ZipTest, UnaEscrituraConservaLasDemasEntradas) {
     EXPECT_EQ(otra.CrearGestor()->AbrirBaseRegistros("Alfa", "", 208)->LeerPorID(5).Bytes,
               QByteArray("cambiado"));
     EXPECT_EQ(otra.CrearSistema()->TarjetaMemoria()->Nombre(), "Palm");
+}
+
+// An archive reached through a link is rewritten where the link leads, under its own lock, and
+// the link stays a link. A rewrite killed half way leaves temporary files named after the
+// archive and its process: the next rewrite removes those of processes that are gone, and only
+// those.
+TEST_F(ZipTest, UnaEscrituraLlegaAlArchivoYQuitaLosTemporalesAbandonados) {
+    QDir(mCarpeta.path()).mkdir("real");
+    const QString real = mCarpeta.filePath("real/Palm.zip");
+    ASSERT_TRUE(modZipPrueba::GuardarZip(real, {{"a.pdb", Base("Alfa")}}));
+    ASSERT_TRUE(QFile::link(real, Ruta()));
+    const QString vivo = QString::number(QCoreApplication::applicationPid());
+    const QStringList abandonados = {".Palm.zip.Ab12Cd", ".Palm.zip.Ab12Cd.Ef34Gh",
+                                     ".Palm.zip.999999999-Ab12Cd"};
+    const QStringList ajenos = {".Palm.zip." + vivo + "-Ab12Cd", ".Palm.zip.notes", "Palm.zip.txt"};
+    for (const QString& nombre : abandonados + ajenos) {
+        QFile archivo(mCarpeta.filePath("real/" + nombre));
+        ASSERT_TRUE(archivo.open(QIODevice::WriteOnly));
+    }
+
+    clsFuenteZip fuente(Ruta());
+    fuente.CrearGestor()->AbrirBaseRegistros("Alfa", "", 208)->EscribirRegistro(5, 0, 0, "nuevo");
+    EXPECT_TRUE(QFileInfo(Ruta()).isSymLink());
+    EXPECT_EQ(clsArchivoPDB::Leer(modZipPrueba::Leer(real)[0].second).Registros[0].Datos,
+              QByteArray("nuevo"));
+    QStringList quedan = QDir(mCarpeta.filePath("real")).entryList(QDir::Files | QDir::Hidden);
+    quedan.removeOne("Palm.zip");
+    quedan.sort();
+    QStringList esperados = ajenos;
+    esperados.sort();
+    EXPECT_EQ(quedan, esperados);
 }
