@@ -5,15 +5,11 @@
 #include "data/zip/clsBaseAbiertaZip.h"
 
 #include <QFileInfo>
-#include <QSettings>
-#include <QTemporaryFile>
 #include <algorithm>
 
 namespace {
 
 const QString NombreIni = QStringLiteral("Handheld.ini");
-// A Handheld.ini larger than this is not one.
-constexpr qint64 TamanoMaximoIni = 1024 * 1024;
 
 bool Termina(const QString& xNombre, const char* xExtension) {
     return xNombre.endsWith(QLatin1String(xExtension), Qt::CaseInsensitive);
@@ -66,38 +62,45 @@ const EntradaZip* EntradaIni(const clsArchivoZip& xZip) {
     return mejor;
 }
 
-// The values of the archive's Handheld.ini by "Section/Key". False when it is there and cannot be
-// read; true with no values when there is none.
-bool LeerIni(clsArchivoZip& xZip, QVariantMap& xValores) {
-    xValores.clear();
+// The archive's Handheld.ini, read into memory.
+modAjustesIni::Ajustes LeerIni(clsArchivoZip& xZip) {
+    modAjustesIni::Ajustes ajustes;
     const EntradaZip* entrada = EntradaIni(xZip);
-    if (!entrada) return true;
+    if (!entrada) return ajustes;
+    ajustes.Presente = true;
     QByteArray bytes;
-    if (!Rechazo(*entrada).isEmpty() || entrada->Tamano > TamanoMaximoIni ||
-        !xZip.Leer(*entrada, -1, bytes))
-        return false;
-    // The settings reader reads files only.
-    QTemporaryFile archivo;
-    if (!archivo.open() || archivo.write(bytes) != bytes.size() || !archivo.flush()) return false;
-    const QSettings ajustes(archivo.fileName(), QSettings::IniFormat);
-    if (ajustes.status() != QSettings::NoError) return false;
-    for (const QString& clave : ajustes.allKeys())
-        xValores.insert(clave, ajustes.value(clave));
-    return true;
+    ajustes.Error = Rechazo(*entrada);
+    if (!ajustes.Error.isEmpty()) return ajustes;
+    if (entrada->Tamano > modAjustesIni::TamanoMaximo)
+        ajustes.Error = QStringLiteral("it is larger than a Handheld.ini can be");
+    else if (!xZip.Leer(*entrada, -1, bytes))
+        ajustes.Error = xZip.Error();
+    else
+        modAjustesIni::Leer(bytes, ajustes.Valores, ajustes.Error);
+    return ajustes;
 }
 
-QString CodigoPaginaDe(const QString& xArchivo) {
+// The archive's Handheld.ini when it is opened; an archive that cannot be read has none here, and
+// says so when it is read.
+modAjustesIni::Ajustes AjustesDe(const QString& xArchivo) {
     clsArchivoZip zip(xArchivo);
-    QVariantMap valores;
-    if (!zip.Abierto() || !LeerIni(zip, valores)) return {};
-    return valores.value(QStringLiteral("Handheld/Encoding")).toString().trimmed();
+    return zip.Abierto() ? LeerIni(zip) : modAjustesIni::Ajustes();
+}
+
+QString DondeZip(const QString& xArchivo) {
+    return QStringLiteral("the backup archive \"%1\"").arg(xArchivo);
 }
 
 } // namespace
 
 clsCatalogoZip::clsCatalogoZip(const QString& xArchivo, const QString& xCodigoPagina)
     : clsCatalogoCarpeta(QFileInfo(xArchivo).absoluteFilePath(), xCodigoPagina,
-                         xCodigoPagina.isEmpty() ? CodigoPaginaDe(xArchivo) : QString()) {}
+                         xCodigoPagina.isEmpty() ? AjustesDe(xArchivo) : modAjustesIni::Ajustes(),
+                         DondeZip(QFileInfo(xArchivo).absoluteFilePath())) {}
+
+QString clsCatalogoZip::Donde() const {
+    return DondeZip(Carpeta());
+}
 
 QString clsCatalogoZip::NombreHandheld() const {
     return QFileInfo(Carpeta()).completeBaseName();
@@ -213,12 +216,7 @@ bool clsCatalogoZip::LeerContenido(const FichaBaseCarpeta& xFicha, ContenidoArch
 
 QVariantMap clsCatalogoZip::Ajustes(const QString& xOperacion) {
     Actualizar(); // raises when the archive cannot be read
-    QVariantMap valores;
-    if (!LeerIni(*Actual(Mirada::Ninguna).Zip, valores))
-        throw ErrorVB(ErroresFuente::HandheldInaccesible, xOperacion,
-                      QStringLiteral("%1 of the backup archive \"%2\" cannot be read.")
-                          .arg(NombreIni, Carpeta()));
-    return valores;
+    return Valores(LeerIni(*Actual(Mirada::Ninguna).Zip), xOperacion);
 }
 
 std::unique_ptr<clsBaseAbierta> clsCatalogoZip::AbrirBase(const FichaBaseCarpeta& xFicha,

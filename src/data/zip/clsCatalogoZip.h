@@ -24,6 +24,7 @@ public:
     // The archive's name without its extension.
     QString NombreHandheld() const override;
     QVariantMap Ajustes(const QString& xOperacion) override;
+    QString Donde() const override;
     std::unique_ptr<clsBaseAbierta> AbrirBase(const FichaBaseCarpeta& xFicha,
                                               const QString& xNombre, ContenidoArchivo xContenido,
                                               const QString& xOperacion) override;

@@ -81,6 +81,16 @@ clsArchivoPDB BaseDeRecursos(const QByteArray& xNombre) {
     return archivo;
 }
 
+// Runs xTrabajo on a thread of its own; a reading that waits for ever (a FIFO's) fails the test.
+template <typename F> auto SinEsperar(F&& xTrabajo) {
+    auto trabajo = std::async(std::launch::async, std::forward<F>(xTrabajo));
+    if (trabajo.wait_for(std::chrono::seconds(20)) != std::future_status::ready) {
+        ADD_FAILURE() << "reading the folder did not end";
+        std::_Exit(1); // the reading thread cannot be stopped
+    }
+    return trabajo.get();
+}
+
 // Files this process writes may grow to xBytes at most: the disk is as good as full beyond.
 void LimitarArchivos(rlim_t xBytes) {
     std::signal(SIGXFSZ, SIG_IGN); // a write past the limit fails instead of ending the process
@@ -833,27 +843,60 @@ TEST(CarpetaDeBases, LoQueNoEsUnArchivoSeAvisaSinEsperar) {
     fabrica.Poner("v.pdb", BaseVariada());
     const QString carpeta = QFileInfo(fabrica.Ruta("v.pdb")).path();
     ASSERT_EQ(::mkfifo(QFile::encodeName(fabrica.Ruta("cola.pdb")).constData(), 0600), 0);
-    ASSERT_EQ(::mkfifo(QFile::encodeName(fabrica.Ruta("Handheld.ini")).constData(), 0600), 0);
     ASSERT_TRUE(QFile::link(fabrica.Ruta("cola.pdb"), fabrica.Ruta("enlace.prc")));
     ASSERT_TRUE(QDir(carpeta).mkdir("carpeta.pdb"));
 
-    auto trabajo = std::async(std::launch::async, [&] {
+    const auto [bases, avisos] = SinEsperar([&] {
         auto fuente = fabrica.Crear();
         const QStringList bases = fuente->CrearGestor()->ListarBases(-1);
-        EsperarError(
-            ErroresFuente::HandheldInaccesible, [&] { fuente->CrearSistema()->TarjetaMemoria(); },
-            "Handheld.ini");
         return std::make_pair(bases, FabricaCarpeta::Avisos(*fuente));
     });
-    if (trabajo.wait_for(std::chrono::seconds(20)) != std::future_status::ready) {
-        ADD_FAILURE() << "reading the folder did not end";
-        std::_Exit(1); // the reading thread cannot be stopped
-    }
-    const auto [bases, avisos] = trabajo.get();
     EXPECT_EQ(bases, QStringList({"Variada"}));
     ASSERT_EQ(avisos.size(), 3) << avisos.join('\n').toStdString();
     for (const char* nombre : {"carpeta.pdb", "cola.pdb", "enlace.prc"})
         EXPECT_EQ(avisos.filter(nombre).size(), 1) << nombre;
+}
+
+// A Handheld.ini that is there but cannot be read is an error of the whole handheld, as it may
+// name the code page of every text: never a silent windows-1252. Given the code page, the
+// databases read and only the card and user information fail.
+TEST(CarpetaDeBases, UnHandheldIniIlegibleEsUnError) {
+    const struct {
+        const char* Caso;
+        std::function<void(FabricaCarpeta&)> Poner;
+        const char* Motivo;
+    } casos[] = {
+        {"FIFO",
+         [](FabricaCarpeta& x) {
+             ASSERT_EQ(::mkfifo(QFile::encodeName(x.Ruta("Handheld.ini")).constData(), 0600), 0);
+         },
+         "not a regular file"},
+        {"folder", [](FabricaCarpeta& x) { QDir().mkdir(x.Ruta("Handheld.ini")); },
+         "not a regular file"},
+        {"link to nothing",
+         [](FabricaCarpeta& x) { QFile::link(x.Ruta("nada.ini"), x.Ruta("Handheld.ini")); },
+         "No such file"},
+        {"garbage", [](FabricaCarpeta& x) { x.PonerAjustes("[Handheld]\nEncoding Shift_JIS\n"); },
+         "line 2"},
+    };
+    for (const auto& caso : casos) {
+        FabricaCarpeta fabrica;
+        fabrica.Poner("v.pdb", BaseVariada());
+        caso.Poner(fabrica);
+        SinEsperar([&] {
+            auto fuente = fabrica.Crear();
+            EsperarError(
+                ErroresFuente::HandheldInaccesible, [&] { fuente->CrearGestor()->ListarBases(-1); },
+                caso.Motivo);
+            auto dada = std::make_shared<clsFuenteCarpeta>(QFileInfo(fabrica.Ruta("v.pdb")).path(),
+                                                           "Shift_JIS");
+            EXPECT_EQ(dada->CrearGestor()->ListarBases(-1), QStringList({"Variada"})) << caso.Caso;
+            EsperarError(
+                ErroresFuente::HandheldInaccesible, [&] { dada->CrearSistema()->TarjetaMemoria(); },
+                caso.Motivo);
+            return 0;
+        });
+    }
 }
 
 // A write lays the database out in a new file renamed over the old one: whatever still holds the

@@ -186,3 +186,34 @@ TEST_F(ZipTest, UnaEscrituraLlegaAlArchivoYQuitaLosTemporalesAbandonados) {
     esperados.sort();
     EXPECT_EQ(quedan, esperados);
 }
+
+// The archive's Handheld.ini is read in memory, so it does not need a temporary folder; one whose
+// bytes are damaged is an error of the whole handheld, never a silent windows-1252.
+TEST_F(ZipTest, ElHandheldIniSeLeeEnMemoriaYDanadoEsUnError) {
+    const QByteArray ini = "[Handheld]\nEncoding=Shift_JIS\n[User]\nName=" + QByteArray(300, 'n');
+    ASSERT_TRUE(modZipPrueba::GuardarZip(Ruta(), {{"Handheld.ini", ini}, {"a.pdb", Base("Alfa")}}));
+    const QByteArray temporal = qgetenv("TMPDIR");
+    qputenv("TMPDIR", mCarpeta.filePath("none").toUtf8());
+    const QString pagina = clsFuenteZip(Ruta()).CodigoPagina();
+    qputenv("TMPDIR", temporal);
+    EXPECT_EQ(pagina, "Shift_JIS");
+
+    QFile archivo(Ruta());
+    ASSERT_TRUE(archivo.open(QIODevice::ReadWrite));
+    QByteArray bytes = archivo.readAll();
+    bytes.replace(bytes.indexOf("Handheld.ini") + 12 + 20, 8, QByteArray(8, '\x55'));
+    archivo.seek(0);
+    archivo.write(bytes);
+    archivo.close();
+    clsFuenteZip fuente(Ruta());
+    try {
+        Listar(fuente);
+        ADD_FAILURE() << "a damaged Handheld.ini was read";
+    } catch (const ErrorVB& error) {
+        EXPECT_EQ(error.Numero(), ErroresFuente::HandheldInaccesible);
+        EXPECT_TRUE(error.Descripcion().startsWith("Handheld.ini of the backup archive"))
+            << error.what();
+    }
+    EXPECT_EQ(Listar(*std::make_shared<clsFuenteZip>(Ruta(), "windows-1252")),
+              QStringList({"Alfa"}));
+}
