@@ -384,8 +384,8 @@ int CorrerEnLote(Sesion& xSesion, const QStringList& xPalabras) {
     } catch (const ErrorUso&) {
         std::fprintf(stderr, "%s\n", qUtf8Printable(UsoDe(xPalabras.first())));
         return 2;
-    } catch (const ErrorVB& error) {
-        InformarError(error);
+    } catch (const std::exception& error) {
+        InformarError(ErrorVB::De(error, xPalabras.first()));
         return 1;
     }
 }
@@ -421,8 +421,8 @@ int main(int argc, char** argv) {
     } catch (const ErrorUso&) {
         std::fputs(kUso, stderr);
         return 2;
-    } catch (const ErrorVB& error) {
-        InformarError(error);
+    } catch (const std::exception& error) {
+        InformarError(ErrorVB::De(error, QStringLiteral("pandrel-cli")));
         return 1;
     }
 }

@@ -199,6 +199,10 @@ void clsCatalogoCarpeta::Interpretar(Lectura& xLectura, const QString& xRuta,
     clsLectorBytes lectorNombre(QByteArrayView(inicio).first(qMin<qsizetype>(inicio.size(), 32)));
     QByteArrayView nombre;
     if (lectorNombre.LeerTextoTerminado(nombre)) xLectura.NombreLeido = Decodificar(nombre);
+    if (tamano > clsArchivoPDB::TamanoMaximo) {
+        xLectura.Motivo = clsArchivoPDB::TextoDemasiadoGrande(tamano);
+        return;
+    }
     try {
         const qint64 indice = clsArchivoPDB::TamanoIndice(inicio);
         if (indice > inicio.size() && indice <= tamano &&

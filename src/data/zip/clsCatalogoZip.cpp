@@ -30,7 +30,7 @@ QString Rechazo(const EntradaZip& xEntrada) {
         xEntrada.Nombre.split(QLatin1Char('/')).contains(QStringLiteral("..")))
         return QStringLiteral("its name leads out of the archive");
     if (xEntrada.Cifrada) return QStringLiteral("it is encrypted");
-    if (xEntrada.Tamano > clsCatalogoZip::TamanoMaximo)
+    if (xEntrada.Tamano > clsArchivoPDB::TamanoMaximo)
         return QStringLiteral("it claims %1 bytes, more than a Palm database holds")
             .arg(xEntrada.Tamano);
     return {};

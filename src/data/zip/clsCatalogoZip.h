@@ -37,9 +37,6 @@ public:
     // The entry's name inside the archive.
     QString NombreEntrada(const QString& xRuta) const;
 
-    // No Palm database is larger: an entry that claims more is not read.
-    static constexpr qint64 TamanoMaximo = 64 * 1024 * 1024;
-
 protected:
     QStringList Archivos() const override;
     EstadoArchivo EstadoDe(const QString& xRuta) const override;

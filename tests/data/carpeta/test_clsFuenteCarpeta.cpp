@@ -899,6 +899,25 @@ TEST(CarpetaDeBases, UnHandheldIniIlegibleEsUnError) {
     }
 }
 
+// A file larger than any Palm database is left out and never read into memory, whether it was
+// that large when the folder was read or grew after.
+TEST(CarpetaDeBases, UnArchivoMayorQueUnaBaseNoSeLee) {
+    FabricaCarpeta fabrica;
+    fabrica.Poner("v.pdb", BaseVariada());
+    fabrica.Poner("w.pdb", BaseDeRegistros("Otra"));
+    const qint64 enorme = clsArchivoPDB::TamanoMaximo + 1;
+    ASSERT_TRUE(QFile::resize(fabrica.Ruta("w.pdb"), enorme)); // sparse: takes no room
+    auto fuente = fabrica.Crear();
+    EXPECT_EQ(fuente->CrearGestor()->ListarBases(-1), QStringList({"Variada"}));
+    EXPECT_EQ(FabricaCarpeta::Avisos(*fuente).filter("more than a Palm database holds").size(), 1);
+
+    ASSERT_TRUE(QFile::resize(fabrica.Ruta("v.pdb"), enorme));
+    EsperarError(
+        ErroresFuente::BaseEnUso,
+        [&] { fuente->CrearGestor()->AbrirBaseRegistros("Variada", "", 208); },
+        "more than a Palm database holds");
+}
+
 // A write lays the database out in a new file renamed over the old one: whatever still holds the
 // old file (a hard link here, a reader in practice) keeps it whole.
 TEST(CarpetaDeBases, UnaEscrituraNoTocaElArchivoAnterior) {
