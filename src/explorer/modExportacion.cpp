@@ -2,6 +2,7 @@
 
 #include "common/ErrorVB.h"
 #include "common/modFunciones.h"
+#include "data/modDestino.h"
 #include "explorer/clsGrillaFlexible.h"
 
 #include <QDir>
@@ -73,6 +74,7 @@ bool ValidarArchivoExportacion(const QString& xArchivo, const Respuestas& xRespu
         xRespuestas.Avisar(QStringLiteral("Invalid file name"));
         return false;
     }
+    modDestino::Comprobar(archivo, QStringLiteral("ValidarArchivoExportacion"));
     if (QFileInfo::exists(archivo) &&
         !xRespuestas.Preguntar(QStringLiteral("The file already exist, replace it?")))
         return false;

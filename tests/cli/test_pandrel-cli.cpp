@@ -3,10 +3,13 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QMap>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
 #include <tuple>
 
 namespace {
@@ -364,6 +367,55 @@ TEST_F(PandrelCli, ReportPrintsThePagesToAPdfFile) {
     lote.waitForFinished(30000);
     EXPECT_EQ(lote.readAllStandardOutput(), "#end 0\n");
     EXPECT_EQ(QDir(mCarpeta.path()).entryList({"*.pdf*"}), QStringList({"batch.pdf", "stock.pdf"}));
+}
+
+// export and report write only a regular file or a new name, and follow a link alike; anything
+// else (a FIFO, a device, a folder, a database or the archive being read) is refused and stays
+// as it was.
+TEST_F(PandrelCli, ExportAndReportWriteOnlyWhereAFileBelongs) {
+    const QString zip = mCarpeta.filePath("sample.zip");
+    ASSERT_TRUE(modZipPrueba::GuardarZip(zip, modZipPrueba::DeCarpeta(Handheld())));
+    const QString fifo = mCarpeta.filePath("fifo.txt");
+    const QString dispositivo = mCarpeta.filePath("null.txt");
+    ASSERT_EQ(::mkfifo(QFile::encodeName(fifo).constData(), 0600), 0);
+    const bool conDispositivo =
+        ::mknod(QFile::encodeName(dispositivo).constData(), S_IFCHR | 0600, makedev(1, 3)) == 0;
+    QDir(mCarpeta.path()).mkdir("folder.txt");
+    const auto bytes = [](const QString& xArchivo) {
+        QFile archivo(xArchivo);
+        return archivo.open(QIODevice::ReadOnly) ? archivo.readAll() : QByteArray();
+    };
+    const QByteArray base = bytes(Handheld() + "/InvTrackDB.pdb");
+    const QByteArray archivo = bytes(zip);
+    QStringList rechazados = {fifo, mCarpeta.filePath("folder.txt"), Handheld() + "/InvTrackDB.pdb",
+                              Handheld() + "/New.pdb", Handheld() + "/Handheld.ini"};
+    if (conDispositivo) rechazados << dispositivo;
+    for (const QString& destino : rechazados) {
+        for (const QStringList& orden : {QStringList{"export", "InvTrackDB", destino},
+                                         QStringList{"report", "InvTrackDB", "--pdf", destino}}) {
+            const Resultado resultado = Ejecutar(orden);
+            EXPECT_EQ(resultado.Estado, 1) << orden.join(' ').toStdString();
+            EXPECT_TRUE(resultado.Errores.startsWith("Error 75: "))
+                << resultado.Errores.toStdString();
+        }
+    }
+    for (const QStringList& orden : {QStringList{"export", "InvTrackDB", zip},
+                                     QStringList{"report", "InvTrackDB", "--pdf", zip}})
+        EXPECT_EQ(Ejecutar(QStringList{"--handheld", zip} + orden).Estado, 1);
+    EXPECT_EQ(QFileInfo(fifo).isFile(), false);
+    EXPECT_EQ(bytes(Handheld() + "/InvTrackDB.pdb"), base);
+    EXPECT_EQ(bytes(zip), archivo);
+    EXPECT_FALSE(QFile::exists(Handheld() + "/New.pdb"));
+
+    // A link is followed by both: the file it leads to is written and the link stays.
+    const QString enlace = mCarpeta.filePath("link.txt");
+    ASSERT_TRUE(QFile::link(mCarpeta.filePath("real.txt"), enlace));
+    for (const QStringList& orden : {QStringList{"export", "InvTrackDB", enlace},
+                                     QStringList{"report", "InvTrackDB", "--pdf", enlace}}) {
+        ASSERT_EQ(Ejecutar(orden).Estado, 0) << orden.join(' ').toStdString();
+        EXPECT_TRUE(QFileInfo(enlace).isSymLink());
+        EXPECT_EQ(bytes(mCarpeta.filePath("real.txt")).startsWith("%PDF"), orden[0] == "report");
+    }
 }
 
 // The sample zipped reads as its folder does and takes an update.

@@ -22,6 +22,7 @@
 namespace {
 
 const QString CodigoPaginaPredeterminado = QStringLiteral("windows-1252");
+const QString NombreIni = QStringLiteral("Handheld.ini");
 
 // Most headers and entry lists of a folder's files fit in one read of this size.
 constexpr qint64 PrimeraLectura = 4096;
@@ -116,6 +117,30 @@ QString clsCatalogoCarpeta::DondeCarpeta(const QString& xCarpeta) {
 
 QString clsCatalogoCarpeta::Donde() const {
     return DondeCarpeta(mCarpeta);
+}
+
+bool clsCatalogoCarpeta::EsPropio(const QString& xArchivo) const {
+    const QFileInfo archivo(xArchivo);
+    const QString nombre = archivo.fileName();
+    const QString extension = archivo.suffix();
+    if (QDir(archivo.absolutePath()).canonicalPath() == QDir(mCarpeta).canonicalPath() &&
+        (extension.compare(QLatin1String("pdb"), Qt::CaseInsensitive) == 0 ||
+         extension.compare(QLatin1String("prc"), Qt::CaseInsensitive) == 0 ||
+         extension.compare(QLatin1String("lock"), Qt::CaseInsensitive) == 0 ||
+         nombre.compare(NombreIni, Qt::CaseInsensitive) == 0))
+        return true;
+    const QString canonico = archivo.canonicalFilePath();
+    if (canonico.isEmpty()) return false;
+    QStringList archivos;
+    try {
+        archivos = Archivos();
+    } catch (const ErrorVB&) {
+        return false; // a folder that cannot be read holds no file to spare
+    }
+    for (const QString& base : archivos)
+        if (QFileInfo(mCarpeta + QLatin1Char('/') + base).canonicalFilePath() == canonico)
+            return true;
+    return false;
 }
 
 QVariantMap clsCatalogoCarpeta::Ajustes(const QString& xOperacion) {

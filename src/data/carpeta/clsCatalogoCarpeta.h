@@ -64,6 +64,10 @@ public:
     virtual QVariantMap Ajustes(const QString& xOperacion);
     // The handheld as messages name it: the handheld folder "...", the backup archive "...".
     virtual QString Donde() const;
+    // True when xArchivo, a file's path with its links followed, is one of the handheld's own
+    // files or would become one: a database file of the folder (also one a link in the folder
+    // leads to), a database name in the folder, Handheld.ini, a lock file.
+    virtual bool EsPropio(const QString& xArchivo) const;
     // The open database of xFicha, whose whole file xContenido was just read.
     virtual std::unique_ptr<clsBaseAbierta> AbrirBase(const FichaBaseCarpeta& xFicha,
                                                       const QString& xNombre,

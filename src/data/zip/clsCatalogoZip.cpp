@@ -102,6 +102,13 @@ QString clsCatalogoZip::Donde() const {
     return DondeZip(Carpeta());
 }
 
+bool clsCatalogoZip::EsPropio(const QString& xArchivo) const {
+    const QString archivo = QFileInfo(Carpeta()).canonicalFilePath();
+    const QFileInfo destino(xArchivo);
+    return !archivo.isEmpty() && (destino.canonicalFilePath() == archivo ||
+                                  destino.absoluteFilePath() == archivo + QStringLiteral(".lock"));
+}
+
 QString clsCatalogoZip::NombreHandheld() const {
     return QFileInfo(Carpeta()).completeBaseName();
 }

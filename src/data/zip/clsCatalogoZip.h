@@ -25,6 +25,8 @@ public:
     QString NombreHandheld() const override;
     QVariantMap Ajustes(const QString& xOperacion) override;
     QString Donde() const override;
+    // The archive itself and its lock file.
+    bool EsPropio(const QString& xArchivo) const override;
     std::unique_ptr<clsBaseAbierta> AbrirBase(const FichaBaseCarpeta& xFicha,
                                               const QString& xNombre, ContenidoArchivo xContenido,
                                               const QString& xOperacion) override;

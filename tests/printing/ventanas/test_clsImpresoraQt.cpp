@@ -1,7 +1,9 @@
 #include "common/ErrorVB.h"
 #include "printing/ventanas/clsImpresoraQt.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QPageLayout>
 #include <QPageSize>
 #include <QPrinter>
@@ -67,6 +69,53 @@ TEST(clsImpresoraQt, EscribeElDocumentoOFallaConUnError) {
     } catch (const ErrorVB& error) {
         EXPECT_EQ(error.Numero(), 482);
     }
+}
+
+// A report printed to a PDF file through the printer dialog reaches the file only when EndDoc
+// ends it: a print that fails half way leaves the file that was there. A link is followed, and a
+// name that is no place for a file is refused before anything is written.
+TEST(clsImpresoraQt, UnPdfLlegaAlArchivoSoloEntero) {
+    QTemporaryDir carpeta;
+    const QString archivo = carpeta.filePath("informe.pdf");
+    const QString enlace = carpeta.filePath("enlace.pdf");
+    for (const QString& nombre : {archivo, carpeta.filePath("otro.pdf")}) {
+        QFile viejo(nombre);
+        ASSERT_TRUE(viejo.open(QIODevice::WriteOnly));
+        viejo.write("old");
+    }
+    ASSERT_TRUE(QFile::link(carpeta.filePath("otro.pdf"), enlace));
+    const auto contenido = [](const QString& xNombre) {
+        QFile leido(xNombre);
+        return leido.open(QIODevice::ReadOnly) ? leido.readAll() : QByteArray();
+    };
+    for (const bool terminar : {false, true}) {
+        for (const QString& nombre : {archivo, enlace}) {
+            QPrinter pdf(QPrinter::HighResolution);
+            PrepararPdf(pdf, nombre);
+            {
+                const auto impresora = clsImpresoraQt::Para(pdf);
+                impresora->Print("first page");
+                impresora->NewPage();
+                impresora->Print("second page");
+                if (terminar) impresora->EndDoc();
+            }
+            EXPECT_EQ(contenido(nombre).startsWith("%PDF"), terminar) << nombre.toStdString();
+        }
+    }
+    EXPECT_TRUE(QFileInfo(enlace).isSymLink());
+
+    QDir(carpeta.path()).mkdir("carpeta.pdf");
+    for (const char* rechazado : {"carpeta.pdf", "sin-carpeta/x.pdf"}) {
+        QPrinter pdf(QPrinter::HighResolution);
+        PrepararPdf(pdf, carpeta.filePath(rechazado));
+        try {
+            clsImpresoraQt::Para(pdf)->Print("lost");
+            ADD_FAILURE() << rechazado;
+        } catch (const ErrorVB& error) {
+            EXPECT_EQ(error.Numero(), 75) << rechazado;
+        }
+    }
+    EXPECT_TRUE(QFileInfo(carpeta.filePath("carpeta.pdf")).isDir());
 }
 
 } // namespace
