@@ -9,6 +9,7 @@
 #include "cli/modTextoSalida.h"
 #include "common/ErrorVB.h"
 #include "common/clsConfiguracionRegional.h"
+#include "common/modFunciones.h"
 #include "data/MensajesError.h"
 #include "data/carpeta/clsFuenteCarpeta.h"
 #include "data/clsPalmPDB.h"
@@ -368,7 +369,8 @@ void Correr(Sesion& xSesion, const QString& xComando, const QStringList& xArgume
 // The usage of one command in one line: in a batch every error is one line.
 QString UsoDe(const QString& xComando) {
     if (Comandos().count(xComando) == 0)
-        return QStringLiteral("usage: unknown command \"%1\"").arg(xComando);
+        return QStringLiteral("usage: unknown command \"%1\"")
+            .arg(Escapado(modFunciones::Cita(xComando)));
     for (const QString& linea : QString::fromLatin1(kUso).split(QLatin1Char('\n'))) {
         const QString texto = linea.trimmed();
         if (texto == xComando || texto.startsWith(xComando + QLatin1Char(' ')))

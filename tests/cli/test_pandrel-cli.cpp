@@ -506,6 +506,9 @@ TEST_F(PandrelCli, BatchRunsEachLineAsACommandAndKeepsItsDatabaseOpen) {
              " 0 O\\'Hara\\ Bros",
          id + "\n", 0},
         {"get VisitLogDB " + ref, "O'Hara Bros\t*", 0},
+        // A script written on Windows: the CR before the line feed ends the line.
+        {"update VisitLogDB " + ref + " 0 Crlf\r", id + "\n", 0},
+        {"get VisitLogDB " + ref + "\r", "Crlf\t*", 0},
         {"update VisitLogDB " + ref + " 0 ''", id + "\n", 0},
         {"get VisitLogDB " + ref + " --separator ,", "\"\",*", 0},
         {"update VisitLogDB " + ref + " 3 'two\nlines' # one command", id + "\n", 0},
@@ -514,6 +517,11 @@ TEST_F(PandrelCli, BatchRunsEachLineAsACommandAndKeepsItsDatabaseOpen) {
         {"frobnicate", "", 2},
         {"get VisitLogDB", "", 2},
         {"batch", "", 2},
+        // A NUL would end the text early and shift the fields after it: refused.
+        {"update VisitLogDB " + ref + " 0 " + QByteArray("A\0B", 3), "", 1},
+        {"\"bad\ncmd\"", "", 2},
+        {QByteArray(1024 * 1024 + 1, 'x'), "", 2},
+        {"get VisitLogDB " + ref + " --separator ,", "\"\",*", 0},
         {"creators", "InvT\nPrLs\nVsLg\n", 0},
         {"header VisitLogDB", "Type: DATA\n*", 0},
     };
@@ -543,6 +551,9 @@ TEST_F(PandrelCli, BatchRunsEachLineAsACommandAndKeepsItsDatabaseOpen) {
                                    "usage: unknown command",
                                    "usage: get DB ID",
                                    "usage: unknown command \"batch\"",
+                                   "Error 5: The text \"A\\\\0B\" holds a NUL",
+                                   "usage: unknown command \"bad\\ncmd\"",
+                                   "usage: a command longer than 1048576 bytes",
                                    "usage: the input ends inside a quote"};
     ASSERT_EQ(errores.size(), esperados.size()) << errores.join('\n').toStdString();
     for (int i = 0; i < esperados.size(); ++i)
