@@ -263,7 +263,7 @@ void clsCatalogoCarpeta::Actualizar() {
     bases.reserve(archivos.size());
     QHash<QString, qsizetype> porNombre;
     QHash<QString, QString> rechazadas;
-    QStringList avisos;
+    QStringList avisos = AvisosAlmacen();
     QSet<QString> presentes;
     presentes.reserve(archivos.size());
     mCache.reserve(archivos.size());

@@ -140,6 +140,8 @@ protected:
                                QString& xError);
     // Raises HandheldInaccesible when the store cannot be read.
     virtual void ComprobarCarpeta() const;
+    // What the store itself found wrong when its files were listed, one sentence each.
+    virtual QStringList AvisosAlmacen() const { return {}; }
 
 private:
     // The file's reading, from the cache when a look at the file shows it unchanged. A file

@@ -221,12 +221,17 @@ bool clsArchivoZip::Leer(const EntradaZip& xEntrada, qint64 xMaximo, QByteArray&
         if (parte <= 0) break;
         leidos += parte;
     }
-    // Reading on to the end is what makes libzip check the entry's checksum.
+    // Reading on to the end is what makes libzip check the entry's checksum; a byte found there
+    // is one more than the entry claims.
     char mas = 0;
-    const bool correcto = leidos == cantidad && (!todo || Zip().LeerEntrada(archivo, &mas, 1) == 0);
-    if (!correcto)
-        mError = leidos < cantidad ? QStringLiteral("it is shorter than the archive says")
-                                   : TextoError(Zip().ErrorEntrada(archivo));
+    const zip_int64_t sobra = leidos == cantidad && todo ? Zip().LeerEntrada(archivo, &mas, 1) : 0;
+    const bool correcto = leidos == cantidad && sobra == 0;
+    if (leidos < cantidad)
+        mError = QStringLiteral("it is shorter than the archive says");
+    else if (sobra > 0)
+        mError = QStringLiteral("it is longer than the archive says");
+    else if (!correcto)
+        mError = TextoError(Zip().ErrorEntrada(archivo));
     Zip().CerrarEntrada(archivo);
     if (!correcto) xBytes.clear();
     return correcto;

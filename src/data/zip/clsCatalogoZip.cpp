@@ -5,6 +5,7 @@
 #include "data/zip/clsBaseAbiertaZip.h"
 
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <algorithm>
 
 namespace {
@@ -26,8 +27,12 @@ bool EsCandidata(const EntradaZip& xEntrada) {
 QString Rechazo(const EntradaZip& xEntrada) {
     if (Termina(xEntrada.Nombre, ".zip"))
         return QStringLiteral("it is an archive inside the archive, which is not opened");
-    if (xEntrada.Nombre.startsWith(QLatin1Char('/')) ||
-        xEntrada.Nombre.split(QLatin1Char('/')).contains(QStringLiteral("..")))
+    // Either slash separates folders for some program that unpacks the archive, and a drive
+    // letter or a leading slash makes a path absolute.
+    static const QRegularExpression separador(QStringLiteral("[/\\\\]"));
+    static const QRegularExpression absoluto(QStringLiteral("^([/\\\\]|[A-Za-z]:)"));
+    if (absoluto.match(xEntrada.Nombre).hasMatch() ||
+        xEntrada.Nombre.split(separador).contains(QStringLiteral("..")))
         return QStringLiteral("its name leads out of the archive");
     if (xEntrada.Cifrada) return QStringLiteral("it is encrypted");
     if (xEntrada.Tamano > clsArchivoPDB::TamanoMaximo)
@@ -122,9 +127,14 @@ const clsCatalogoZip::Instantanea& clsCatalogoZip::Actual(Mirada xMirada) const 
     nueva.Estado = estado;
     nueva.Momento = clsLecturaArchivo::Ahora();
     nueva.Zip = std::make_shared<clsArchivoZip>(Carpeta());
-    for (const EntradaZip& entrada : nueva.Zip->Entradas())
-        if (EsCandidata(entrada) && !nueva.PorNombre.contains(entrada.Nombre))
+    // Of two entries of one name, the first is the one libzip finds by name too.
+    for (const EntradaZip& entrada : nueva.Zip->Entradas()) {
+        if (!EsCandidata(entrada)) continue;
+        if (nueva.PorNombre.contains(entrada.Nombre))
+            nueva.Repetidas.append(entrada.Nombre);
+        else
             nueva.PorNombre.insert(entrada.Nombre, entrada);
+    }
     mInstantanea = std::move(nueva);
     return mInstantanea;
 }
@@ -147,6 +157,15 @@ void clsCatalogoZip::ComprobarCarpeta() const {
                                : QStringLiteral("does not exist");
     throw ErrorVB(ErroresFuente::HandheldInaccesible, QStringLiteral("Handheld"),
                   QStringLiteral("The backup archive \"%1\" %2.").arg(Carpeta(), motivo));
+}
+
+QStringList clsCatalogoZip::AvisosAlmacen() const {
+    QStringList avisos;
+    for (const QString& nombre : Actual(Mirada::Ninguna).Repetidas)
+        avisos.append(QStringLiteral("A second entry %1 in the archive was left out; the first is "
+                                     "used.")
+                          .arg(nombre));
+    return avisos;
 }
 
 QStringList clsCatalogoZip::Archivos() const {

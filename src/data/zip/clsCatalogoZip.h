@@ -41,6 +41,7 @@ public:
 
 protected:
     QStringList Archivos() const override;
+    QStringList AvisosAlmacen() const override;
     EstadoArchivo EstadoDe(const QString& xRuta) const override;
     Lectura Leer(const QString& xRuta) override;
     bool LeerContenido(const FichaBaseCarpeta& xFicha, ContenidoArchivo& xContenido,
@@ -54,6 +55,7 @@ private:
         qint64 Momento = 0;
         std::shared_ptr<clsArchivoZip> Zip;
         QHash<QString, EntradaZip> PorNombre; // the entries that may be databases, by name
+        QStringList Repetidas;                // names of further entries of a name taken
         // Entries read whole while their header was read, for the open that usually follows.
         QHash<QString, QByteArray> Leidas;
     };

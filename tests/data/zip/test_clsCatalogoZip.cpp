@@ -59,6 +59,11 @@ TEST_F(ZipTest, LasEntradasHostilesSeAvisanSinSalirDelArchivo) {
     ASSERT_TRUE(modZipPrueba::GuardarZip(Ruta(),
                                          {{"Palm/Backup/buena.PDB", Base("Buena")},
                                           {"../fuera.pdb", Base("Fuera")},
+                                          {"..\\win.pdb", Base("Win")},
+                                          {"C:/raiz.pdb", Base("Raiz")},
+                                          {"larga.pdb", Base("Larga", QByteArray(500, 'l'))},
+                                          {"otra.pdb", Base("Otra")},
+                                          {"otrb.pdb", Base("Copia")},
                                           {"secreta.pdb", Base("Secreta")},
                                           {"enorme.pdb", Base("Enorme")},
                                           {"dentro.zip", interior},
@@ -69,6 +74,10 @@ TEST_F(ZipTest, LasEntradasHostilesSeAvisanSinSalirDelArchivo) {
     ASSERT_TRUE(archivo.open(QIODevice::ReadWrite));
     QByteArray bytes = archivo.readAll();
     FingirTamano(bytes, "enorme.pdb", 0xC0000000u);
+    FingirTamano(bytes, "larga.pdb", 100);
+    // A second entry of a name taken: the first is used.
+    for (qsizetype p = bytes.indexOf("otrb.pdb"); p >= 0; p = bytes.indexOf("otrb.pdb", p + 1))
+        bytes.replace(p, 8, "otra.pdb");
     // Damaged data: the directory is whole, the entry's compressed bytes are not.
     const qsizetype rota = bytes.indexOf("rota.pdb") + 8;
     bytes.replace(rota + 20, 16, QByteArray(16, '\xff'));
@@ -77,13 +86,17 @@ TEST_F(ZipTest, LasEntradasHostilesSeAvisanSinSalirDelArchivo) {
     archivo.close();
 
     clsFuenteZip fuente(Ruta());
-    EXPECT_EQ(Listar(fuente), QStringList({"Buena"}));
+    EXPECT_EQ(Listar(fuente), QStringList({"Buena", "Otra"}));
     const QStringList avisos = fuente.Avisos();
-    ASSERT_EQ(avisos.size(), 5) << avisos.join('\n').toStdString();
+    ASSERT_EQ(avisos.size(), 9) << avisos.join('\n').toStdString();
     const struct {
         const char* Entrada;
         const char* Motivo;
     } casos[] = {{"../fuera.pdb", "leads out of the archive"},
+                 {"..\\win.pdb", "leads out of the archive"},
+                 {"C:/raiz.pdb", "leads out of the archive"},
+                 {"larga.pdb", "longer than the archive says"},
+                 {"otra.pdb", "the first is used"},
                  {"secreta.pdb", "encrypted"},
                  {"enorme.pdb", "claims 3221225472 bytes"},
                  {"dentro.zip", "archive inside the archive"},
