@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QSet>
 #include <QTemporaryDir>
 #include <QtEndian>
 #include <gtest/gtest.h>
@@ -192,12 +193,10 @@ TEST_F(ZipTest, UnaEscrituraLlegaAlArchivoYQuitaLosTemporalesAbandonados) {
     EXPECT_TRUE(QFileInfo(Ruta()).isSymLink());
     EXPECT_EQ(clsArchivoPDB::Leer(modZipPrueba::Leer(real)[0].second).Registros[0].Datos,
               QByteArray("nuevo"));
-    QStringList quedan = QDir(mCarpeta.filePath("real")).entryList(QDir::Files | QDir::Hidden);
-    quedan.removeOne("Palm.zip");
-    quedan.sort();
-    QStringList esperados = ajenos;
-    esperados.sort();
-    EXPECT_EQ(quedan, esperados);
+    const QStringList quedan =
+        QDir(mCarpeta.filePath("real")).entryList(QDir::Files | QDir::Hidden);
+    EXPECT_EQ(QSet<QString>(quedan.begin(), quedan.end()),
+              QSet<QString>(ajenos.begin(), ajenos.end()) << "Palm.zip");
 }
 
 // The archive's Handheld.ini is read in memory, so it does not need a temporary folder; one whose
@@ -227,6 +226,4 @@ TEST_F(ZipTest, ElHandheldIniSeLeeEnMemoriaYDanadoEsUnError) {
         EXPECT_TRUE(error.Descripcion().startsWith("Handheld.ini of the backup archive"))
             << error.what();
     }
-    EXPECT_EQ(Listar(*std::make_shared<clsFuenteZip>(Ruta(), "windows-1252")),
-              QStringList({"Alfa"}));
 }
