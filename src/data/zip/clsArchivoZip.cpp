@@ -133,14 +133,14 @@ bool Copiar(const QString& xOrigen, QFile& xDestino, QString& xError) {
 // The temporary files of a rewrite are named after the archive and the writing process
 // (.NAME.zip.PID-XXXXXX, and libzip's own beside it with one more suffix), so that a rewrite
 // killed half way leaves files the next one knows. Called under the archive's lock: those of a
-// process that is gone are removed, as are the ones earlier versions named without a process.
+// process that is gone are removed, and nothing else.
 void QuitarTemporales(const QFileInfo& xArchivo) {
     const QString prefijo = QStringLiteral(".") + xArchivo.fileName() + QLatin1Char('.');
     static const QRegularExpression temporal(
-        QStringLiteral("^(?:(\\d+)-)?[A-Za-z0-9]{6}(?:\\.[A-Za-z0-9]{6})?$"));
+        QStringLiteral("^(\\d+)-[A-Za-z0-9]{6}(?:\\.[A-Za-z0-9]{6})?$"));
     QDir carpeta = xArchivo.dir();
-    for (const QString& nombre :
-         carpeta.entryList({prefijo + QLatin1Char('*')}, QDir::Files | QDir::Hidden)) {
+    for (const QString& nombre : carpeta.entryList(QDir::Files | QDir::Hidden | QDir::System)) {
+        if (!nombre.startsWith(prefijo)) continue;
         const QRegularExpressionMatch partes = temporal.match(nombre.mid(prefijo.size()));
         if (!partes.hasMatch()) continue;
 #ifdef Q_OS_UNIX

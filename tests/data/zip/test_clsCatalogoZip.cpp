@@ -180,9 +180,10 @@ TEST_F(ZipTest, UnaEscrituraLlegaAlArchivoYQuitaLosTemporalesAbandonados) {
     ASSERT_TRUE(modZipPrueba::GuardarZip(real, {{"a.pdb", Base("Alfa")}}));
     ASSERT_TRUE(QFile::link(real, Ruta()));
     const QString vivo = QString::number(QCoreApplication::applicationPid());
-    const QStringList abandonados = {".Palm.zip.Ab12Cd", ".Palm.zip.Ab12Cd.Ef34Gh",
-                                     ".Palm.zip.999999999-Ab12Cd"};
-    const QStringList ajenos = {".Palm.zip." + vivo + "-Ab12Cd", ".Palm.zip.notes", "Palm.zip.txt"};
+    const QStringList abandonados = {".Palm.zip.999999999-Ab12Cd",
+                                     ".Palm.zip.999999999-Ab12Cd.Ef34Gh"};
+    const QStringList ajenos = {".Palm.zip." + vivo + "-Ab12Cd", ".Palm.zip.backup",
+                                "Palm.zip.txt"};
     for (const QString& nombre : abandonados + ajenos) {
         QFile archivo(mCarpeta.filePath("real/" + nombre));
         ASSERT_TRUE(archivo.open(QIODevice::WriteOnly));
