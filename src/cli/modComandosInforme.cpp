@@ -7,8 +7,10 @@
 #include "data/formato/modFuncionesConversion.h"
 #include "data/modDestino.h"
 #include "data/modHandheld.h"
+#include "explorer/clsAnchosColumnas.h"
 #include "explorer/clsGrillaFlexible.h"
 #include "explorer/clsNavegadorRegistros.h"
+#include "printing/clsGrillaComoSeVe.h"
 #include "printing/clsImpresora.h"
 #include "printing/modInformeBase.h"
 
@@ -46,7 +48,11 @@ const modExportacion::Respuestas& RespuestasScript() {
 const QString kModuloPdf = QStringLiteral("pandrel-pdf");
 using FabricaAplicacion = QCoreApplication* (*)(int*, char**);
 using FabricaImpresora = clsImpresora* (*)(const QString*);
+using MedidaGrilla = int (*)(const QString*);
+using PuntosPorPulgada = double (*)();
 FabricaImpresora gImpresoraPdf = nullptr;
+MedidaGrilla gMedidaGrilla = nullptr;
+PuntosPorPulgada gPuntosPorPulgada = nullptr;
 QString gErrorModulo;
 
 // The command is the first argument after the options, each of which takes a value. A batch may
@@ -74,7 +80,10 @@ std::unique_ptr<QCoreApplication> CrearAplicacion(int& xArgc, char** xArgv) {
         const auto aplicacion =
             reinterpret_cast<FabricaAplicacion>(modulo.resolve("PandrelAplicacionGrafica"));
         gImpresoraPdf = reinterpret_cast<FabricaImpresora>(modulo.resolve("PandrelImpresoraPdf"));
-        if (aplicacion && gImpresoraPdf)
+        gMedidaGrilla = reinterpret_cast<MedidaGrilla>(modulo.resolve("PandrelAnchoTextoGrilla"));
+        gPuntosPorPulgada =
+            reinterpret_cast<PuntosPorPulgada>(modulo.resolve("PandrelPuntosPorPulgada"));
+        if (aplicacion && gImpresoraPdf && gMedidaGrilla && gPuntosPorPulgada)
             return std::unique_ptr<QCoreApplication>(aplicacion(&xArgc, xArgv));
         gErrorModulo = modulo.errorString();
         gImpresoraPdf = nullptr;
@@ -98,6 +107,10 @@ void Informe(clsPDBInterface& xBase, const QString& xNombre, const QString& xArc
     navegador.EstablecerBase(&xBase);
     navegador.CargarFormatoTabla(campos);
     navegador.CargarTodos();
+    // The grid as the explorer would show it: its columns widened to their titles and values.
+    clsAnchosColumnas anchos([](const QString& xTexto) { return gMedidaGrilla(&xTexto); });
+    anchos.Medir(tabla, 0, tabla.Rows() - 1);
+    const clsGrillaComoSeVe vista(tabla, anchos.Twips(tabla, gPuntosPorPulgada()));
 
     // The report is printed beside its name and put in place when whole, by the printer's EndDoc.
     const QString destino = QFileInfo(xArchivo).absoluteFilePath();
@@ -111,7 +124,7 @@ void Informe(clsPDBInterface& xBase, const QString& xNombre, const QString& xArc
         [](const QString& xTexto, const QString& xTitulo) { throw ErrorVB(482, xTitulo, xTexto); },
         {}};
     modInformeBase::ImprimirInforme(
-        xBase, QStringLiteral("Explorer [") + xNombre + QLatin1Char(']'), tabla, pdf);
+        xBase, QStringLiteral("Explorer [") + xNombre + QLatin1Char(']'), vista, pdf);
 }
 
 std::optional<OrdenExportar> LeerOrdenExportar(const QStringList& xArgumentos) {

@@ -6,6 +6,7 @@
 #include <QFileInfo>
 #include <QtGlobal>
 #include <cmath>
+#include <limits>
 #include <utility>
 
 #ifdef Q_OS_WIN
@@ -53,6 +54,14 @@ void OrdenarVector(QStringList& lista, int sentido) {
             if (FueraDeOrden(lista[i], lista[j], sentido)) std::swap(lista[i], lista[j]);
         }
     }
+}
+
+qint16 Entero16(double xValor, const QString& xFuente) {
+    const double redondo = std::nearbyint(xValor);
+    if (!(redondo >= std::numeric_limits<qint16>::min() &&
+          redondo <= std::numeric_limits<qint16>::max()))
+        throw ErrorVB::Overflow(xFuente);
+    return static_cast<qint16>(redondo);
 }
 
 QStringView SinBlancos(QStringView xTexto, QStringView xBlancos) {

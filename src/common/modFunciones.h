@@ -19,6 +19,10 @@ QStringView SinBlancos(QStringView xTexto, QStringView xBlancos = u" ");
 // even hundredth (640 bytes are 0.62 KB, 1920 bytes 1.88 KB).
 double Kilobytes(double xBytes);
 
+// A value held in one of the program's 16-bit counters: rounded half to even; beyond -32768 ..
+// 32767 it raises ErrorVB 6 (overflow) with source xFuente instead of wrapping.
+qint16 Entero16(double xValor, const QString& xFuente);
+
 // The number at the start of a text, blanks before it skipped: "4" gives 4, " -4.5x" -4.5, "x" 0.
 double Val(const QString& xTexto);
 

@@ -21,6 +21,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QProgressBar>
+#include <QScreen>
 #include <QStatusBar>
 #include <QStyle>
 #include <QToolBar>
@@ -74,7 +75,12 @@ frmInicio::frmInicio(QWidget* xPadre) : QMainWindow(xPadre) {
     CrearBarraHerramientas();
     CrearMenu();
     CrearBarraEstado();
-    resize(1200, 800);
+    // Room for an explorer that shows a typical schema's columns; a smaller screen is taken whole.
+    const QSize tamano(1400, 980);
+    const QRect pantalla = screen()->availableGeometry();
+    resize(tamano.boundedTo(pantalla.size()));
+    if (!pantalla.contains(QRect(pantalla.topLeft(), tamano)))
+        setWindowState(windowState() | Qt::WindowMaximized);
 }
 
 void frmInicio::CrearBarraHerramientas() {

@@ -1,13 +1,17 @@
 // The part of pandrel-cli that draws: loaded only by the commands that print, so every other
 // command starts without the graphics libraries. It makes the application object able to draw
-// (on Qt's offscreen platform unless another is asked for) and the printer that writes a PDF file.
+// (on Qt's offscreen platform unless another is asked for), the printer that writes a PDF file,
+// and the measures of the grids' type that the explorer widens its columns by.
 
+#include "common/ventanas/modRecursosGraficos.h"
 #include "printing/ventanas/clsImpresoraPdf.h"
 
+#include <QFontMetrics>
 #include <QGuiApplication>
 #include <QMarginsF>
 #include <QPageLayout>
 #include <QPageSize>
+#include <QScreen>
 #include <cstdio>
 
 namespace {
@@ -35,4 +39,15 @@ extern "C" Q_DECL_EXPORT clsImpresora* PandrelImpresoraPdf(const QString* xArchi
                                QPageLayout(QPageSize(QPageSize::Letter), QPageLayout::Portrait,
                                            QMarginsF(18, 18, 18, 18), QPageLayout::Point),
                                Resolucion);
+}
+
+// The width of a text in the grids' type, in pixels of the screen, as a grid on screen measures it.
+extern "C" Q_DECL_EXPORT int PandrelAnchoTextoGrilla(const QString* xTexto) {
+    const QFontMetrics medidas(modRecursosGraficos::FuenteGrilla(QGuiApplication::font()));
+    return medidas.horizontalAdvance(*xTexto);
+}
+
+extern "C" Q_DECL_EXPORT double PandrelPuntosPorPulgada() {
+    const QScreen* pantalla = QGuiApplication::primaryScreen();
+    return pantalla ? pantalla->logicalDotsPerInchX() : 96;
 }

@@ -9,6 +9,7 @@
 #include "explorer/clsGrillaFlexible.h"
 #include "explorer/modExportacion.h"
 #include "explorer/ventanas/clsVistaGrilla.h"
+#include "printing/clsGrillaComoSeVe.h"
 #include "printing/modInformeBase.h"
 #include "printing/ventanas/clsImpresoraQt.h"
 
@@ -47,7 +48,8 @@ bool frmPandrel::ValidarArchivoExportacion(const QString& xArchivo) {
     return modExportacion::ValidarArchivoExportacion(xArchivo, respuestas);
 }
 
-// The report of the grid as it stands, under the window's caption.
+// The report of the grid as it stands and as it shows, its columns as wide as on screen, under
+// the window's caption.
 void frmPandrel::Imprimir() {
     const modImpresionGRD::DialogoImpresora dialogo{
         [this](qint32& xCopias) -> std::shared_ptr<clsImpresora> {
@@ -73,7 +75,8 @@ void frmPandrel::Imprimir() {
         },
         [this](bool xEspera) { setCursor(xEspera ? Qt::WaitCursor : Qt::ArrowCursor); }};
     try {
-        modInformeBase::ImprimirInforme(*mBase, windowTitle(), grdTabla->Grilla(), dialogo);
+        const clsGrillaComoSeVe tabla(grdTabla->Grilla(), grdTabla->AnchosVistos());
+        modInformeBase::ImprimirInforme(*mBase, windowTitle(), tabla, dialogo);
     } catch (const std::exception&) {
         modDialogos::MsgBox(this, QStringLiteral("Printing error."), QMessageBox::Ok,
                             QMessageBox::Warning, windowTitle());
