@@ -110,7 +110,9 @@ TEST(modImpresionGRD, PagesHoldWholeRowsInTheirTypeWithTheHeadOnEachAndTheFootOn
             ASSERT_TRUE(nombre && numero) << caso.Tamano << " " << fila;
             EXPECT_EQ(std::make_pair(nombre->Pagina, nombre->Y),
                       std::make_pair(numero->Pagina, numero->Y));
-            if (caso.Tamano == 10) EXPECT_EQ(nombre->Pagina, fila <= 40 ? 1 : fila <= 79 ? 2 : 3);
+            if (caso.Tamano == 10) {
+                EXPECT_EQ(nombre->Pagina, fila <= 40 ? 1 : fila <= 79 ? 2 : 3);
+            }
         }
         EnLosMargenes(*impresora);
         EXPECT_TRUE(Paginas(*impresora, "hidden").isEmpty()) << "the spare column is not printed";
