@@ -5,9 +5,12 @@
 #include "data/clsPDBInterface.h"
 #include "data/clsPalmPDB.h"
 #include "data/formato/modFuncionesConversion.h"
+#include "data/modDestino.h"
 #include "data/modHandheld.h"
+#include "explorer/clsAnchosColumnas.h"
 #include "explorer/clsGrillaFlexible.h"
 #include "explorer/clsNavegadorRegistros.h"
+#include "printing/clsGrillaComoSeVe.h"
 #include "printing/clsImpresora.h"
 #include "printing/modInformeBase.h"
 
@@ -15,9 +18,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QLibrary>
-#include <QTemporaryFile>
-#include <cerrno>
-#include <cstdio>
 #include <cstring>
 #include <vector>
 
@@ -48,7 +48,11 @@ const modExportacion::Respuestas& RespuestasScript() {
 const QString kModuloPdf = QStringLiteral("pandrel-pdf");
 using FabricaAplicacion = QCoreApplication* (*)(int*, char**);
 using FabricaImpresora = clsImpresora* (*)(const QString*);
+using MedidaGrilla = int (*)(const QString*);
+using PuntosPorPulgada = double (*)();
 FabricaImpresora gImpresoraPdf = nullptr;
+MedidaGrilla gMedidaGrilla = nullptr;
+PuntosPorPulgada gPuntosPorPulgada = nullptr;
 QString gErrorModulo;
 
 // The command is the first argument after the options, each of which takes a value. A batch may
@@ -67,12 +71,6 @@ QString CarpetaPrograma(char** xArgv) {
     return QFileInfo(programa).absolutePath();
 }
 
-// Raised with the file's name and what went wrong.
-ErrorVB ErrorPdf(const QString& xArchivo, const QString& xCausa) {
-    return ErrorVB(75, QStringLiteral("report"),
-                   QStringLiteral("The file %1 cannot be written (%2)").arg(xArchivo, xCausa));
-}
-
 } // namespace
 
 std::unique_ptr<QCoreApplication> CrearAplicacion(int& xArgc, char** xArgv) {
@@ -82,7 +80,10 @@ std::unique_ptr<QCoreApplication> CrearAplicacion(int& xArgc, char** xArgv) {
         const auto aplicacion =
             reinterpret_cast<FabricaAplicacion>(modulo.resolve("PandrelAplicacionGrafica"));
         gImpresoraPdf = reinterpret_cast<FabricaImpresora>(modulo.resolve("PandrelImpresoraPdf"));
-        if (aplicacion && gImpresoraPdf)
+        gMedidaGrilla = reinterpret_cast<MedidaGrilla>(modulo.resolve("PandrelAnchoTextoGrilla"));
+        gPuntosPorPulgada =
+            reinterpret_cast<PuntosPorPulgada>(modulo.resolve("PandrelPuntosPorPulgada"));
+        if (aplicacion && gImpresoraPdf && gMedidaGrilla && gPuntosPorPulgada)
             return std::unique_ptr<QCoreApplication>(aplicacion(&xArgc, xArgv));
         gErrorModulo = modulo.errorString();
         gImpresoraPdf = nullptr;
@@ -106,14 +107,15 @@ void Informe(clsPDBInterface& xBase, const QString& xNombre, const QString& xArc
     navegador.EstablecerBase(&xBase);
     navegador.CargarFormatoTabla(campos);
     navegador.CargarTodos();
+    // The grid as the explorer would show it: its columns widened to their titles and values.
+    clsAnchosColumnas anchos([](const QString& xTexto) { return gMedidaGrilla(&xTexto); });
+    anchos.Medir(tabla, 0, tabla.Rows() - 1);
+    const clsGrillaComoSeVe vista(tabla, anchos.Twips(tabla, gPuntosPorPulgada()));
 
-    // The report is printed beside its name and put in place when whole.
+    // The report is printed beside its name and put in place when whole, by the printer's EndDoc.
     const QString destino = QFileInfo(xArchivo).absoluteFilePath();
-    QTemporaryFile temporal(destino + QStringLiteral(".XXXXXX"));
-    if (!temporal.open()) throw ErrorPdf(destino, temporal.errorString());
-    temporal.close();
-    const QString nombreTemporal = temporal.fileName();
-    std::shared_ptr<clsImpresora> impresora(gImpresoraPdf(&nombreTemporal));
+    modDestino::Comprobar(destino, QStringLiteral("report"));
+    std::shared_ptr<clsImpresora> impresora(gImpresoraPdf(&destino));
     const modImpresionGRD::DialogoImpresora pdf{
         [&](qint32& xCopias) {
             xCopias = 1;
@@ -122,13 +124,7 @@ void Informe(clsPDBInterface& xBase, const QString& xNombre, const QString& xArc
         [](const QString& xTexto, const QString& xTitulo) { throw ErrorVB(482, xTitulo, xTexto); },
         {}};
     modInformeBase::ImprimirInforme(
-        xBase, QStringLiteral("Explorer [") + xNombre + QLatin1Char(']'), tabla, pdf);
-    impresora.reset();
-    temporal.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner |
-                            QFileDevice::ReadGroup | QFileDevice::ReadOther);
-    if (std::rename(QFile::encodeName(nombreTemporal).constData(),
-                    QFile::encodeName(destino).constData()) != 0)
-        throw ErrorPdf(destino, QString::fromLocal8Bit(std::strerror(errno)));
+        xBase, QStringLiteral("Explorer [") + xNombre + QLatin1Char(']'), vista, pdf);
 }
 
 std::optional<OrdenExportar> LeerOrdenExportar(const QStringList& xArgumentos) {

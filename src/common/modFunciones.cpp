@@ -6,6 +6,7 @@
 #include <QFileInfo>
 #include <QtGlobal>
 #include <cmath>
+#include <limits>
 #include <utility>
 
 #ifdef Q_OS_WIN
@@ -53,6 +54,14 @@ void OrdenarVector(QStringList& lista, int sentido) {
             if (FueraDeOrden(lista[i], lista[j], sentido)) std::swap(lista[i], lista[j]);
         }
     }
+}
+
+qint16 Entero16(double xValor, const QString& xFuente) {
+    const double redondo = std::nearbyint(xValor);
+    if (!(redondo >= std::numeric_limits<qint16>::min() &&
+          redondo <= std::numeric_limits<qint16>::max()))
+        throw ErrorVB::Overflow(xFuente);
+    return static_cast<qint16>(redondo);
 }
 
 QStringView SinBlancos(QStringView xTexto, QStringView xBlancos) {
@@ -178,6 +187,20 @@ QString MultiLinea(const QString& xTexto, double xAncho, int xSangria,
 // default rounding of nearbyint takes it to the even neighbour.
 double Kilobytes(double xBytes) {
     return std::nearbyint(xBytes * 25.0 / 256.0) / 100.0;
+}
+
+QString Cita(const QString& xTexto, qsizetype xMaximo) {
+    if (xTexto.size() <= xMaximo) return xTexto;
+    return xTexto.left(xMaximo) + QStringLiteral("...");
+}
+
+QString DestinoFinal(const QString& xRuta) {
+    QFileInfo destino(xRuta);
+    for (int saltos = 0; destino.isSymLink(); ++saltos) {
+        if (saltos == 128) return QString();
+        destino.setFile(destino.symLinkTarget());
+    }
+    return destino.absoluteFilePath();
 }
 
 double Val(QStringView xTexto) {

@@ -503,6 +503,12 @@ QByteArray clsPalmPDB::RetrieveSortInfo() {
 // them the record keeps the attributes it has.
 bool clsPalmPDB::WriteRecordAttributes(qint32 xRecordID, qint32 xAttributes) {
     VerificarAbierta("WriteRecordAttributes");
+    // The attribute byte holds no more: a larger value would lose its high bits silently.
+    if (xAttributes < 0 || xAttributes > 255)
+        throw ErrorVB(ErrorVB::Desbordamiento, QStringLiteral("WriteRecordAttributes"),
+                      QStringLiteral("The attributes %1 are not a byte: give a value from 0 to "
+                                     "255.")
+                          .arg(xAttributes));
     clsAdaptadorRegistros& adaptador = Registros("WriteRecordAttributes");
     mIDActual = xRecordID;
     // Only the attribute byte of the record as it is on disk changes.
@@ -524,12 +530,17 @@ QString clsPalmPDB::CategoryName(qint32 xIndex) {
     return Registros("CategoryName").Categorias().NombreCategoria(xIndex);
 }
 
+// A record that cannot be deleted (an ID the database does not hold, a resource database) gives
+// False; a write that fails is an error like any other write's, as the record is still there.
 bool clsPalmPDB::DeleteRecord(qint32 xRecordID) {
     VerificarAbierta("DeleteRecord");
     try {
         Registros("DeleteRecord").BorrarRegistro(xRecordID);
         return true;
-    } catch (const ErrorVB&) {
+    } catch (const ErrorVB& error) {
+        if (error.Numero() == ErroresFuente::EscrituraFallida ||
+            error.Numero() == ErroresFuente::BaseCambiada)
+            throw;
         return false;
     }
 }

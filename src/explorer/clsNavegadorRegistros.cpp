@@ -119,8 +119,11 @@ qint32 clsNavegadorRegistros::RegistroDeFila(qint32 xFila) const {
 }
 
 QString clsNavegadorRegistros::TextoPosicion(qint32 xFilaActual) const {
-    if (!TieneRegistros()) return QStringLiteral("Record 0/ 0");
-    return QStringLiteral("Record %1/ %2").arg(xFilaActual).arg(mCantidadRegistros);
+    return TieneRegistros() ? TextoPosicion(xFilaActual, mCantidadRegistros) : TextoPosicion(0, 0);
+}
+
+QString clsNavegadorRegistros::TextoPosicion(qint32 xFila, qint32 xTotal) {
+    return QStringLiteral("Record %1/ %2").arg(xFila).arg(xTotal);
 }
 
 qint32 clsNavegadorRegistros::ModoOrdenTipo(const QString& xTipo, qint32 xAnterior) {

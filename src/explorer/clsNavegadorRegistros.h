@@ -56,6 +56,10 @@ public:
     void EstablecerCantidadRegistros(qint32 xCantidad) { mCantidadRegistros = xCantidad; }
     // "Record r/ n" for the current row r, or "Record 0/ 0" without records.
     QString TextoPosicion(qint32 xFilaActual) const;
+    // The position text of row xFila of xTotal records: "Record 3/ 45".
+    static QString TextoPosicion(qint32 xFila, qint32 xTotal);
+    // The widest position text of a database, whose records count in 16 bits.
+    static QString TextoPosicionMasAncho() { return TextoPosicion(65535, 65535); }
 
     // The sort mode of a field type: numeric for numbers, the custom order (rows keep their
     // order) for dates, case-sensitive text for texts and booleans; any other type keeps xAnterior.

@@ -10,7 +10,6 @@
 #include <QDateTime>
 #include <QTime>
 #include <cmath>
-#include <limits>
 #include <vector>
 
 namespace modImpresionGRD {
@@ -39,15 +38,7 @@ auto Etiquetar(const QString& xEtiqueta, Trabajo&& xTrabajo) -> decltype(xTrabaj
 
 // The counters of the report are 16-bit.
 qint16 Entero16(double xValor) {
-    if (!(xValor >= std::numeric_limits<qint16>::min() &&
-          xValor <= std::numeric_limits<qint16>::max()))
-        throw ErrorVB::Overflow(kAplicacion);
-    return static_cast<qint16>(xValor);
-}
-
-// Rounds half to even, as a 16-bit integer.
-qint16 Redondear16(double xValor) {
-    return Entero16(std::nearbyint(xValor));
+    return modFunciones::Entero16(xValor, kAplicacion);
 }
 
 enum class Lado { Izquierda, Centro, Derecha, Ninguno };
@@ -65,22 +56,24 @@ Lado LadoDe(qint32 xCodigo) {
 }
 
 // Sets the printer's position for xTexto in a space of xAncho starting at xInicio; any other
-// side leaves the position where it is.
+// side leaves the position where it is. A text wider than its space starts at the space's start,
+// whatever its side, rather than over what stands before it.
 void Colocar(clsImpresora& xImpresora, Lado xLado, double xInicio, double xAncho,
              const QString& xTexto) {
+    double x = xInicio;
     switch (xLado) {
     case Lado::Izquierda:
-        xImpresora.SetCurrentX(xInicio);
         break;
     case Lado::Derecha:
-        xImpresora.SetCurrentX(xInicio + xAncho - xImpresora.TextWidth(xTexto));
+        x += xAncho - xImpresora.TextWidth(xTexto);
         break;
     case Lado::Centro:
-        xImpresora.SetCurrentX(xInicio + (xAncho - xImpresora.TextWidth(xTexto)) / 2);
+        x += (xAncho - xImpresora.TextWidth(xTexto)) / 2;
         break;
     case Lado::Ninguno:
-        break;
+        return;
     }
+    xImpresora.SetCurrentX(std::max(x, xInicio));
 }
 
 Lado LadoDeLinea(qint32 xAlineacion) {
@@ -111,11 +104,23 @@ private:
     void ImprimirPiePagina(const clsColImpresionGrd& xPie);
     void Veri_Hoja(qint16& xContador, qint16 xLineasPorPagina, double xPrimeraFilaY,
                    double& xFilaY);
+    qint16 LineasPorPagina(double xPrimeraFilaY) const;
+    void MedirColumnas();
     void ImprimirFila(qint32 xFila, double xFilaY);
+    void ImprimirEnColumna(qint32 xColumna, double xAncho, QString xTexto, bool xCortar);
     void LineaLibre(const clsItemImpresionGrd& xLinea);
     void Raya();
     // The printed columns: all but the grid's last.
     qint32 Columnas() const { return std::max(0, mGrilla.Cols() - 1); }
+    // What column xColumna takes of the width the columns share: with the gap after it for its
+    // title, without it for its cells.
+    double AnchoTitulo(qint32 xColumna) const {
+        return std::floor(mAnchoColumnas * (mGrilla.ColWidth(xColumna) + kEspacioColumnas) /
+                          mAnchoTotal);
+    }
+    double AnchoCelda(qint32 xColumna) const {
+        return std::floor(mAnchoColumnas * mGrilla.ColWidth(xColumna) / mAnchoTotal);
+    }
 
     clsImpresora& p;
     const clsGrillaImpresion& mGrilla;
@@ -124,16 +129,17 @@ private:
     std::vector<double> mInicios; // where each column starts, set by every page head
     double mAnchoTotal = 0;
     double mAnchoUtil = 0;
+    double mAnchoColumnas = 0; // the usable width less the gaps between the columns
     qint16 mTamanoGrilla = kTamanoGrilla;
 };
 
 void clsInforme::Imprimir(const clsColImpresionGrd& xPie) {
-    const double altoLinea = p.TextHeight(QStringLiteral("W"));
-    mAnchoUtil = p.Width() - kMargenDerecho;
+    // 700 twips of the sheet stay free at the right, and the rules that run past the usable width
+    // stay inside the printable area.
+    mAnchoUtil = std::min(p.Width() - kMargenDerecho, p.ScaleWidth() - kExcesoRaya);
     ImprimirRotulo();
     const double primeraFilaY = p.CurrentY();
-    const qint16 lineasPorPagina =
-        Redondear16((p.Height() - primeraFilaY + 1000) / (1.5 * altoLinea) - 1);
+    const qint16 lineasPorPagina = LineasPorPagina(primeraFilaY);
     p.SetCurrentX(0);
     p.SetFontSize(mTamanoGrilla);
     const qint16 ultimaFila = Entero16(mGrilla.Rows() - 1);
@@ -148,28 +154,39 @@ void clsInforme::Imprimir(const clsColImpresionGrd& xPie) {
     p.EndDoc();
 }
 
-// A text wider than its column is cut from the right until it fits, except in the last printed
-// column, and only then placed by its column's alignment; a cut cell never starts left of its
-// column, so a long right-aligned one does not run over the column before it. The cells' share
-// leaves out the gap between columns, so right and centred cells stand a little left of their
-// titles.
+// Rows are counted in the height of the type they print in, which a narrow grid makes larger
+// than the head's: the sheet's share less a row, and never more rows than the printable area
+// holds under the column titles, so a page always breaks between two rows.
+qint16 clsInforme::LineasPorPagina(double xPrimeraFilaY) const {
+    const double altoFila = p.TextHeight(QStringLiteral("W"));
+    const double porHoja = (p.Height() - xPrimeraFilaY + 1000) / (1.5 * altoFila) - 1;
+    const double caben = std::floor((p.ScaleHeight() - xPrimeraFilaY) / altoFila);
+    return Entero16(std::max(1.0, std::min(porHoja, caben)));
+}
+
+// Every cell is cut to its column and placed by the column's alignment. The cells' share leaves
+// out the gap between columns, so right and centred cells stand a little left of their titles.
 void clsInforme::ImprimirFila(qint32 xFila, double xFilaY) {
     const qint32 columnas = Columnas();
     for (qint32 c = 0; c < columnas; ++c) {
-        const double inicio = mInicios[size_t(c)];
-        const double ancho = std::floor(mAnchoUtil * (mGrilla.ColWidth(c) / mAnchoTotal));
-        QString texto = mGrilla.TextMatrix(xFila, c).trimmed();
-        const bool cortable = size_t(c) + 1 < mInicios.size();
-        if (cortable) {
-            const double espacio = mInicios[size_t(c) + 1] - inicio;
-            while (p.TextWidth(texto) > espacio)
-                texto.chop(1);
-        }
-        Colocar(p, LadoDe(mGrilla.ColAlignment(c)), inicio, ancho, texto);
-        if (cortable) p.SetCurrentX(std::max(p.CurrentX(), inicio));
         p.SetCurrentY(xFilaY);
-        p.Print(texto);
+        ImprimirEnColumna(c, AnchoCelda(c), mGrilla.TextMatrix(xFila, c).trimmed(), true);
     }
+}
+
+// A text is cut from the right, when xCortar, while it is wider than the room its column has:
+// up to the next column, or for the last column up to the end of the rules, so it never prints
+// past the margin. It is then placed in xAncho by the column's alignment.
+void clsInforme::ImprimirEnColumna(qint32 xColumna, double xAncho, QString xTexto, bool xCortar) {
+    const double inicio = mInicios[size_t(xColumna)];
+    if (xCortar) {
+        const bool ultima = size_t(xColumna) + 1 == mInicios.size();
+        const double fin = ultima ? mAnchoUtil + kExcesoRaya : mInicios[size_t(xColumna) + 1];
+        while (!xTexto.isEmpty() && p.TextWidth(xTexto) > fin - inicio)
+            xTexto.chop(1);
+    }
+    Colocar(p, LadoDe(mGrilla.ColAlignment(xColumna)), inicio, xAncho, xTexto);
+    p.Print(xTexto);
 }
 
 void clsInforme::Veri_Hoja(qint16& xContador, qint16 xLineasPorPagina, double xPrimeraFilaY,
@@ -189,35 +206,44 @@ void clsInforme::Veri_Hoja(qint16& xContador, qint16 xLineasPorPagina, double xP
 
 void clsInforme::ImprimirRotulo() {
     Etiquetar(QStringLiteral("ImprimirRotulo"), [&] {
-        mInicios.clear();
         ImprimirEncabezado();
         const double lineaTitulos = p.CurrentY();
-        const qint32 columnas = Columnas();
-        mAnchoTotal = 0;
-        for (qint32 c = 0; c < columnas; ++c)
-            mAnchoTotal += mGrilla.ColWidth(c) + kEspacioColumnas;
-
-        // A grid narrower than the sheet prints in a larger type.
-        mTamanoGrilla = kTamanoGrilla;
-        if (mAnchoTotal == 0) throw ErrorVB(11, kAplicacion, QStringLiteral("Division by zero"));
-        const double razon = std::nearbyint(p.Width() / mAnchoTotal * 100) / 100;
-        if (1 < razon) mTamanoGrilla = Entero16(std::floor(p.FontSize() * razon));
+        MedirColumnas();
         p.SetFontSize(mTamanoGrilla);
-
-        double x = 0;
+        // A title is cut only where it would run past the margin.
+        const qint32 columnas = Columnas();
         for (qint32 c = 0; c < columnas; ++c) {
-            const double parte = (mGrilla.ColWidth(c) + kEspacioColumnas) / mAnchoTotal;
-            const double ancho = std::floor(mAnchoUtil * parte);
-            const QString titulo = mGrilla.TextMatrix(0, c).trimmed();
-            Colocar(p, LadoDe(mGrilla.ColAlignment(c)), x, ancho, titulo);
-            mInicios.push_back(x);
-            p.Print(titulo);
+            ImprimirEnColumna(c, AnchoTitulo(c), mGrilla.TextMatrix(0, c).trimmed(),
+                              c + 1 == columnas);
             p.SetCurrentY(lineaTitulos);
-            x += ancho + kEspacioColumnas;
         }
         p.Print();
         Raya();
     });
+}
+
+// The columns' shares of the grid's width, the type size and where each column starts. The
+// columns and the gaps between them fill the usable width, so the last column ends inside it.
+void clsInforme::MedirColumnas() {
+    const qint32 columnas = Columnas();
+    mAnchoTotal = 0;
+    for (qint32 c = 0; c < columnas; ++c)
+        mAnchoTotal += mGrilla.ColWidth(c) + kEspacioColumnas;
+
+    mAnchoColumnas = std::max(0.0, mAnchoUtil - kEspacioColumnas * (columnas - 1));
+    // A grid narrower than the room its columns share prints in a larger type, grown as its
+    // columns are, so a text that fits its column on screen fits it on paper.
+    mTamanoGrilla = kTamanoGrilla;
+    if (mAnchoTotal == 0) throw ErrorVB(11, kAplicacion, QStringLiteral("Division by zero"));
+    const double razon = std::nearbyint(mAnchoColumnas / mAnchoTotal * 100) / 100;
+    if (1 < razon) mTamanoGrilla = Entero16(std::floor(p.FontSize() * razon));
+
+    mInicios.clear();
+    double x = 0;
+    for (qint32 c = 0; c < columnas; ++c) {
+        mInicios.push_back(x);
+        x += AnchoTitulo(c) + kEspacioColumnas;
+    }
 }
 
 void clsInforme::ImprimirEncabezado() {
@@ -270,6 +296,13 @@ void clsInforme::ImprimirEncabezado() {
 
 void clsInforme::ImprimirPiePagina(const clsColImpresionGrd& xPie) {
     Etiquetar(QStringLiteral(".ImpresionLVW.ImprimirPiePagina"), [&] {
+        // The foot stays with the last rows; a page with no room left for it gives it a new page
+        // under the head, rather than one without.
+        const double alto = p.TextHeight(QStringLiteral("W")) * (xPie.Count() + 1);
+        if (p.CurrentY() + alto > p.ScaleHeight()) {
+            p.NewPage();
+            ImprimirRotulo();
+        }
         Raya();
         for (const clsItemImpresionGrd& linea : xPie)
             LineaLibre(linea);

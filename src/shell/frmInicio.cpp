@@ -21,6 +21,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QProgressBar>
+#include <QScreen>
 #include <QStatusBar>
 #include <QStyle>
 #include <QToolBar>
@@ -58,8 +59,7 @@ template <typename Trabajo> void ConTrampa(const QString& xProcedimiento, Trabaj
     } catch (const ErrorVB& e) {
         MostrarMensajeError(e, kFormulario, xProcedimiento);
     } catch (const std::exception& e) {
-        MostrarMensajeError(0, QString::fromLocal8Bit(e.what()), QString(), kFormulario,
-                            xProcedimiento);
+        MostrarMensajeError(ErrorVB::De(e, QString()), kFormulario, xProcedimiento);
     }
 }
 } // namespace
@@ -75,7 +75,12 @@ frmInicio::frmInicio(QWidget* xPadre) : QMainWindow(xPadre) {
     CrearBarraHerramientas();
     CrearMenu();
     CrearBarraEstado();
-    resize(1200, 800);
+    // Room for an explorer that shows a typical schema's columns; a smaller screen is taken whole.
+    const QSize tamano(1400, 980);
+    const QRect pantalla = screen()->availableGeometry();
+    resize(tamano.boundedTo(pantalla.size()));
+    if (!pantalla.contains(QRect(pantalla.topLeft(), tamano)))
+        setWindowState(windowState() | Qt::WindowMaximized);
 }
 
 void frmInicio::CrearBarraHerramientas() {

@@ -412,6 +412,10 @@ TEST_F(PalmPDBTest, UnaConversionFallidaNoEscribeNada) {
         {"Completa", 6, "1/19/1972 3:14:08 AM", ErrorVB::Desbordamiento},
         {"Completa", 7, QString::fromUtf8("\u03a9"),
          modFuncionesConversion::ErrorTextoNoCodificable},
+        // A NUL would end the text there and shift every later field.
+        {"Completa", 4, QString("A") + QChar(0) + "B",
+         modFuncionesConversion::ErrorTextoNoCodificable},
+        {"Clientes", 0, QString(QChar(0)), modFuncionesConversion::ErrorTextoNoCodificable},
         // The 16-bit field counter overflows before the schema runs out of fields.
         {"Clientes", 32768, "1", ErrorVB::SubindiceFueraDeRango},
         {"Clientes", 32769, "1", ErrorVB::Desbordamiento},
@@ -433,21 +437,27 @@ TEST_F(PalmPDBTest, UnaConversionFallidaNoEscribeNada) {
     }
 }
 
-TEST_F(PalmPDBTest, UnTextoQueCreceMasQueSuPosicionNoSePuedeDesplazar) {
-    GuardarClientes({"6100000501"});
-    const QByteArray antes = Bytes("Clientes");
+// A blank record's first String grows from nothing to 30 bytes, more than its own offset: the
+// bytes after it move up behind the new text and no other record changes.
+TEST_F(PalmPDBTest, ElPrimerTextoDeUnRegistroNuevoCrece) {
     ASSERT_TRUE(mBase->OpenFile("Clientes"));
     // Nothing read yet: there are no field positions to write at.
     EsperarError([&] { mBase->UpdateRecord(10, 1, "5"); }, ErrorVB::SubindiceFueraDeRango,
                  "UpdateRecord");
+    const qint32 id = mBase->NewRecord();
     QString texto;
-    ASSERT_TRUE(mBase->ReadRecordByID(10, texto, "\t"));
-    // The old terminator sits at 1; growing by 2 reaches before the record's first byte.
-    EsperarError([&] { mBase->UpdateRecord(10, 0, "abc"); }, ErrorVB::SubindiceFueraDeRango,
-                 "UpdateRecord");
-    EXPECT_EQ(Bytes("Clientes"), antes);
-    EXPECT_EQ(mBase->UpdateRecord(10, 0, "ab"), 10);
-    EXPECT_EQ(Archivo("Clientes").Registros[0].Datos.toHex(), "616200000501");
+    ASSERT_TRUE(mBase->ReadRecordByID(id, texto, "\t"));
+    const auto antes = Archivo("Clientes").Registros;
+    const QByteArray nombre("Claw hammer with a long handle");
+    EXPECT_EQ(mBase->UpdateRecord(id, 0, nombre), id);
+    const auto despues = Archivo("Clientes").Registros;
+    ASSERT_EQ(despues.size(), 4);
+    EXPECT_EQ(despues[3].Datos.toHex(), nombre.toHex() + "00"
+                                                         "0000"
+                                                         "00"
+                                                         "00");
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(despues[i].Datos, antes[i].Datos) << i;
 }
 
 TEST_F(PalmPDBTest, UnTextoAlFinalDejaUnByteDeReserva) {
@@ -656,9 +666,13 @@ TEST_F(PalmPDBTest, Borrar) {
     EXPECT_EQ(Archivo("Clientes").Registros.size(), 2);
     const auto permisos = QFile::permissions(Ruta("Clientes"));
     QFile::setPermissions(Ruta("Clientes"), QFile::ReadOwner);
-    EXPECT_FALSE(mBase->DeleteRecord(10));
+    // A record that is there but cannot be deleted is a failed write, not an unknown ID.
+    EsperarError([&] { mBase->DeleteRecord(10); }, ErroresFuente::EscrituraFallida,
+                 "BorrarRegistro");
     EsperarError([&] { mBase->DeleteAllRecords(); }, ErroresFuente::EscrituraFallida,
                  "BorrarTodos");
+    EsperarError([&] { mBase->WriteRecordAttributes(10, 320); }, ErrorVB::Desbordamiento,
+                 "WriteRecordAttributes");
     QFile::setPermissions(Ruta("Clientes"), permisos);
     mBase->DeleteAllRecords();
     EXPECT_TRUE(Archivo("Clientes").Registros.isEmpty());

@@ -5,14 +5,18 @@
 #include "support/clsImpresoraGrabadora.h"
 
 #include <gtest/gtest.h>
+#include <numeric>
 
 namespace {
 
 using Texto = clsImpresoraGrabadora::TextoImpreso;
 
 // The recording printer measures a 10-point character as 120 twips and a line as 240; its sheet
-// is 12240 x 15840 twips, so the usable width is 11540.
-constexpr double kAnchoUtil = 11540;
+// is 12240 x 15840 twips with quarter-inch margins. The usable width is 11420, so that the rules,
+// 100 twips longer, end at the printable area's edge.
+constexpr double kAnchoUtil = 11420;
+constexpr double kAnchoImprimible = 11520;
+constexpr double kAltoImprimible = 15120;
 
 // A grid of two printed columns (text left, number right) plus the spare one, wide enough that
 // the type keeps its size: its widths and the 50-twip gaps come to 12100 twips.
@@ -59,67 +63,83 @@ const Texto* Buscar(const clsImpresoraGrabadora& xImpresora, const QString& xTex
     return nullptr;
 }
 
-TEST(modImpresionGRD, PagesHoldLRowsThenLMinusOneWithTheHeadOnEachAndTheFootOnce) {
-    // The head ends at 2257 twips, so a page holds (15840 - 2257 + 1000) / 360 - 1 = 40 rows.
-    clsGrillaPrueba grilla;
-    LlenarGrilla(grilla, 100);
-    auto impresora = std::make_shared<clsImpresoraGrabadora>();
-    const Resultado resultado = Imprimir(grilla, impresora);
-    ASSERT_TRUE(resultado.Impreso);
-    EXPECT_EQ(resultado.Punteros, QStringList({"wait", "arrow"}));
-    EXPECT_EQ(impresora->DocumentosTerminados(), 1);
-    EXPECT_TRUE(impresora->Llamadas().contains("Copies 2"));
-
-    const struct {
-        int Fila, Pagina;
-        double Y;
-    } filas[] = {
-        {1, 1, 2257},  {40, 1, 2257 + 39 * 240}, {41, 2, 2257}, {79, 2, 2257 + 38 * 240},
-        {80, 3, 2257},
-    };
-    for (const auto& fila : filas) {
-        const Texto* celda = Buscar(*impresora, QString("row %1").arg(fila.Fila));
-        ASSERT_NE(celda, nullptr) << fila.Fila;
-        EXPECT_EQ(celda->Pagina, fila.Pagina) << fila.Fila;
-        EXPECT_DOUBLE_EQ(celda->Y, fila.Y) << fila.Fila;
-    }
-    EXPECT_EQ(modImpresionGRD::NombrePropio("field sales  team"), "Field Sales  Team");
-    for (int pagina = 1; pagina <= 3; ++pagina) {
-        const Texto* numero = Buscar(*impresora, QString("Page : %1").arg(pagina));
-        ASSERT_NE(numero, nullptr) << pagina;
-        EXPECT_EQ(numero->Pagina, pagina);
-        EXPECT_DOUBLE_EQ(numero->X, kAnchoUtil - 8 * 120) << "right-aligned";
-        EXPECT_EQ(Buscar(*impresora, "Name", pagina)->Pagina, pagina) << "column titles";
-    }
-    const QString usuario = modImpresionGRD::NombrePropio(modFunciones::NombreUsuario());
-    EXPECT_TRUE(usuario.isEmpty() || Buscar(*impresora, usuario, 3)) << "the user on every page";
-    EXPECT_EQ(Buscar(*impresora, "hidden"), nullptr) << "the spare column is never printed";
-    const Texto* fin = Buscar(*impresora, "End of Report");
-    ASSERT_NE(fin, nullptr);
-    EXPECT_EQ(fin->Pagina, 3);
-    EXPECT_EQ(Buscar(*impresora, "End of Report", 2), nullptr);
-    EXPECT_DOUBLE_EQ(fin->Y, 2257 + 21 * 240);
-    // Three rules in each page's head and one over the foot, each reaching 100 twips past the
-    // usable width.
-    EXPECT_EQ(impresora->Lineas().size(), 3 * 3 + 1);
-    for (const auto& raya : impresora->Lineas()) {
-        EXPECT_EQ(raya.X1, 0);
-        EXPECT_EQ(raya.X2, kAnchoUtil + 100);
-        EXPECT_EQ(raya.Y1, raya.Y2);
+// Every text lies inside the printable area.
+void EnLosMargenes(const clsImpresoraGrabadora& xImpresora) {
+    for (const Texto& texto : xImpresora.Textos()) {
+        const double ancho = texto.Texto.size() * texto.Tamano * 12 * (texto.Negrita ? 1.1 : 1);
+        EXPECT_GE(texto.X, 0) << texto.Texto.toStdString();
+        EXPECT_LE(texto.X + ancho, kAnchoImprimible) << texto.Texto.toStdString();
+        EXPECT_LE(texto.Y + texto.Tamano * 24, kAltoImprimible) << texto.Texto.toStdString();
     }
 }
 
-TEST(modImpresionGRD, PlacesTitlesAndCellsByAlignmentAndCutsAllButTheLastColumn) {
+// The pages a text was printed on, in order.
+QList<int> Paginas(const clsImpresoraGrabadora& xImpresora, const QString& xTexto) {
+    QList<int> paginas;
+    for (const Texto& texto : xImpresora.Textos())
+        if (texto.Texto == xTexto) paginas << texto.Pagina;
+    return paginas;
+}
+
+// Rows are counted in the type they print in, which a narrow grid makes larger: each row whole
+// on one page under the column titles, the foot once, nothing past the margins. At 10 points the
+// head ends at 2257 twips, so page 1 holds (15840 - 2257 + 1000) / 360 - 1 = 40 rows, later 39.
+TEST(modImpresionGRD, PagesHoldWholeRowsInTheirTypeWithTheHeadOnEachAndTheFootOnce) {
+    const struct {
+        qint32 Ancho; // of each printed column
+        double Tamano;
+        int Paginas;
+    } casos[] = {{6000, 10, 3}, {2450, 22, 7}, {1250, 43, 15}};
+    for (const auto& caso : casos) {
+        clsGrillaPrueba grilla;
+        LlenarGrilla(grilla, 100);
+        grilla.SetColWidth(0, caso.Ancho);
+        grilla.SetColWidth(1, caso.Ancho);
+        auto impresora = std::make_shared<clsImpresoraGrabadora>();
+        const Resultado resultado = Imprimir(grilla, impresora);
+        ASSERT_TRUE(resultado.Impreso);
+        EXPECT_EQ(resultado.Punteros, QStringList({"wait", "arrow"}));
+        EXPECT_TRUE(impresora->Llamadas().contains("Copies 2"));
+        QList<int> paginas(caso.Paginas);
+        std::iota(paginas.begin(), paginas.end(), 1);
+        EXPECT_EQ(Paginas(*impresora, "Name"), paginas) << caso.Tamano;
+        EXPECT_EQ(Buscar(*impresora, "row 1")->Tamano, caso.Tamano);
+        EXPECT_EQ(Paginas(*impresora, "End of Report"), QList<int>{caso.Paginas});
+        for (int fila = 1; fila <= 100; ++fila) {
+            const Texto* nombre = Buscar(*impresora, QString("row %1").arg(fila));
+            const Texto* numero = Buscar(*impresora, QString::number(fila));
+            ASSERT_TRUE(nombre && numero) << caso.Tamano << " " << fila;
+            EXPECT_EQ(std::make_pair(nombre->Pagina, nombre->Y),
+                      std::make_pair(numero->Pagina, numero->Y));
+            if (caso.Tamano == 10) {
+                EXPECT_EQ(nombre->Pagina, fila <= 40 ? 1 : fila <= 79 ? 2 : 3);
+            }
+        }
+        EnLosMargenes(*impresora);
+        EXPECT_TRUE(Paginas(*impresora, "hidden").isEmpty()) << "the spare column is not printed";
+        if (caso.Tamano != 10) continue;
+        EXPECT_DOUBLE_EQ(Buscar(*impresora, "row 41")->Y, 2257);
+        EXPECT_DOUBLE_EQ(Buscar(*impresora, "Page : 3")->X, kAnchoUtil - 8 * 120);
+        const QString usuario = modImpresionGRD::NombrePropio(modFunciones::NombreUsuario());
+        EXPECT_TRUE(usuario.isEmpty() || Buscar(*impresora, usuario, 3)) << "the user each page";
+    }
+    EXPECT_EQ(modImpresionGRD::NombrePropio("field sales  team"), "Field Sales  Team");
+}
+
+TEST(modImpresionGRD, PlacesTitlesAndCellsByAlignmentAndCutsThemToTheirColumn) {
     clsGrillaPrueba grilla;
     LlenarGrilla(grilla, 0);
-    grilla.AddItem(QString(80, 'w') + "\t" + QString(60, '9'));
+    grilla.AddItem(QString(80, 'w') + "\t" + QString(20, '9'));
+    grilla.AddItem("x\t" + QString(60, '8'));
     auto impresora = std::make_shared<clsImpresoraGrabadora>();
     ASSERT_TRUE(Imprimir(grilla, impresora).Impreso);
 
-    // Column 0 takes 8050 / 12100 of the usable width; column 1 starts 50 twips after it.
-    const double ancho0 = std::floor(kAnchoUtil * 8050 / 12100);
+    // The columns and the 50-twip gap between them share the usable width: column 0 takes
+    // 8050 / 12100 of 11370 twips, and column 1 starts 50 twips after it.
+    const double ancho0 = std::floor(11370.0 * 8050 / 12100);
     const double inicio1 = ancho0 + 50;
-    const double ancho1 = std::floor(kAnchoUtil * 4050 / 12100);
+    const double ancho1 = std::floor(11370.0 * 4050 / 12100);
+    ASSERT_LE(inicio1 + ancho1, kAnchoUtil);
     const struct {
         QString Texto;
         double X, Y;
@@ -130,12 +150,14 @@ TEST(modImpresionGRD, PlacesTitlesAndCellsByAlignmentAndCutsAllButTheLastColumn)
         {"Data Base Report", (kAnchoUtil - 16 * 120) / 2, 1537, 10, false},
         {"Name", 0, 2017, 10, false},
         {"Qty", inicio1 + ancho1 - 3 * 120, 2017, 10, false},
-        // 80 characters of 120 twips do not fit before the next column: 64 do (7727 twips to the
-        // next column).
-        {QString(64, 'w'), 0, 2257, 10, false},
+        // 80 characters of 120 twips do not fit before the next column: 63 do.
+        {QString(63, 'w'), 0, 2257, 10, false},
         // A cell's share leaves out the gap, so the number stands left of its title's edge.
-        {QString(60, '9'), inicio1 + std::floor(kAnchoUtil * 4000 / 12100) - 60 * 120, 2257, 10,
+        {QString(20, '9'), inicio1 + std::floor(11370.0 * 4000 / 12100) - 20 * 120, 2257, 10,
          false},
+        // The last column is cut only at the margin, where the rules end, and a text wider than
+        // its column starts at the column's start, not over the column before it.
+        {QString(32, '8'), inicio1, 2497, 10, false},
     };
     for (const auto& esperado : esperados) {
         const Texto* texto = Buscar(*impresora, esperado.Texto);
@@ -147,41 +169,16 @@ TEST(modImpresionGRD, PlacesTitlesAndCellsByAlignmentAndCutsAllButTheLastColumn)
     }
     EXPECT_TRUE(std::any_of(impresora->Textos().begin(), impresora->Textos().end(),
                             [](const Texto& t) { return t.Texto.startsWith("Date : "); }));
+    EnLosMargenes(*impresora);
+    for (const auto& raya : impresora->Lineas())
+        EXPECT_EQ(raya.X2, kAnchoImprimible);
 
-    // Right-aligned, the cut cell is still wider than its share: it starts at its column's start
-    // instead of running over the column before it.
-    grilla.SetColAlignment(0, clsGrillaImpresion::DerechaArriba);
-    auto derecha = std::make_shared<clsImpresoraGrabadora>();
-    ASSERT_TRUE(Imprimir(grilla, derecha).Impreso);
-    const Texto* cortado = Buscar(*derecha, QString(64, 'w'));
-    ASSERT_NE(cortado, nullptr);
-    EXPECT_DOUBLE_EQ(cortado->X, 0);
-
-    // A cell exactly as wide as the room up to the next column is printed whole: column 0 then
-    // has floor(11540 * 10070 / 14120) = 8230 twips and the gap, room for 69 characters.
-    grilla.SetColWidth(0, 10020);
-    grilla.SetColWidth(1, 4000);
-    grilla.AddItem(QString(69, 'x') + "\t1");
+    // A cell exactly as wide as the room up to the next column prints whole: column 0 of 7830
+    // twips has floor(11370 * 7880 / 11930) + 50 = 7560 twips, 63 characters.
+    grilla.SetColWidth(0, 7830);
     auto justa = std::make_shared<clsImpresoraGrabadora>();
     ASSERT_TRUE(Imprimir(grilla, justa).Impreso);
-    EXPECT_NE(Buscar(*justa, QString(69, 'x')), nullptr);
-}
-
-TEST(modImpresionGRD, ANarrowGridPrintsInALargerType) {
-    const struct {
-        qint32 Ancho;
-        double Tamano;
-    } casos[] = {{12000, 10}, {5000, 24}};
-    for (const auto& caso : casos) {
-        clsGrillaPrueba grilla;
-        LlenarGrilla(grilla, 1);
-        grilla.SetColWidth(0, caso.Ancho / 2 - 50);
-        grilla.SetColWidth(1, caso.Ancho / 2 - 50);
-        auto impresora = std::make_shared<clsImpresoraGrabadora>();
-        ASSERT_TRUE(Imprimir(grilla, impresora).Impreso);
-        EXPECT_EQ(Buscar(*impresora, "Name")->Tamano, caso.Tamano) << caso.Ancho;
-        EXPECT_EQ(Buscar(*impresora, "1")->Tamano, caso.Tamano) << caso.Ancho;
-    }
+    EXPECT_NE(Buscar(*justa, QString(63, 'w')), nullptr);
 }
 
 // A failure that arose in the module leaves with the tag of the procedure it arose in; one that

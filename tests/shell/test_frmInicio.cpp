@@ -19,6 +19,7 @@
 #include <QMenuBar>
 #include <QPointer>
 #include <QSettings>
+#include <QTableView>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <gtest/gtest.h>
@@ -307,4 +308,29 @@ TEST_F(frmInicioTest, ADatabaseFileOpensItsFolderAndChoosesIt) {
     EXPECT_TRUE(Mensajes.isEmpty());
 }
 
+// An explorer opens showing a typical schema's eight columns where the frame has the room, and
+// within the frame where it has not.
+TEST_F(frmInicioTest, AnExplorerOpensShowingATypicalSchemasColumns) {
+    clsConstructorBase base("Stock", "DATA", "AFst");
+    QVector<clsConstructorBase::Campo> campos;
+    const QStringList nombres =
+        QString("Code Description Bin Qty Supplier Price Ok When").split(' ');
+    for (const int tipo : {5, 5, 1, 2, 3, 4, 6, 7})
+        campos.append({nombres[campos.size()], clsConstructorBase::TipoCampo(tipo)});
+    base.EsquemaAppForge("Stock", campos);
+    base.AgregarRegistro({"INV-1000", "Wall paint white 4L (lot 1)", 7, -204, 7014, 37.49, true,
+                          QDateTime(QDate(2005, 12, 28), QTime(12, 44))});
+    base.Guardar(mCarpeta + "/Stock.pdb");
+    mInicio->showNormal(); // the test screen is smaller than the frame's first size
+    for (const int ancho : {1400, 900}) {
+        mInicio->resize(ancho, 980);
+        mInicio->AbrirBase("Stock");
+        QMdiSubWindow* hija = Hijas().last();
+        EXPECT_LE(hija->width(), mInicio->findChild<QMdiArea*>()->viewport()->width());
+        auto* tabla = hija->findChild<QTableView*>("grdTabla");
+        const int columnas = tabla->columnViewportPosition(7) + tabla->columnWidth(7);
+        EXPECT_EQ(columnas <= tabla->viewport()->width(), ancho == 1400) << columnas;
+        hija->close();
+    }
+}
 } // namespace

@@ -71,6 +71,9 @@ public:
         return archivos;
     }
 
+    // Any write to the archive takes its lock file.
+    QString Candado(const QString&) const { return mArchivo + ".lock"; }
+
     std::shared_ptr<clsFuentePalm> Crear() { return std::make_shared<clsFuenteZip>(mArchivo); }
     std::shared_ptr<clsFuentePalm> CrearInaccesible() {
         return std::make_shared<clsFuenteZip>(mRaiz.filePath(QStringLiteral("nowhere.zip")));

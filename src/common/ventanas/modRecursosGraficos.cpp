@@ -242,4 +242,9 @@ QIcon IconoPrograma() {
     return IconoArbol(2);
 }
 
+QFont FuenteGrilla(QFont xBase) {
+    if (xBase.pointSizeF() > 8.5) xBase.setPointSizeF(8.5);
+    return xBase;
+}
+
 } // namespace modRecursosGraficos

@@ -18,16 +18,16 @@ quint8 ByteEn(const QByteArray& xBuffer, qint32 xPos, const char* xFuente) {
     return static_cast<quint8>(xBuffer.at(xPos));
 }
 
-// Moves the bytes from xInicio on by xCambio places, growing or shrinking the buffer. The
-// counters are 16-bit, so a record beyond 32767 bytes overflows; a growth larger than the
-// offset of the moved bytes reaches before the buffer's start.
+// Moves the bytes from xInicio on by xCambio places, growing or shrinking the buffer. Growing
+// moves only the bytes from xInicio on: the places it opens are the caller's to write. The
+// counters are 16-bit, so a record beyond 32767 bytes overflows.
 void DesplazarBytes(QByteArray& xBuffer, qint32 xInicio, qint32 xCambio) {
     const QString fuente = QStringLiteral("UpdateRecord");
     constexpr qint64 MaximoContador = std::numeric_limits<qint16>::max();
     if (xCambio > 0) {
         const qint64 anterior = xBuffer.size();
         if (anterior - 1 + xCambio > MaximoContador) throw ErrorVB::Overflow(fuente);
-        if (xInicio < 0 || xInicio < xCambio) throw ErrorVB::SubscriptOutOfRange(fuente);
+        if (xInicio < 0) throw ErrorVB::SubscriptOutOfRange(fuente);
         xBuffer.resize(anterior + xCambio, '\0');
         if (xInicio < anterior)
             std::memmove(xBuffer.data() + xInicio + xCambio, xBuffer.constData() + xInicio,

@@ -1,5 +1,6 @@
 #include "explorer/ventanas/clsVistaGrilla.h"
 
+#include "common/ventanas/modRecursosGraficos.h"
 #include "explorer/clsGrillaFlexible.h"
 
 #include <QHeaderView>
@@ -30,11 +31,11 @@ public:
 } // namespace
 
 clsVistaGrilla::clsVistaGrilla(QWidget* xPadre)
-    : QTableView(xPadre), mGrilla(new clsGrillaFlexible(this)) {
+    : QTableView(xPadre),
+      mAnchos([this](const QString& xTexto) { return fontMetrics().horizontalAdvance(xTexto); }),
+      mGrilla(new clsGrillaFlexible(this)) {
     setModel(mGrilla);
-    // Widths in twips were chosen for a small grid font.
-    QFont letra = font();
-    letra.setPointSizeF(std::min(letra.pointSizeF(), 8.5));
+    const QFont letra = modRecursosGraficos::FuenteGrilla(font());
     setFont(letra);
     horizontalHeader()->setFont(letra);
     setItemDelegate(new clsDelegadoGrilla(this));
@@ -53,14 +54,14 @@ clsVistaGrilla::clsVistaGrilla(QWidget* xPadre)
     connect(mGrilla, &clsGrillaFlexible::FormatoCambiado, this, &clsVistaGrilla::AplicarFormato);
     connect(mGrilla, &QAbstractItemModel::rowsInserted, this,
             [this](const QModelIndex&, int xDesde, int xHasta) {
-                AjustarAnchos(xDesde, xHasta);
+                mAnchos.Medir(*mGrilla, xDesde, xHasta);
                 AplicarFormato();
             });
     // A grid cut back to its header starts measuring anew: another database's values come.
     connect(mGrilla, &QAbstractItemModel::rowsRemoved, this, [this] {
         if (mGrilla->Rows() <= 1) {
-            mAnchoTextos.clear();
-            AjustarAnchos(0, 0);
+            mAnchos.Olvidar();
+            mAnchos.Medir(*mGrilla, 0, 0);
         }
         AplicarFormato();
     });
@@ -68,30 +69,21 @@ clsVistaGrilla::clsVistaGrilla(QWidget* xPadre)
             [this](const QModelIndex& xDesde, const QModelIndex& xHasta) {
                 // A changed value; a change of the whole grid (its fixed rows) has nothing new.
                 if (xDesde.row() != xHasta.row()) return;
-                AjustarAnchos(xDesde.row(), xHasta.row());
+                mAnchos.Medir(*mGrilla, xDesde.row(), xHasta.row());
                 AplicarFormato();
             });
     AplicarFormato();
 }
 
 int clsVistaGrilla::TwipsAPixeles(int xTwips) const {
-    return qRound(xTwips * logicalDpiX() / 1440.0);
+    return clsAnchosColumnas::TwipsAPixeles(xTwips, logicalDpiX());
 }
 
-void clsVistaGrilla::AjustarAnchos(int xDesde, int xHasta) {
-    // Measuring the first rows is enough to fit a column's kind of value, and keeps a load of
-    // many thousands of rows quick.
-    constexpr int kFilasMedidas = 200;
-    constexpr int kMargen = 10;
-    if (mAnchoTextos.size() != mGrilla->Cols()) mAnchoTextos.fill(0, mGrilla->Cols());
-    const QFontMetrics medidas(font());
-    const int hasta = std::min(xHasta, kFilasMedidas - 1);
-    for (int fila = std::max(0, xDesde); fila <= hasta && fila < mGrilla->Rows(); ++fila)
-        for (int columna = 0; columna < mGrilla->Cols(); ++columna) {
-            const int ancho =
-                medidas.horizontalAdvance(mGrilla->TextMatrix(fila, columna)) + kMargen;
-            mAnchoTextos[columna] = std::max(mAnchoTextos.at(columna), ancho);
-        }
+QVector<qint32> clsVistaGrilla::AnchosVistos() const {
+    QVector<qint32> anchos;
+    for (int columna = 0; columna < mGrilla->Cols(); ++columna)
+        anchos << clsAnchosColumnas::PixelesATwips(columnWidth(columna), logicalDpiX());
+    return anchos;
 }
 
 void clsVistaGrilla::AplicarFormato() {
@@ -101,10 +93,9 @@ void clsVistaGrilla::AplicarFormato() {
     for (int fila = 0; fila < std::min(mGrilla->Rows(), fijas + 1); ++fila)
         setRowHidden(fila, fila < fijas);
     for (int columna = 0; columna < mGrilla->Cols(); ++columna) {
-        const int ancho = mGrilla->ColWidth(columna);
+        const int ancho = mAnchos.Pixeles(*mGrilla, columna, logicalDpiX());
         setColumnHidden(columna, ancho == 0);
-        const int medido = columna < mAnchoTextos.size() ? mAnchoTextos.at(columna) : 0;
-        if (ancho > 0) setColumnWidth(columna, std::max(TwipsAPixeles(ancho), medido));
+        if (ancho > 0) setColumnWidth(columna, ancho);
     }
 }
 

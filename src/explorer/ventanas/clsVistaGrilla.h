@@ -1,5 +1,7 @@
 #pragma once
 
+#include "explorer/clsAnchosColumnas.h"
+
 #include <QTableView>
 #include <QVector>
 
@@ -9,8 +11,8 @@ class clsGrillaFlexible;
 // shows as the column headings (it stays in place while the rows scroll), fixed cells are painted
 // in the fixed colour, and the widths in twips become pixels at the widget's logical DPI
 // (15 twips are one pixel at 96 DPI); a column of width 0 is hidden. A column shown is never
-// narrower than its heading or the values of its first rows, so none of them is clipped at the
-// fonts of today's desktops.
+// narrower than its heading or the values of its first rows (clsAnchosColumnas), so none of them
+// is clipped at the fonts of today's desktops.
 class clsVistaGrilla : public QTableView {
     Q_OBJECT
 public:
@@ -24,13 +26,13 @@ public:
     void SetRow(int xFila);
     void SetCol(int xColumna);
     int TwipsAPixeles(int xTwips) const;
+    // Every column's width as it shows now (widened, or as the person dragged it), in twips.
+    QVector<qint32> AnchosVistos() const;
 
 private:
     void AplicarFormato();
-    // Widens the shown columns to the texts of rows xDesde..xHasta (only the first rows count).
-    void AjustarAnchos(int xDesde, int xHasta);
 
-    QVector<int> mAnchoTextos; // widest text measured per column, in pixels
+    clsAnchosColumnas mAnchos;
 
     clsGrillaFlexible* mGrilla;
 };

@@ -1,6 +1,7 @@
 #include "explorer/ventanas/frmBuscarRegistro.h"
 
 #include "common/ErrorVB.h"
+#include "common/modFunciones.h"
 #include "common/ventanas/modDialogos.h"
 #include "common/ventanas/modRecursosGraficos.h"
 #include "data/clsPDBInterface.h"
@@ -107,6 +108,8 @@ bool frmBuscarRegistro::Buscar() {
         fila = modBuscarRegistro::Buscar(mGrilla->Grilla(), columna, mBase->FieldType(columna),
                                          Txt_Valor->text(), Chk_MayMin->isChecked(),
                                          Chk_Completa->isChecked());
+        // The found row is 16-bit: a row beyond it is an overflow, never a wrapped row.
+        mIndice = modFunciones::Entero16(fila, kFormulario);
     } catch (const ErrorVB& e) {
         Anm_Buscar->Stop();
         Anm_Buscar->hide();
@@ -119,7 +122,6 @@ bool frmBuscarRegistro::Buscar() {
         NoEncontrado();
         return false;
     }
-    mIndice = static_cast<qint16>(fila);
     return true;
 }
 

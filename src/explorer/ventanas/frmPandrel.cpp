@@ -22,6 +22,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScreen>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QStatusBar>
@@ -32,9 +33,11 @@
 namespace {
 const QString kFormulario = QStringLiteral("frmPandrel");
 
-// The window's extents in twips.
-constexpr int kAnchoVentana = 11205;
-constexpr int kAltoVentana = 8130;
+// The window's first extents in twips: room for the tree and for the columns of a typical schema
+// (eight fields, two of them texts and one a date) in the records grid. Where the frame or the
+// screen is smaller the window takes what there is, never less than its minimum.
+constexpr int kAnchoVentana = 19800;
+constexpr int kAltoVentana = 10500;
 
 // Width beyond the minimum a new window opens with, in pixels: what the tree pane can take.
 constexpr int kHolguraArbol = 120;
@@ -294,7 +297,7 @@ bool frmPandrel::MostrarMemoria() {
         modDialogos::MsgBox(this, e.Descripcion(), QMessageBox::Ok, QMessageBox::NoIcon,
                             windowTitle());
     } catch (const std::exception& e) {
-        modDialogos::MsgBox(this, QString::fromLocal8Bit(e.what()), QMessageBox::Ok,
+        modDialogos::MsgBox(this, ErrorVB::De(e, QString()).Descripcion(), QMessageBox::Ok,
                             QMessageBox::NoIcon, windowTitle());
     }
     return false;
@@ -310,8 +313,7 @@ bool frmPandrel::Atrapar(const QString& xProcedimiento, const std::function<void
         if (e.Numero() == ErroresFuente::BaseCambiada)
             QTimer::singleShot(0, this, &frmPandrel::RecargarArbol);
     } catch (const std::exception& e) {
-        MostrarMensajeError(0, QString::fromLocal8Bit(e.what()), QString(), kFormulario,
-                            xProcedimiento);
+        MostrarMensajeError(ErrorVB::De(e, QString()), kFormulario, xProcedimiento);
     }
     return false;
 }
@@ -354,8 +356,15 @@ void frmPandrel::showEvent(QShowEvent* xEvento) {
         disposicion->invalidate();
     layout()->invalidate();
     setMinimumSize(minimumSizeHint());
-    // Room beyond the minimum, so the tree pane can be widened at once.
-    ventana->resize(ventana->size().expandedTo(minimumSize() + marco + QSize(kHolguraArbol, 0)));
+    // Room beyond the minimum, so the tree pane can be widened at once, within the area the
+    // window opens in: the frame's, or the screen's.
+    const QSize minimo = minimumSize() + marco;
+    const QSize lugar = ventana->parentWidget() ? ventana->parentWidget()->size()
+                                                : ventana->screen()->availableGeometry().size();
+    ventana->resize(ventana->size()
+                        .expandedTo(minimo + QSize(kHolguraArbol, 0))
+                        .boundedTo(lugar)
+                        .expandedTo(minimo));
 }
 
 void frmPandrel::closeEvent(QCloseEvent* xEvento) {

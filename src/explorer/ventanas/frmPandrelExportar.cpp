@@ -9,6 +9,7 @@
 #include "explorer/clsGrillaFlexible.h"
 #include "explorer/modExportacion.h"
 #include "explorer/ventanas/clsVistaGrilla.h"
+#include "printing/clsGrillaComoSeVe.h"
 #include "printing/modInformeBase.h"
 #include "printing/ventanas/clsImpresoraQt.h"
 
@@ -47,20 +48,26 @@ bool frmPandrel::ValidarArchivoExportacion(const QString& xArchivo) {
     return modExportacion::ValidarArchivoExportacion(xArchivo, respuestas);
 }
 
-// The report of the grid as it stands, under the window's caption.
+// The report of the grid as it stands and as it shows, its columns as wide as on screen, under
+// the window's caption.
 void frmPandrel::Imprimir() {
     const modImpresionGRD::DialogoImpresora dialogo{
         [this](qint32& xCopias) -> std::shared_ptr<clsImpresora> {
             auto impresora = std::make_shared<QPrinter>(QPrinter::HighResolution);
             if (!modDialogos::ElegirImpresora(this, *impresora)) return nullptr;
             xCopias = impresora->copyCount();
+            // A PDF file the person named that is no place for one is refused here, with the
+            // reason, as the export refuses it.
+            std::shared_ptr<clsImpresora> interfaz;
+            if (!Atrapar(QStringLiteral("Imprimir"),
+                         [&] { interfaz = clsImpresoraQt::Para(*impresora); }))
+                return nullptr;
             // The printer lives as long as the printer interface painting on it.
             struct Juntos {
                 std::shared_ptr<QPrinter> Impresora;
                 std::shared_ptr<clsImpresora> Interfaz;
             };
-            auto juntos =
-                std::make_shared<Juntos>(Juntos{impresora, clsImpresoraQt::Para(*impresora)});
+            auto juntos = std::make_shared<Juntos>(Juntos{impresora, interfaz});
             return std::shared_ptr<clsImpresora>(juntos, juntos->Interfaz.get());
         },
         [this](const QString& xTexto, const QString& xTitulo) {
@@ -68,7 +75,8 @@ void frmPandrel::Imprimir() {
         },
         [this](bool xEspera) { setCursor(xEspera ? Qt::WaitCursor : Qt::ArrowCursor); }};
     try {
-        modInformeBase::ImprimirInforme(*mBase, windowTitle(), grdTabla->Grilla(), dialogo);
+        const clsGrillaComoSeVe tabla(grdTabla->Grilla(), grdTabla->AnchosVistos());
+        modInformeBase::ImprimirInforme(*mBase, windowTitle(), tabla, dialogo);
     } catch (const std::exception&) {
         modDialogos::MsgBox(this, QStringLiteral("Printing error."), QMessageBox::Ok,
                             QMessageBox::Warning, windowTitle());

@@ -42,9 +42,8 @@ void frmPandrel::CargarInformacionBase() {
 
     const qint32 cantidad = mBase->NumRecords();
     mNavegador->EstablecerCantidadRegistros(cantidad);
-    lblCantidadRegistros->setText(QStringLiteral("Record ") +
-                                  (cantidad > 0 ? QStringLiteral("1") : QStringLiteral("0")) +
-                                  QStringLiteral("/ ") + QString::number(cantidad));
+    lblCantidadRegistros->setText(
+        clsNavegadorRegistros::TextoPosicion(cantidad > 0 ? 1 : 0, cantidad));
 
     const clsConfiguracionRegional& regional = clsConfiguracionRegional::Actual();
     lblVersion->setText(modTextosPanel::TextoVersion(mBase->DBVersion(), regional));

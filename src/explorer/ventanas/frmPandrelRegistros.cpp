@@ -26,8 +26,7 @@
 #include <QToolButton>
 #include <QTreeWidget>
 #include <QVBoxLayout>
-#include <cmath>
-#include <limits>
+#include <algorithm>
 
 namespace {
 // The batch size box runs from -1 (all records) to 1000.
@@ -135,11 +134,14 @@ QWidget* frmPandrel::CrearPanelInformacionRegistro() {
         {QStringLiteral("lblTotalRecuperado"), QStringLiteral("Retrieved:"), QString(),
          &lblTotalRecuperado},
     };
+    // Every value has room for the widest the panel can show.
+    const int ancho =
+        fontMetrics().horizontalAdvance(clsNavegadorRegistros::TextoPosicionMasAncho());
     int f = 0;
     for (const auto& e : etiquetas) {
         rejilla->addWidget(Etiqueta(e.Rotulo, fraInformacionRegistro), f, 0);
         *e.Destino = Etiqueta(e.Valor, fraInformacionRegistro, e.Nombre);
-        (*e.Destino)->setMinimumWidth(90);
+        (*e.Destino)->setMinimumWidth(ancho);
         rejilla->addWidget(*e.Destino, f++, 1);
     }
     rejilla->setRowStretch(f, 1);
@@ -197,10 +199,8 @@ QWidget* frmPandrel::CrearSelectorCantidad() {
 }
 
 qint16 frmPandrel::CantidadARecuperar() const {
-    const double valor = std::nearbyint(modFunciones::Val(txtRegistrosARecuperar->text()));
-    if (valor < std::numeric_limits<qint16>::min() || valor > std::numeric_limits<qint16>::max())
-        throw ErrorVB::Overflow(QStringLiteral("frmPandrel"));
-    return static_cast<qint16>(valor);
+    return modFunciones::Entero16(modFunciones::Val(txtRegistrosARecuperar->text()),
+                                  QStringLiteral("frmPandrel"));
 }
 
 QString frmPandrel::NombreBaseElegida() const {
@@ -252,9 +252,10 @@ bool frmPandrel::CargarTabla(bool xReiniciar, qint16 xCantidad) {
             if (tabla.Rows() > 1) grdTabla->SetRow(1);
             lblTotalRecuperado->setText(QString::number(tabla.Rows() - 1));
         }
-        RefrescarRegistro();
+        // The remembered sort moves the current record; the panel then describes where it is.
         const qint16 columna = mNavegador->RecordarBase(NombreBaseElegida());
         if (columna != clsNavegadorRegistros::SinColumna) grdTabla->SetCol(columna);
+        RefrescarRegistro();
     });
 }
 

@@ -72,9 +72,6 @@ protected:
         clsConfiguracionRegional::EstablecerActual(
             QLocale(QLocale::English, QLocale::UnitedStates));
     }
-    void Codificar(qint32 xCampo, const QString& xValor) {
-        CodificarCampo(mRegistro.Bytes, Tipos, xCampo, xValor, TablaCodigoPagina::Predeterminada());
-    }
     RegistroDePrueba mRegistro;
 };
 
@@ -101,42 +98,6 @@ TEST_F(CamposRegistro, LaPosicionDeCadaCampoSaltaLosAnteriores) {
                   PosicionCampo(mRegistro.Bytes, Tipos, 40000, TablaCodigoPagina::Predeterminada());
               }),
               6);
-}
-
-TEST_F(CamposRegistro, UnTextoQueCreceOEncogeMueveLosCamposSiguientes) {
-    const qint32 largo = static_cast<qint32>(mRegistro.Bytes.size());
-    Codificar(4, QStringLiteral("  hello  "));
-    EXPECT_EQ(mRegistro.Bytes.size(), largo + 3);
-    EXPECT_EQ(Textos(mRegistro.Bytes, QStringLiteral("\t")),
-              QStringLiteral("200|-2|70000|1.5|hello|True|2/29/2024 1:05:00 PM|"));
-    Codificar(4, QStringLiteral("x"));
-    EXPECT_EQ(mRegistro.Bytes.size(), largo - 1);
-    EXPECT_EQ(Textos(mRegistro.Bytes, QStringLiteral("\t")),
-              QStringLiteral("200|-2|70000|1.5|x|True|2/29/2024 1:05:00 PM|"));
-}
-
-TEST_F(CamposRegistro, CadaTipoSeCodificaDesdeElTextoDelUsuario) {
-    Codificar(0, QStringLiteral("7"));
-    Codificar(1, QStringLiteral("-300"));
-    Codificar(2, QStringLiteral("-1"));
-    Codificar(3, QStringLiteral("0.25"));
-    Codificar(5, QStringLiteral("False"));
-    Codificar(6, QStringLiteral("1/2/2003 4:05:06 AM"));
-    EXPECT_EQ(Textos(mRegistro.Bytes, QStringLiteral("\t")),
-              QStringLiteral("7|-300|-1|0.25|ab|False|1/2/2003 4:05:06 AM|"));
-
-    const QByteArray antes = mRegistro.Bytes;
-    const struct {
-        qint32 campo;
-        const char* valor;
-        qint32 error;
-    } fallidos[] = {{0, "300", 6}, {1, "abc", 13}, {7, "1", 9}, {-1, "1", 9}};
-    for (const auto& caso : fallidos) {
-        EXPECT_EQ(NumeroDeError([&] { Codificar(caso.campo, QString::fromLatin1(caso.valor)); }),
-                  caso.error)
-            << caso.campo << " " << caso.valor;
-        EXPECT_EQ(mRegistro.Bytes, antes) << caso.campo;
-    }
 }
 
 TEST(NombreTipo, CadaCodigoConSuNombreYDeVuelta) {

@@ -320,9 +320,11 @@ TEST_F(frmPandrelTest, ChoosingAnAppForgeDatabaseShowsItsHeaderSchemaAndRecords)
     EXPECT_EQ(categorias->itemData(3).toInt(), 4);
     EXPECT_TRUE(Mensajes.isEmpty());
 
-    // Moving to another row shows that record.
+    // Moving to another row shows that record; the panel has room for the widest position text.
     Hijo<clsVistaGrilla>("grdTabla")->SetRow(3);
     EXPECT_EQ(Texto("lblCantidadRegistros"), "Record 3/ 3");
+    const QLabel* posicion = Hijo<QLabel>("lblCantidadRegistros");
+    EXPECT_GE(posicion->width(), posicion->fontMetrics().horizontalAdvance("Record 16668/ 65535"));
     EXPECT_TRUE(Hijo<QCheckBox>("chkSecret")->isChecked());
     EXPECT_FALSE(Hijo<QCheckBox>("chkDirty")->isChecked());
 }

@@ -156,13 +156,19 @@ TEST_F(frmPandrelRegistrosTest, BatchesUntilTheEndKeepTheCurrentRow) {
     cantidad->setText("5");
     Tecla(cantidad, Qt::Key_Return);
     EXPECT_EQ(Tabla().Rows(), 6);
-    // Only modified: the dirty records alone; a category shows its index after "/ ".
+    // Only modified: the dirty records alone; a category shows its index after "/ ". Each reload
+    // sorts again by Ok, which takes the first record from row 1: the panel shows where it went.
+    auto* cabecera = mGrilla->horizontalHeader();
+    QTest::mouseClick(cabecera->viewport(), Qt::LeftButton, {},
+                      QPoint(cabecera->sectionViewportPosition(2) + 5, 5));
     cantidad->setText("-1");
     mVentana->findChild<QCheckBox*>("chkSoloModificados")->setChecked(true);
     EXPECT_EQ(Tabla().Rows(), 1 + 9);
     mVentana->findChild<QComboBox*>("cmbCategorias")->setCurrentIndex(3);
     EXPECT_EQ(Tabla().Rows(), 1 + 9);
-    EXPECT_EQ(Texto("lblCantidadRegistros"), "Record 1/ 2");
+    EXPECT_EQ(mGrilla->Row(), 5);
+    EXPECT_EQ(Texto("lblCantidadRegistros"), "Record 5/ 2");
+    EXPECT_EQ(Texto("lblRecordID"), QString::number(Tabla().RowData(5)));
 }
 
 TEST_F(frmPandrelRegistrosTest, AttributeBoxesWriteTheRecord) {
@@ -335,6 +341,27 @@ TEST_F(frmPandrelRegistrosTest, SortingAndFindingByAColumn) {
     }
 }
 
+// The found row is 16-bit: a hit in row 50,040 goes to the error report window as an overflow,
+// and the grid stays on its record instead of moving to a wrapped row.
+TEST_F(frmPandrelRegistrosTest, AFindBeyondRow32767IsAnOverflow) {
+    Tabla().AddItems(QStringList(50000, "Aisle"), QVector<qint32>(50000, 1));
+    mGrilla->SetRow(3);
+    QString numero;
+    AlAbrir<frmBuscarRegistro>([&](frmBuscarRegistro* xDialogo) {
+        auto* valor = xDialogo->findChild<QLineEdit*>("Txt_Valor");
+        valor->setText("Item39");
+        AlAbrir<frmMensajeError>([&](frmMensajeError* xVentana) {
+            numero = xVentana->findChild<QLabel*>("lblErrorNumero")->text();
+            xVentana->close();
+        });
+        QTest::keyClick(valor, Qt::Key_Return);
+        QTest::keyClick(valor, Qt::Key_Escape);
+    });
+    Tecla(mGrilla, Qt::Key_F3);
+    EXPECT_EQ(numero, "6");
+    EXPECT_EQ(Tabla().TextMatrix(mGrilla->Row(), 0), "Item02") << "the same record is current";
+}
+
 // Export asks the file and format, loads every record and writes them; cancel and No change
 // nothing; a failure goes to the error report under the export's procedure.
 TEST_F(frmPandrelRegistrosTest, ExportWritesEveryRecordToTheChosenFile) {
@@ -426,6 +453,11 @@ TEST_F(frmPandrelRegistrosTest, AWriteToAFileThatNowHoldsAnotherDatabaseReloadsT
                  if (xDialogo->isVisible()) QTest::keyClick(nuevo, Qt::Key_Escape);
              });
              Tecla(mGrilla, Qt::Key_Return);
+         }},
+        {"delete",
+         [&] {
+             mGrilla->setCurrentIndex(Tabla().index(2, 1));
+             Tecla(mGrilla, Qt::Key_Delete);
          }},
     };
     const QString archivo = QDir(mDirectorio.path()).filePath("Stock.pdb");
