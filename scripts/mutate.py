@@ -245,10 +245,14 @@ def main():
             print(f"{mutante['name']:<{ancho}}  {estado}{detalle}  [{segundos:.0f} s]", flush=True)
             if estado == "survived":
                 print(f"{'':<{ancho}}  {mutante['why']}", flush=True)
+        # The build holds the last mutant until it is built again from the files as they are.
+        if not construir(build, registro):
+            print(f"the tree as it is did not build again (see {registro})", file=sys.stderr)
     except Interrumpido as interrupcion:
         Proceso.terminar()
         restaurar()
-        print(f"stopped by {interrupcion}; every file is as it was", file=sys.stderr)
+        print(f"stopped by {interrupcion}; every file is as it was (build again before using "
+              f"{build.name}/)", file=sys.stderr)
         return 130
     finally:
         Proceso.terminar()
