@@ -5,6 +5,7 @@
 #include "data/clsPDBInterface.h"
 #include "data/clsPalmPDB.h"
 #include "data/formato/modFuncionesConversion.h"
+#include "data/modDestino.h"
 #include "data/modHandheld.h"
 #include "estandar/clsEstandarPDB.h"
 #include "estandar/modExportacionEstandar.h"
@@ -19,9 +20,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QLibrary>
-#include <QTemporaryFile>
-#include <cerrno>
-#include <cstdio>
 #include <cstring>
 #include <vector>
 
@@ -75,12 +73,6 @@ QString CarpetaPrograma(char** xArgv) {
     return QFileInfo(programa).absolutePath();
 }
 
-// Raised with the file's name and what went wrong.
-ErrorVB ErrorPdf(const QString& xArchivo, const QString& xCausa) {
-    return ErrorVB(75, QStringLiteral("report"),
-                   QStringLiteral("The file %1 cannot be written (%2)").arg(xArchivo, xCausa));
-}
-
 } // namespace
 
 std::unique_ptr<QCoreApplication> CrearAplicacion(int& xArgc, char** xArgv) {
@@ -122,13 +114,10 @@ void Informe(clsPDBInterface& xBase, const QString& xNombre, const QString& xArc
     anchos.Medir(tabla, 0, tabla.Rows() - 1);
     const clsGrillaComoSeVe vista(tabla, anchos.Twips(tabla, gPuntosPorPulgada()));
 
-    // The report is printed beside its name and put in place when whole.
+    // The report is printed beside its name and put in place when whole, by the printer's EndDoc.
     const QString destino = QFileInfo(xArchivo).absoluteFilePath();
-    QTemporaryFile temporal(destino + QStringLiteral(".XXXXXX"));
-    if (!temporal.open()) throw ErrorPdf(destino, temporal.errorString());
-    temporal.close();
-    const QString nombreTemporal = temporal.fileName();
-    std::shared_ptr<clsImpresora> impresora(gImpresoraPdf(&nombreTemporal));
+    modDestino::Comprobar(destino, QStringLiteral("report"));
+    std::shared_ptr<clsImpresora> impresora(gImpresoraPdf(&destino));
     const modImpresionGRD::DialogoImpresora pdf{
         [&](qint32& xCopias) {
             xCopias = 1;
@@ -138,12 +127,6 @@ void Informe(clsPDBInterface& xBase, const QString& xNombre, const QString& xArc
         {}};
     modInformeBase::ImprimirInforme(
         xBase, QStringLiteral("Explorer [") + xNombre + QLatin1Char(']'), vista, pdf);
-    impresora.reset();
-    temporal.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner |
-                            QFileDevice::ReadGroup | QFileDevice::ReadOther);
-    if (std::rename(QFile::encodeName(nombreTemporal).constData(),
-                    QFile::encodeName(destino).constData()) != 0)
-        throw ErrorPdf(destino, QString::fromLocal8Bit(std::strerror(errno)));
 }
 
 std::optional<OrdenExportar> LeerOrdenExportar(const QStringList& xArgumentos) {

@@ -2,7 +2,6 @@
 
 #include <QByteArray>
 #include <algorithm>
-#include <cstdlib>
 #include <stdio.h>
 
 namespace modLotes {
@@ -25,6 +24,24 @@ void Terminar(int xEstado, int& xPeor) {
     std::printf("#end %d\n", xEstado);
     std::fflush(stdout);
     xPeor = std::max(xPeor, xEstado);
+}
+
+// The next line of xEntrada without its end (a line feed, and a carriage return before it, as a
+// script written on Windows ends its lines); false at the end of the input. A line longer than
+// kLineaMaxima is read to its end but not kept: xLarga says so.
+bool LeerLinea(std::FILE* xEntrada, QByteArray& xLinea, bool& xLarga) {
+    xLinea.clear();
+    xLarga = false;
+    int letra = getc_unlocked(xEntrada);
+    if (letra == EOF) return false;
+    for (; letra != EOF && letra != '\n'; letra = getc_unlocked(xEntrada)) {
+        if (xLinea.size() < kLineaMaxima)
+            xLinea.append(static_cast<char>(letra));
+        else
+            xLarga = true;
+    }
+    if (xLinea.endsWith('\r')) xLinea.chop(1);
+    return true;
 }
 
 } // namespace
@@ -85,13 +102,18 @@ Palabras Partir(const QString& xTexto, QStringList& xPalabras) {
 int Ejecutar(std::FILE* xEntrada, const std::function<int(const QStringList&)>& xEjecutar) {
     int peor = 0;
     QString texto;
-    char* linea = nullptr;
-    size_t capacidad = 0;
-    ssize_t leidos;
-    while ((leidos = getline(&linea, &capacidad, xEntrada)) != -1) {
-        QByteArray bytes(linea, leidos);
-        if (bytes.endsWith('\n')) bytes.chop(1);
-        texto += QString::fromUtf8(bytes);
+    QByteArray linea;
+    bool larga = false;
+    while (LeerLinea(xEntrada, linea, larga)) {
+        // A line, or a command of many lines, beyond the limit is no command: it is skipped whole.
+        if (larga || texto.size() + linea.size() > kLineaMaxima) {
+            std::fprintf(stderr, "usage: a command longer than %d bytes was skipped\n",
+                         int(kLineaMaxima));
+            texto.clear();
+            Terminar(2, peor);
+            continue;
+        }
+        texto += QString::fromUtf8(linea);
         QStringList palabras;
         if (Partir(texto, palabras) == Palabras::Incompletas) {
             texto += QLatin1Char('\n');
@@ -100,7 +122,6 @@ int Ejecutar(std::FILE* xEntrada, const std::function<int(const QStringList&)>& 
         texto.clear();
         if (!palabras.isEmpty()) Terminar(xEjecutar(palabras), peor);
     }
-    std::free(linea);
     if (!texto.isEmpty()) {
         std::fputs("usage: the input ends inside a quote or after a backslash\n", stderr);
         Terminar(2, peor);

@@ -21,11 +21,16 @@ enum class Palabras {
 // comment that runs to the end of the line.
 Palabras Partir(const QString& xTexto, QStringList& xPalabras);
 
+// The longest command a batch takes, in bytes of its lines.
+constexpr qsizetype kLineaMaxima = 1024 * 1024;
+
 // Reads commands from xEntrada until its end and runs each through xEjecutar, which prints the
 // command's output and returns the exit status that command would have had; after each command
 // "#end STATUS" follows on stdout, flushed so that a program on the other end of a pipe can
-// answer. Lines without words are skipped. A command left open by the end of the input is
-// reported on stderr as a usage error. Returns the highest status of all the commands.
+// answer. A line ends at a line feed, a carriage return before it included. Lines without words
+// are skipped. A command left open by the end of the input, and one longer than kLineaMaxima
+// (which is not kept in memory), are reported on stderr as usage errors. Returns the highest
+// status of all the commands.
 int Ejecutar(std::FILE* xEntrada, const std::function<int(const QStringList&)>& xEjecutar);
 
 } // namespace modLotes

@@ -9,6 +9,7 @@
 #include "cli/modTextoSalida.h"
 #include "common/ErrorVB.h"
 #include "common/clsConfiguracionRegional.h"
+#include "common/modFunciones.h"
 #include "data/MensajesError.h"
 #include "data/carpeta/clsFuenteCarpeta.h"
 #include "data/clsPalmPDB.h"
@@ -408,7 +409,8 @@ void Correr(Sesion& xSesion, const QString& xComando, const QStringList& xArgume
 // The usage of one command in one line: in a batch every error is one line.
 QString UsoDe(const QString& xComando) {
     if (Comandos().count(xComando) == 0)
-        return QStringLiteral("usage: unknown command \"%1\"").arg(xComando);
+        return QStringLiteral("usage: unknown command \"%1\"")
+            .arg(Escapado(modFunciones::Cita(xComando)));
     for (const QString& linea : QString::fromLatin1(kUso).split(QLatin1Char('\n'))) {
         const QString texto = linea.trimmed();
         if (texto == xComando || texto.startsWith(xComando + QLatin1Char(' ')))
@@ -424,8 +426,8 @@ int CorrerEnLote(Sesion& xSesion, const QStringList& xPalabras) {
     } catch (const ErrorUso&) {
         std::fprintf(stderr, "%s\n", qUtf8Printable(UsoDe(xPalabras.first())));
         return 2;
-    } catch (const ErrorVB& error) {
-        InformarError(error);
+    } catch (const std::exception& error) {
+        InformarError(ErrorVB::De(error, xPalabras.first()));
         return 1;
     }
 }
@@ -462,8 +464,8 @@ int main(int argc, char** argv) {
     } catch (const ErrorUso&) {
         std::fputs(kUso, stderr);
         return 2;
-    } catch (const ErrorVB& error) {
-        InformarError(error);
+    } catch (const std::exception& error) {
+        InformarError(ErrorVB::De(error, QStringLiteral("pandrel-cli")));
         return 1;
     }
 }

@@ -1,5 +1,6 @@
 #include "common/ErrorVB.h"
 
+#include <new>
 #include <utility>
 
 ErrorVB::ErrorVB(qint32 xNumero, QString xFuente, QString xDescripcion)
@@ -11,6 +12,13 @@ ErrorVB::ErrorVB(qint32 xNumero, QString xFuente, QString xDescripcion)
 
 ErrorVB ErrorVB::ConFuente(const QString& xFuente) const {
     return ErrorVB(mNumero, xFuente, mDescripcion);
+}
+
+ErrorVB ErrorVB::De(const std::exception& xFalla, const QString& xFuente) {
+    if (const auto* error = dynamic_cast<const ErrorVB*>(&xFalla)) return *error;
+    if (dynamic_cast<const std::bad_alloc*>(&xFalla))
+        return ErrorVB(SinMemoria, xFuente, QStringLiteral("Out of memory"));
+    return ErrorVB(0, xFuente, QString::fromLocal8Bit(xFalla.what()));
 }
 
 ErrorVB ErrorVB::Overflow(const QString& xFuente) {

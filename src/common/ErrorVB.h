@@ -26,6 +26,12 @@ public:
     static constexpr qint32 SubindiceFueraDeRango = 9; // "Subscript out of range"
     static constexpr qint32 TiposNoCoinciden = 13;     // "Type mismatch"
 
+    static constexpr qint32 SinMemoria = 7; // "Out of memory"
+
+    // The error a caught exception stands for: an ErrorVB as it is, a failed allocation as error
+    // 7 "Out of memory" with source xFuente, anything else as number 0 with its text.
+    static ErrorVB De(const std::exception& xFalla, const QString& xFuente);
+
     static ErrorVB Overflow(const QString& xFuente);
     static ErrorVB SubscriptOutOfRange(const QString& xFuente);
     static ErrorVB TypeMismatch(const QString& xFuente);

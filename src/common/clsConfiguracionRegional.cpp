@@ -51,13 +51,21 @@ clsConfiguracionRegional::clsConfiguracionRegional(const QLocale& xLocale)
     std::memcpy(mOrdenFecha, orden.size() == 3 ? orden.constData() : "Mdy", 4);
 }
 
-const clsConfiguracionRegional& clsConfiguracionRegional::Actual() {
+namespace {
+// The settings in use: set at start-up (and by tests between cases) before any thread reads them;
+// the reading threads of a listing share them read-only.
+clsConfiguracionRegional& EnUso() {
     static clsConfiguracionRegional actual;
     return actual;
 }
+} // namespace
+
+const clsConfiguracionRegional& clsConfiguracionRegional::Actual() {
+    return EnUso();
+}
 
 void clsConfiguracionRegional::EstablecerActual(const QLocale& xLocale) {
-    const_cast<clsConfiguracionRegional&>(Actual()) = clsConfiguracionRegional(xLocale);
+    EnUso() = clsConfiguracionRegional(xLocale);
 }
 
 // ---- Number texts -------------------------------------------------------------------------------
@@ -231,24 +239,17 @@ QString clsConfiguracionRegional::TextoFechaCorta(const QDateTime& xFecha) const
     return Fecha(xFecha, mFechaCorta);
 }
 
-const clsConfiguracionRegional::PatronFecha&
-clsConfiguracionRegional::PatronDe(const QString& xFormato) const {
-    if (mUltimoPatron.empty() || xFormato != mUltimoFormato) {
-        mUltimoPatron =
-            CompilarFormato(xFormato, mLocale, mSeparadorFecha, mSeparadorHora, mFechaCorta);
-        mUltimoFormato = xFormato;
-    }
-    return mUltimoPatron;
-}
-
 QString clsConfiguracionRegional::TextoKilobytes(double xBytes, const QString& xFormato) const {
     const double kb = modFunciones::Kilobytes(xBytes);
     return (xFormato.isEmpty() ? TextoNumero(kb) : Formato(kb, xFormato)) + QStringLiteral(" KB");
 }
 
+// The format is compiled at each call: it is asked for a few dates at a time (a header, a page),
+// never per record, and an object that keeps nothing between calls is safe on any thread.
 QString clsConfiguracionRegional::FormatoFecha(const QDateTime& xFecha,
                                                const QString& xFormato) const {
-    return Fecha(xFecha, PatronDe(xFormato));
+    return Fecha(xFecha,
+                 CompilarFormato(xFormato, mLocale, mSeparadorFecha, mSeparadorHora, mFechaCorta));
 }
 
 // ---- Conversions of a user's text ---------------------------------------------------------------

@@ -12,11 +12,14 @@
 // The desktop's regional settings: number and date texts, and the conversions of a user's text
 // into a typed value. The windows use the system locale, pandrel-cli en_US unless told otherwise,
 // tests pick theirs. Conversions raise ErrorVB 13 (type mismatch) for a text that does not convert
-// and 6 (overflow) for a value out of range.
+// and 6 (overflow) for a value out of range. An object changes only by assignment, so threads
+// may read one at once.
 class clsConfiguracionRegional {
 public:
     explicit clsConfiguracionRegional(const QLocale& xLocale = QLocale::system());
 
+    // The settings the program uses. EstablecerActual replaces them; it is called at start-up,
+    // before any thread reads them, and never while a listing's threads run.
     static const clsConfiguracionRegional& Actual();
     static void EstablecerActual(const QLocale& xLocale);
 
@@ -57,7 +60,6 @@ public:
 
 private:
     QString Fecha(const QDateTime& xFecha, const PatronFecha& xPatron) const;
-    const PatronFecha& PatronDe(const QString& xFormato) const;
     double LeerNumero(const QString& xTexto, const char* xFuente) const;
 
     QLocale mLocale;
@@ -74,7 +76,4 @@ private:
     qsizetype mLargoFechaGeneral = -1; // the longest general date text, -1 when names are in it
     bool mHoraSola = false;            // the long time writes the time of day alone
     quint64 mVersion = 0;              // which settings these are, for texts kept between calls
-    // The last format given to FormatoFecha, compiled.
-    mutable QString mUltimoFormato;
-    mutable PatronFecha mUltimoPatron;
 };

@@ -189,19 +189,36 @@ double Kilobytes(double xBytes) {
     return std::nearbyint(xBytes * 25.0 / 256.0) / 100.0;
 }
 
-double Val(const QString& xTexto) {
-    const QString texto = xTexto.trimmed();
-    qsizetype fin = 0;
-    if (fin < texto.size() && (texto[fin] == QLatin1Char('-') || texto[fin] == QLatin1Char('+')))
-        ++fin;
-    while (fin < texto.size() && texto[fin].isDigit())
-        ++fin;
-    if (fin < texto.size() && texto[fin] == QLatin1Char('.'))
-        for (++fin; fin < texto.size() && texto[fin].isDigit();)
-            ++fin;
-    bool ok = false;
-    const double valor = texto.left(fin).toDouble(&ok);
-    return ok ? valor : 0.0;
+QString Cita(const QString& xTexto, qsizetype xMaximo) {
+    if (xTexto.size() <= xMaximo) return xTexto;
+    return xTexto.left(xMaximo) + QStringLiteral("...");
+}
+
+QString DestinoFinal(const QString& xRuta) {
+    QFileInfo destino(xRuta);
+    for (int saltos = 0; destino.isSymLink(); ++saltos) {
+        if (saltos == 128) return QString();
+        destino.setFile(destino.symLinkTarget());
+    }
+    return destino.absoluteFilePath();
+}
+
+double Val(QStringView xTexto) {
+    QByteArray numero;
+    bool punto = false;
+    for (const QChar c : xTexto) {
+        if (c.isSpace()) continue;
+        const char16_t letra = c.unicode();
+        const bool cifra = letra >= u'0' && letra <= u'9';
+        const bool signo = (letra == u'-' || letra == u'+') && numero.isEmpty();
+        const bool primerPunto = letra == u'.' && !punto;
+        if (!cifra && !signo && !primerPunto) break;
+        punto = punto || primerPunto;
+        numero += char(letra);
+    }
+    bool correcto = false;
+    const double valor = numero.toDouble(&correcto);
+    return correcto ? valor : 0.0;
 }
 
 } // namespace modFunciones

@@ -23,8 +23,19 @@ double Kilobytes(double xBytes);
 // 32767 it raises ErrorVB 6 (overflow) with source xFuente instead of wrapping.
 qint16 Entero16(double xValor, const QString& xFuente);
 
-// The number at the start of a text, blanks before it skipped: "4" gives 4, " -4.5x" -4.5, "x" 0.
-double Val(const QString& xTexto);
+// The number at the start of a text, as the desktop's Val reads it: blanks anywhere in it are
+// skipped, a sign may lead and a decimal point follow the digits; "4" gives 4, " -4.5x" -4.5,
+// "1 2" 12, "x" 0.
+double Val(QStringView xTexto);
+
+// A person's text as a message quotes it: whole when short, otherwise its first xMaximo
+// characters and "...", so that a message stays a line however long the text.
+QString Cita(const QString& xTexto, qsizetype xMaximo = 60);
+
+// The file a write to xRuta reaches: a link is followed to where it leads, link after link, as
+// QSaveFile follows them, whether or not the last one exists; "" for links that lead round in a
+// loop.
+QString DestinoFinal(const QString& xRuta);
 
 // Creates the folder and every missing folder above it; raises ErrorVB when it cannot.
 void CrearCarpeta(const QString& xCarpeta);

@@ -166,6 +166,12 @@ public:
     virtual QString CodigoATexto(qint32 xCodigo, qint32 xOpcion) const = 0;
     // Name of the handheld's code page (for QStringDecoder), in which its texts are written.
     virtual QString CodigoPagina() const = 0;
+    // True when a file written at xArchivo (links followed) would land on one of the handheld's
+    // own files: a database, its settings, its archive, a lock.
+    virtual bool EsArchivoPropio(const QString& xArchivo) const {
+        Q_UNUSED(xArchivo);
+        return false;
+    }
 };
 
 // Numbers of the errors a source raises (the 0x80042000 range of the source).

@@ -8,17 +8,12 @@
 #include "data/modHandheld.h"
 
 #include <cstring>
-#include <limits>
 #include <utility>
 
 using namespace modCamposRegistro;
 using namespace modFuncionesConversion;
 
 namespace {
-
-constexpr qint32 BaseYaAbierta = ErrorBase + 1001;
-constexpr qint32 BaseCerrada = ErrorBase + 1002;
-constexpr qint32 BaseSinEsquema = ErrorBase + 1004;
 
 // Layout of the AppForge schema inside the AppInfo block, as the reader walks it.
 constexpr qint32 PosicionMarca = 276;
@@ -33,28 +28,10 @@ const char* const ClaseRecursos = "PDDirect.PDResourceAdapter";
 // Attribute flags that make WriteRecordAttributes take the given value.
 constexpr qint32 FlagsAtributos = 0x80 | 0x40 | 0x10 | 0x08;
 
-ErrorVB ErrorDeBase(qint32 xNumero, const char* xFuente, int xMensaje) {
-    return ErrorVB(xNumero, QString::fromLatin1(xFuente), MensajesError[xMensaje]);
-}
-
-// Val: the number at the start of a text, blanks skipped; 0 when there is none.
-qint64 ValorInicial(QStringView xTexto) {
-    qint64 valor = 0;
-    bool negativo = false;
-    bool conSigno = false;
-    for (const QChar c : xTexto) {
-        if (c.isSpace()) continue;
-        if (!conSigno && valor == 0 && (c == QLatin1Char('-') || c == QLatin1Char('+'))) {
-            negativo = c == QLatin1Char('-');
-            conSigno = true;
-            continue;
-        }
-        if (c < QLatin1Char('0') || c > QLatin1Char('9')) break;
-        conSigno = true;
-        valor = valor * 10 + (c.unicode() - '0');
-        if (valor > std::numeric_limits<qint32>::max()) break;
-    }
-    return negativo ? -valor : valor;
+// The kind number of a catalogue entry, read from the text after its first "*": the whole part of
+// the number it starts with.
+qint64 NumeroDeClase(QStringView xTexto) {
+    return static_cast<qint64>(qBound(-9e18, modFunciones::Val(xTexto), 9e18));
 }
 
 // The record's text without the separator after its last field, into xRegistro (whose buffer is
@@ -79,15 +56,15 @@ clsPalmPDB::clsPalmPDB(std::shared_ptr<clsFuentePalm> xFuente)
 // ---- State checks -------------------------------------------------------------------------------
 
 void clsPalmPDB::VerificarAbierta(const char* xOperacion) const {
-    if (!mBaseAbierta) throw ErrorDeBase(BaseCerrada, xOperacion, 1);
+    if (!mBaseAbierta) throw ErrorDeBase(ErroresBase::Cerrada, xOperacion);
 }
 
 void clsPalmPDB::VerificarCerrada(const char* xOperacion) const {
-    if (mBaseAbierta && !mEnumerando) throw ErrorDeBase(BaseYaAbierta, xOperacion, 0);
+    if (mBaseAbierta && !mEnumerando) throw ErrorDeBase(ErroresBase::YaAbierta, xOperacion);
 }
 
 void clsPalmPDB::VerificarEsquema(const char* xOperacion) const {
-    if (!mEsAppForge) throw ErrorDeBase(BaseSinEsquema, xOperacion, 3);
+    if (!mEsAppForge) throw ErrorDeBase(ErroresBase::SinEsquema, xOperacion);
 }
 
 // The record adapter; a resource database has none, which is the error of a missing object.
@@ -235,7 +212,7 @@ QString clsPalmPDB::RetrieveDataBases(const QString& xCreatorID, const QString& 
     for (const QString& entrada : lista) {
         const qsizetype estrella = entrada.indexOf(QLatin1Char('*'));
         resultado += entrada.left(estrella) + QLatin1Char('*') +
-                     QString::number(ValorInicial(QStringView(entrada).mid(estrella + 1))) +
+                     QString::number(NumeroDeClase(QStringView(entrada).mid(estrella + 1))) +
                      xSeparador;
     }
     return resultado;
@@ -518,6 +495,12 @@ void clsPalmPDB::AplicarAtributos(RegistroPalm& xRegistro, qint32 xAttributes) {
 
 bool clsPalmPDB::WriteRecordAttributes(qint32 xRecordID, qint32 xAttributes) {
     VerificarAbierta("WriteRecordAttributes");
+    // The attribute byte holds no more: a larger value would lose its high bits silently.
+    if (xAttributes < 0 || xAttributes > 255)
+        throw ErrorVB(ErrorVB::Desbordamiento, QStringLiteral("WriteRecordAttributes"),
+                      QStringLiteral("The attributes %1 are not a byte: give a value from 0 to "
+                                     "255.")
+                          .arg(xAttributes));
     clsAdaptadorRegistros& adaptador = Registros("WriteRecordAttributes");
     mIDActual = xRecordID;
     // Only the attribute byte of the record as it is on disk changes.
@@ -539,12 +522,17 @@ QString clsPalmPDB::CategoryName(qint32 xIndex) {
     return Registros("CategoryName").Categorias().NombreCategoria(xIndex);
 }
 
+// A record that cannot be deleted (an ID the database does not hold, a resource database) gives
+// False; a write that fails is an error like any other write's, as the record is still there.
 bool clsPalmPDB::DeleteRecord(qint32 xRecordID) {
     VerificarAbierta("DeleteRecord");
     try {
         Registros("DeleteRecord").BorrarRegistro(xRecordID);
         return true;
-    } catch (const ErrorVB&) {
+    } catch (const ErrorVB& error) {
+        if (error.Numero() == ErroresFuente::EscrituraFallida ||
+            error.Numero() == ErroresFuente::BaseCambiada)
+            throw;
         return false;
     }
 }

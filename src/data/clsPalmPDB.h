@@ -69,6 +69,12 @@ public:
     // where ReadRecord's reading ends (past the last record, or at a last record whose ID is 0); it
     // changes nothing of this object, so threads may call it at once, each with its own
     // LecturaIndice, while nobody writes and when LecturaCompartible says so.
+    //
+    // What the reading threads share, all of it read-only while they run: this object, its
+    // record adapter and the open database's bytes and layout (clsBaseAbierta), the code page's
+    // table (single-byte pages only) and the regional settings (clsConfiguracionRegional::Actual,
+    // set before the threads start). Each thread has its own LecturaIndice and output, and the
+    // texts of days written are kept per thread (modEscrituraFecha).
     struct LecturaIndice {
         RegistroPalm Leido;
         clsBufferTexto Texto;

@@ -9,10 +9,6 @@
 
 namespace {
 
-constexpr qint32 BaseYaAbierta = ErrorBase + 1001;
-constexpr qint32 BaseCerrada = ErrorBase + 1002;
-constexpr qint32 BaseSinEsquema = ErrorBase + 1004;
-
 // The kind of the database an information object describes.
 ClaseEstandar ClaseDeInfo(const clsInfoBase& xInfo) {
     if (xInfo.AtributosBase() & 1) return ClaseEstandar::Ninguna; // a resource database
@@ -37,16 +33,15 @@ ClaseEstandar clsEstandarPDB::ClaseDeBase(clsFuentePalm& xFuente, const QString&
 // ---- Open and close -----------------------------------------------------------------------------
 
 void clsEstandarPDB::VerificarAbierta(const char* xOperacion) const {
-    if (!mAbierta) throw ErrorVB(BaseCerrada, QString::fromLatin1(xOperacion), MensajesError[1]);
+    if (!mAbierta) throw ErrorDeBase(ErroresBase::Cerrada, xOperacion);
 }
 
 void clsEstandarPDB::VerificarEsquema(const char* xOperacion) const {
-    if (!mDecodificador)
-        throw ErrorVB(BaseSinEsquema, QString::fromLatin1(xOperacion), MensajesError[3]);
+    if (!mDecodificador) throw ErrorDeBase(ErroresBase::SinEsquema, xOperacion);
 }
 
 bool clsEstandarPDB::OpenFile(const QString& xFile) {
-    if (mAbierta) throw ErrorVB(BaseYaAbierta, QStringLiteral("OpenFile"), MensajesError[0]);
+    if (mAbierta) throw ErrorDeBase(ErroresBase::YaAbierta, "OpenFile");
     const auto info = mGestor->BuscarBase(xFile);
     const ClaseEstandar clase = ClaseDeInfo(*info);
     if (clase == ClaseEstandar::Ninguna) {

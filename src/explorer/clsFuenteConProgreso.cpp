@@ -52,3 +52,7 @@ QString clsFuenteConProgreso::CodigoATexto(qint32 xCodigo, qint32 xOpcion) const
 QString clsFuenteConProgreso::CodigoPagina() const {
     return mFuente->CodigoPagina();
 }
+
+bool clsFuenteConProgreso::EsArchivoPropio(const QString& xArchivo) const {
+    return mFuente->EsArchivoPropio(xArchivo);
+}

@@ -18,6 +18,7 @@ public:
     std::unique_ptr<clsSistemaPalm> CrearSistema() override;
     QString CodigoATexto(qint32 xCodigo, qint32 xOpcion) const override;
     QString CodigoPagina() const override;
+    bool EsArchivoPropio(const QString& xArchivo) const override;
 
     struct Recorrido {
         int Hechas = 0;

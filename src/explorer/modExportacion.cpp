@@ -2,6 +2,7 @@
 
 #include "common/ErrorVB.h"
 #include "common/modFunciones.h"
+#include "data/modDestino.h"
 #include "explorer/clsGrillaFlexible.h"
 
 #include <QDir>
@@ -21,10 +22,10 @@ const QString kFuente = QStringLiteral("modExportacion");
 // Lines are gathered in memory and written in blocks of about this size.
 constexpr qsizetype kBloque = 1 << 20;
 
-ErrorVB ErrorArchivo(qint32 xNumero, const QString& xDescripcion, const QSaveFile& xArchivo) {
+ErrorVB ErrorArchivo(qint32 xNumero, const QString& xDescripcion, const QString& xArchivo,
+                     const clsEscrituraSegura& xEscritura) {
     return ErrorVB(xNumero, kFuente,
-                   QStringLiteral("%1: %2 (%3)")
-                       .arg(xDescripcion, xArchivo.fileName(), xArchivo.errorString()));
+                   QStringLiteral("%1: %2 (%3)").arg(xDescripcion, xArchivo, xEscritura.Error()));
 }
 
 // Strict CSV quotes a cell holding a comma (unless it becomes a full stop), a quote or a line
@@ -73,6 +74,7 @@ bool ValidarArchivoExportacion(const QString& xArchivo, const Respuestas& xRespu
         xRespuestas.Avisar(QStringLiteral("Invalid file name"));
         return false;
     }
+    modDestino::Comprobar(archivo, QStringLiteral("ValidarArchivoExportacion"));
     if (QFileInfo::exists(archivo) &&
         !xRespuestas.Preguntar(QStringLiteral("The file already exist, replace it?")))
         return false;
@@ -88,16 +90,14 @@ bool ValidarArchivoExportacion(const QString& xArchivo, const Respuestas& xRespu
 clsArchivoExportacion::clsArchivoExportacion(
     const QString& xArchivo, Formato xFormato, QStringList xTipos,
     const modFuncionesConversion::TablaCodigoPagina& xTabla)
-    : mArchivo(xArchivo), mFormato(xFormato), mTipos(std::move(xTipos)), mTabla(xTabla),
-      mSeparador(xFormato == Formato::Tabulado ? '\t' : ',') {
+    : mNombre(xArchivo), mArchivo(xArchivo), mFormato(xFormato), mTipos(std::move(xTipos)),
+      mTabla(xTabla), mSeparador(xFormato == Formato::Tabulado ? '\t' : ',') {
     for (const QString& tipo : std::as_const(mTipos)) {
         mEsTexto.push_back(tipo == QLatin1String("String"));
         mEsSingle.push_back(tipo == QLatin1String("Single"));
     }
-    // No other program sees the file before it is whole.
-    mArchivo.setDirectWriteFallback(false);
-    if (!mArchivo.open(QIODevice::WriteOnly))
-        throw ErrorArchivo(75, QStringLiteral("The file cannot be created"), mArchivo);
+    if (!mArchivo.Abrir())
+        throw ErrorArchivo(75, QStringLiteral("The file cannot be created"), mNombre, mArchivo);
     for (int c = 0; c < 128; ++c) {
         mAscii[c] = char(mTabla.Byte(QChar(c)));
         mAsciiIgual = mAsciiIgual && mAscii[c] == char(c);
@@ -205,15 +205,15 @@ char* clsArchivoExportacion::Espacio(qsizetype xBytes) {
 }
 
 void clsArchivoExportacion::Volcar() {
-    if (mUsado > 0 && mArchivo.write(mBuffer.data(), mUsado) != mUsado)
-        throw ErrorArchivo(57, QStringLiteral("The file cannot be written"), mArchivo);
+    if (mUsado > 0 && !mArchivo.Escribir(QByteArrayView(mBuffer.data(), mUsado)))
+        throw ErrorArchivo(57, QStringLiteral("The file cannot be written"), mNombre, mArchivo);
     mUsado = 0;
 }
 
 void clsArchivoExportacion::Terminar() {
     Volcar();
-    if (!mArchivo.commit())
-        throw ErrorArchivo(57, QStringLiteral("The file cannot be written"), mArchivo);
+    if (!mArchivo.Terminar())
+        throw ErrorArchivo(57, QStringLiteral("The file cannot be written"), mNombre, mArchivo);
 }
 
 void ExportarGrilla(const clsGrillaFlexible& xGrilla, const QString& xArchivo, Formato xFormato,

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "common/clsEscrituraSegura.h"
 #include "data/formato/modFuncionesConversion.h"
 
 #include <QByteArray>
-#include <QSaveFile>
 #include <QString>
 #include <QStringList>
 #include <QStringView>
@@ -50,7 +50,7 @@ struct Respuestas {
 
 // Checks and prepares the target: an empty name is refused, an existing file is replaced only
 // after Yes, a missing folder is created (every missing level) only after Yes. True when the
-// export may go on.
+// export may go on. A target that is no place for a file (see modDestino) raises ErrorVB 75.
 bool ValidarArchivoExportacion(const QString& xArchivo, const Respuestas& xRespuestas);
 
 // One export being written. Raises ErrorVB when the file cannot be created or written.
@@ -82,7 +82,8 @@ private:
     }
     void Volcar();
 
-    QSaveFile mArchivo;
+    QString mNombre;
+    clsEscrituraSegura mArchivo;
     Formato mFormato;
     QStringList mTipos;
     std::vector<bool> mEsTexto;

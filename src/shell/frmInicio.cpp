@@ -60,8 +60,7 @@ template <typename Trabajo> void ConTrampa(const QString& xProcedimiento, Trabaj
     } catch (const ErrorVB& e) {
         MostrarMensajeError(e, kFormulario, xProcedimiento);
     } catch (const std::exception& e) {
-        MostrarMensajeError(0, QString::fromLocal8Bit(e.what()), QString(), kFormulario,
-                            xProcedimiento);
+        MostrarMensajeError(ErrorVB::De(e, QString()), kFormulario, xProcedimiento);
     }
 }
 } // namespace

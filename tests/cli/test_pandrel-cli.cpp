@@ -4,10 +4,13 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QMap>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
 #include <tuple>
 
 namespace {
@@ -148,6 +151,7 @@ TEST_F(PandrelCli, EveryCommandEscapesTabsLineBreaksAndBackslashes) {
                                {"Count", clsConstructorBase::Int},
                                {"B", clsConstructorBase::String}});
     base.AgregarRegistro({"x\ty\\z\r\nw", 7, "plain"});
+    base.AgregarRegistro({"a\rb", 8, "lone\rcarriage return"}); // nothing else to escape
     // Three copies of one database: two warnings, each once per command.
     for (const char* archivo : {"/Tabs.pdb", "/Tabs2.pdb", "/Tabs3.pdb"})
         base.Guardar(Handheld() + archivo);
@@ -157,6 +161,7 @@ TEST_F(PandrelCli, EveryCommandEscapesTabsLineBreaksAndBackslashes) {
     basura.close();
 
     const QString id = QString::number(0x100001);
+    const QString id2 = QString::number(0x100002);
     const struct {
         QStringList Argumentos;
         QString Salida;
@@ -165,9 +170,10 @@ TEST_F(PandrelCli, EveryCommandEscapesTabsLineBreaksAndBackslashes) {
         {{"databases", "T\tN\n"}, "Tab\\tName\\r\\n\t1\n"},
         {{"schema", "Tab\tName\r\n"}, "Note\\tA\tString\nCount\tInt\nB\tString\n"},
         {{"categories", "Tab\tName\r\n"}, "Unfiled\nPer\\\\sonal\nTravel\n"},
-        {{"records", "Tab\tName\r\n"}, id + "\tx\\ty\\\\z\\r\\nw\t7\tplain\n"},
+        {{"records", "Tab\tName\r\n"},
+         id + "\tx\\ty\\\\z\\r\\nw\t7\tplain\n" + id2 + "\ta\\rb\t8\tlone\\rcarriage return\n"},
         {{"records", "Tab\tName\r\n", "--separator", "\\t"},
-         id + "\tx\\ty\\\\z\\r\\nw\t7\tplain\n"},
+         id + "\tx\\ty\\\\z\\r\\nw\t7\tplain\n" + id2 + "\ta\\rb\t8\tlone\\rcarriage return\n"},
         {{"get", "Tab\tName\r\n", id, "--separator", ","}, "\"x\\ty\\\\z\\r\\nw\",7,\"plain\"\n"},
     };
     for (const auto& caso : casos) {
@@ -432,6 +438,54 @@ TEST_F(PandrelCli, ReportPrintsThePagesToAPdfFile) {
     EXPECT_EQ(QDir(mCarpeta.path()).entryList({"*.pdf*"}), QStringList({"batch.pdf", "stock.pdf"}));
 }
 
+// export and report write only a regular file or a new name, and follow a link alike; anything
+// else (a FIFO, a device, a folder, a database or the archive being read) is refused and stays
+// as it was.
+TEST_F(PandrelCli, ExportAndReportWriteOnlyWhereAFileBelongs) {
+    const QString zip = mCarpeta.filePath("sample.zip");
+    ASSERT_TRUE(modZipPrueba::GuardarZip(zip, modZipPrueba::DeCarpeta(Handheld())));
+    const QString fifo = mCarpeta.filePath("fifo.txt");
+    const QString dispositivo = mCarpeta.filePath("null.txt");
+    ASSERT_EQ(::mkfifo(QFile::encodeName(fifo).constData(), 0600), 0);
+    QDir(mCarpeta.path()).mkdir("folder.txt");
+    const auto bytes = [](const QString& xArchivo) {
+        QFile archivo(xArchivo);
+        return archivo.open(QIODevice::ReadOnly) ? archivo.readAll() : QByteArray();
+    };
+    const QString base = Handheld() + "/InvTrackDB.pdb";
+    const QByteArray antes = bytes(base) + bytes(zip);
+    // By handheld: the targets refused.
+    QList<QPair<QString, QString>> rechazados = {{Handheld(), fifo},
+                                                 {Handheld(), mCarpeta.filePath("folder.txt")},
+                                                 {Handheld(), base},
+                                                 {Handheld(), Handheld() + "/New.pdb"},
+                                                 {zip, zip}};
+    if (::mknod(QFile::encodeName(dispositivo).constData(), S_IFCHR | 0600, makedev(1, 3)) == 0)
+        rechazados.append({Handheld(), dispositivo}); // only root makes a device
+    for (const auto& [handheld, destino] : rechazados) {
+        for (const QStringList& orden : {QStringList{"export", "InvTrackDB", destino},
+                                         QStringList{"report", "InvTrackDB", "--pdf", destino}}) {
+            const Resultado resultado = Ejecutar(QStringList{"--handheld", handheld} + orden);
+            EXPECT_EQ(resultado.Estado, 1) << orden.join(' ').toStdString();
+            EXPECT_TRUE(resultado.Errores.startsWith("Error 75: "))
+                << resultado.Errores.toStdString();
+        }
+    }
+    EXPECT_FALSE(QFileInfo(fifo).isFile());
+    EXPECT_EQ(bytes(base) + bytes(zip), antes);
+    EXPECT_FALSE(QFile::exists(Handheld() + "/New.pdb"));
+
+    // A link is followed by both: the file it leads to is written and the link stays.
+    const QString enlace = mCarpeta.filePath("link.txt");
+    ASSERT_TRUE(QFile::link(mCarpeta.filePath("real.txt"), enlace));
+    for (const QStringList& orden : {QStringList{"export", "InvTrackDB", enlace},
+                                     QStringList{"report", "InvTrackDB", "--pdf", enlace}}) {
+        ASSERT_EQ(Ejecutar(orden).Estado, 0) << orden.join(' ').toStdString();
+        EXPECT_TRUE(QFileInfo(enlace).isSymLink());
+        EXPECT_EQ(bytes(mCarpeta.filePath("real.txt")).startsWith("%PDF"), orden[0] == "report");
+    }
+}
+
 // The sample zipped reads as its folder does and takes an update.
 TEST_F(PandrelCli, AZipBackupReadsAsItsFolderAndTakesUpdates) {
     const QString zip = mCarpeta.filePath("sample.zip");
@@ -520,6 +574,11 @@ TEST_F(PandrelCli, BatchRunsEachLineAsACommandAndKeepsItsDatabaseOpen) {
              " 0 O\\'Hara\\ Bros",
          id + "\n", 0},
         {"get VisitLogDB " + ref, "O'Hara Bros\t*", 0},
+        {"update VisitLogDB " + ref + " 0 Item#2 # a # inside a word is the word's", id + "\n", 0},
+        {"get VisitLogDB " + ref, "Item#2\t*", 0},
+        // A script written on Windows: the CR before the line feed ends the line.
+        {"update VisitLogDB " + ref + " 0 Crlf\r", id + "\n", 0},
+        {"get VisitLogDB " + ref + "\r", "Crlf\t*", 0},
         {"update VisitLogDB " + ref + " 0 ''", id + "\n", 0},
         {"get VisitLogDB " + ref + " --separator ,", "\"\",*", 0},
         {"update VisitLogDB " + ref + " 3 'two\nlines' # one command", id + "\n", 0},
@@ -528,6 +587,11 @@ TEST_F(PandrelCli, BatchRunsEachLineAsACommandAndKeepsItsDatabaseOpen) {
         {"frobnicate", "", 2},
         {"get VisitLogDB", "", 2},
         {"batch", "", 2},
+        // A NUL would end the text early and shift the fields after it: refused.
+        {"update VisitLogDB " + ref + " 0 " + QByteArray("A\0B", 3), "", 1},
+        {"\"bad\ncmd\"", "", 2},
+        {QByteArray(1024 * 1024 + 1, 'x'), "", 2},
+        {"get VisitLogDB " + ref + " --separator ,", "\"\",*", 0},
         {"creators", "InvT\nPrLs\nVsLg\n", 0},
         {"header VisitLogDB", "Type: DATA\n*", 0},
     };
@@ -547,20 +611,30 @@ TEST_F(PandrelCli, BatchRunsEachLineAsACommandAndKeepsItsDatabaseOpen) {
     EXPECT_EQ(lote.Enviar("schema PriceListDB").second, 0);
     EXPECT_EQ(lote.Enviar("get VisitLogDB " + ref).first.section('\t', 2, 2), "77");
 
-    // Input that ends inside a quote is one more failed command; the batch ends with the
-    // highest status, each error on one line.
-    const auto [estado, salida, errores] = lote.Terminar("get 'VisitLogDB\n");
+    // The batch ends with the highest status of its commands, though its last one succeeded;
+    // each error took one line.
+    const auto [estado, salida, errores] = lote.Terminar("creators --kind other\n");
     EXPECT_EQ(estado, 2);
-    EXPECT_EQ(salida, "#end 2\n");
+    EXPECT_EQ(salida, "FNot\nexps\npsys\n#end 0\n");
     const QStringList esperados = {"Error ",
                                    "Error 6: Overflow",
                                    "usage: unknown command",
                                    "usage: get DB ID",
                                    "usage: unknown command \"batch\"",
-                                   "usage: the input ends inside a quote"};
+                                   "Error 5: The text \"A\\\\0B\" holds a NUL",
+                                   "usage: unknown command \"bad\\ncmd\"",
+                                   "usage: a command longer than 1048576 bytes"};
     ASSERT_EQ(errores.size(), esperados.size()) << errores.join('\n').toStdString();
     for (int i = 0; i < esperados.size(); ++i)
         EXPECT_TRUE(errores[i].startsWith(esperados[i])) << errores[i].toStdString();
+
+    // Input that ends inside a quote is one more failed command.
+    const auto [estadoAbierta, salidaAbierta, erroresAbierta] =
+        Lote(Handheld()).Terminar("get 'VisitLogDB\n");
+    EXPECT_EQ(estadoAbierta, 2);
+    EXPECT_EQ(salidaAbierta, "#end 2\n");
+    EXPECT_EQ(erroresAbierta, QStringList({"usage: the input ends inside a quote or after a "
+                                           "backslash"}));
 }
 
 // A batch holds the database open while another process writes the same record: each write lands

@@ -91,6 +91,21 @@ TEST(Kilobytes, UnaSolaReglaDeRedondeo) {
     }
 }
 
+// The number a text starts with, blanks anywhere in it skipped; the catalogue's kind numbers, the
+// find's numbers and the batch size all read through it.
+TEST(Val, ElNumeroAlPrincipioDelTexto) {
+    const struct {
+        const char* Texto;
+        double Valor;
+    } casos[] = {
+        {"4", 4},       {" -4.5x", -4.5}, {"1 2", 12},   {"\t7\n", 7}, {"+3", 3}, {"- 3", -3},
+        {"1.2.3", 1.2}, {"1e5", 1},       {".5", 0.5},   {"x", 0},     {"", 0},   {"-", 0},
+        {"+-3", 0},     {"0-5", 0},       {"12*1*", 12}, {"b*1*", 0},
+    };
+    for (const auto& caso : casos)
+        EXPECT_EQ(modFunciones::Val(QString::fromLatin1(caso.Texto)), caso.Valor) << caso.Texto;
+}
+
 TEST(CrearCarpeta, CreaCadaNivelYFallaSobreUnArchivo) {
     QTemporaryDir base;
     ASSERT_TRUE(base.isValid());

@@ -412,6 +412,10 @@ TEST_F(PalmPDBTest, UnaConversionFallidaNoEscribeNada) {
         {"Completa", 6, "1/19/1972 3:14:08 AM", ErrorVB::Desbordamiento},
         {"Completa", 7, QString::fromUtf8("\u03a9"),
          modFuncionesConversion::ErrorTextoNoCodificable},
+        // A NUL would end the text there and shift every later field.
+        {"Completa", 4, QString("A") + QChar(0) + "B",
+         modFuncionesConversion::ErrorTextoNoCodificable},
+        {"Clientes", 0, QString(QChar(0)), modFuncionesConversion::ErrorTextoNoCodificable},
         // The 16-bit field counter overflows before the schema runs out of fields.
         {"Clientes", 32768, "1", ErrorVB::SubindiceFueraDeRango},
         {"Clientes", 32769, "1", ErrorVB::Desbordamiento},
@@ -561,7 +565,7 @@ TEST_F(PalmPDBTest, EscribirAtributos) {
         qint32 despues;
     } casos[] = {
         {0x40, 0, 0x40},    {0x40, 0x10, 0x10},        {0, 0x88, 0x88},
-        {0x40, 0x20, 0x40}, {0x80, 0x40 | 0x20, 0x60},
+        {0x40, 0x20, 0x40}, {0x80, 0x40 | 0x20, 0x60}, {0x40, 0x08, 0},
     };
     for (const auto& caso : casos) {
         GuardarClientes({"00", "2020782000000500"}, 1, [&](clsConstructorBase& xBase) {
@@ -662,9 +666,13 @@ TEST_F(PalmPDBTest, Borrar) {
     EXPECT_EQ(Archivo("Clientes").Registros.size(), 2);
     const auto permisos = QFile::permissions(Ruta("Clientes"));
     QFile::setPermissions(Ruta("Clientes"), QFile::ReadOwner);
-    EXPECT_FALSE(mBase->DeleteRecord(10));
+    // A record that is there but cannot be deleted is a failed write, not an unknown ID.
+    EsperarError([&] { mBase->DeleteRecord(10); }, ErroresFuente::EscrituraFallida,
+                 "BorrarRegistro");
     EsperarError([&] { mBase->DeleteAllRecords(); }, ErroresFuente::EscrituraFallida,
                  "BorrarTodos");
+    EsperarError([&] { mBase->WriteRecordAttributes(10, 320); }, ErrorVB::Desbordamiento,
+                 "WriteRecordAttributes");
     QFile::setPermissions(Ruta("Clientes"), permisos);
     mBase->DeleteAllRecords();
     EXPECT_TRUE(Archivo("Clientes").Registros.isEmpty());
@@ -776,6 +784,8 @@ protected:
             if (b.appForge) base.EsquemaAppForge("T", {{"A", C::Int}});
             Guardar(base);
         }
+        // A file named otherwise than its database: the list goes by the database's name.
+        clsConstructorBase("Aaa", "DATA", "memo").Guardar(mCarpeta.filePath("z.pdb"));
         mFuente = Fuente({{{"Ocupada", ErroresFuente::BaseEnUso}}});
     }
     std::shared_ptr<clsFuentePalm> mFuente;
@@ -789,7 +799,7 @@ TEST_F(CatalogoTest, LasBasesDeUnCreador) {
         QString esperado;
     } casos[] = {
         {"AFc1", "\t", "Alfa*1\tApp1*4\tzeta*1\t"},
-        {"memo", "|", "Memo2*12|beta*1|"},
+        {"memo", "|", "Aaa*1|Memo2*12|beta*1|"},
         {"prg1", ";", "Prog*4;"},
         {"nada", "\t", ""},
         {"star", "\t", "a*0\t"},

@@ -19,10 +19,10 @@ QByteArray Leer(const QString& xArchivo) {
 }
 
 // A records grid of every field type plus the spare column, which holds text that must never
-// be written.
+// be written; a title holds a lone carriage return.
 void LlenarGrilla(clsGrillaFlexible& xGrilla, const QStringList& xFilas) {
     xGrilla.SetCols(9);
-    xGrilla.AddItem("Name\tNote, quoted\tQty\tCount\tBig\tPrice\tOk\tWhen");
+    xGrilla.AddItem("Name\tNote, quoted\tQty\tCount\tBig\tPrice\tO\rk\tWhen");
     for (const QString& fila : xFilas)
         xGrilla.AddItem(fila);
 }
@@ -41,17 +41,17 @@ TEST(modExportacion, WritesTheGridInEachFormatByteForByte) {
     };
     const Caso casos[] = {
         {Formato::Tabulado,
-         "Name\tNote, quoted\tQty\tCount\tBig\tPrice\tOk\tWhen\r\n"
+         "Name\tNote, quoted\tQty\tCount\tBig\tPrice\tO\rk\tWhen\r\n"
          "Bolts, M8\tsays \"hi\"\t7\t-204\t70000\t3.5\tTrue\t2/8/2005 12:44:00 PM\r\n"
          "Caf\xe9 \x80\t\t0\t0\t0\t1.234.5\tFalse\t\r\n"
          "\t\t\t\t\t\t\t\r\n"},
         {Formato::Comas,
-         "Name,Note, quoted,Qty,Count,Big,Price,Ok,When\r\n"
+         "Name,Note, quoted,Qty,Count,Big,Price,O\rk,When\r\n"
          "\"Bolts, M8\",\"says \"hi\"\",7,-204,70000,3.5,True,2/8/2005 12:44:00 PM\r\n"
          "\"Caf\xe9 \x80\",\"\",0,0,0,1.234.5,False,\r\n"
          "\"\",\"\",,,,,,\r\n"},
         {Formato::ComasEstricto,
-         "Name,\"Note, quoted\",Qty,Count,Big,Price,Ok,When\r\n"
+         "Name,\"Note, quoted\",Qty,Count,Big,Price,\"O\rk\",When\r\n"
          "\"Bolts, M8\",\"says \"\"hi\"\"\",7,-204,70000,3.5,True,2/8/2005 12:44:00 PM\r\n"
          "\"Caf\xe9 \x80\",\"\",0,0,0,1.234.5,False,\r\n"
          "\"\",\"\",,,,,,\r\n"},
@@ -80,7 +80,7 @@ TEST(modExportacion, WritesTheGridInEachFormatByteForByte) {
         soloTitulos, carpeta.filePath("out"), Formato::Comas,
         [](qint32 xColumna) { return kTipos.value(xColumna); },
         TablaCodigoPagina::Predeterminada());
-    EXPECT_EQ(Leer(carpeta.filePath("out")), "Name,Note, quoted,Qty,Count,Big,Price,Ok,When\r\n");
+    EXPECT_EQ(Leer(carpeta.filePath("out")), "Name,Note, quoted,Qty,Count,Big,Price,O\rk,When\r\n");
 
     // In a multi-byte page a character is its lead and trail bytes; quotes and the decimal comma
     // are treated as in any other page.

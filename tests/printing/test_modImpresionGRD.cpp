@@ -103,6 +103,7 @@ TEST(modImpresionGRD, PagesHoldWholeRowsInTheirTypeWithTheHeadOnEachAndTheFootOn
         QList<int> paginas(caso.Paginas);
         std::iota(paginas.begin(), paginas.end(), 1);
         EXPECT_EQ(Paginas(*impresora, "Name"), paginas) << caso.Tamano;
+        EXPECT_EQ(Buscar(*impresora, "row 1")->Tamano, caso.Tamano);
         EXPECT_EQ(Paginas(*impresora, "End of Report"), QList<int>{caso.Paginas});
         for (int fila = 1; fila <= 100; ++fila) {
             const Texto* nombre = Buscar(*impresora, QString("row %1").arg(fila));
@@ -110,7 +111,9 @@ TEST(modImpresionGRD, PagesHoldWholeRowsInTheirTypeWithTheHeadOnEachAndTheFootOn
             ASSERT_TRUE(nombre && numero) << caso.Tamano << " " << fila;
             EXPECT_EQ(std::make_pair(nombre->Pagina, nombre->Y),
                       std::make_pair(numero->Pagina, numero->Y));
-            if (caso.Tamano == 10) EXPECT_EQ(nombre->Pagina, fila <= 40 ? 1 : fila <= 79 ? 2 : 3);
+            if (caso.Tamano == 10) {
+                EXPECT_EQ(nombre->Pagina, fila <= 40 ? 1 : fila <= 79 ? 2 : 3);
+            }
         }
         EnLosMargenes(*impresora);
         EXPECT_TRUE(Paginas(*impresora, "hidden").isEmpty()) << "the spare column is not printed";
@@ -169,6 +172,13 @@ TEST(modImpresionGRD, PlacesTitlesAndCellsByAlignmentAndCutsThemToTheirColumn) {
     EnLosMargenes(*impresora);
     for (const auto& raya : impresora->Lineas())
         EXPECT_EQ(raya.X2, kAnchoImprimible);
+
+    // A cell exactly as wide as the room up to the next column prints whole: column 0 of 7830
+    // twips has floor(11370 * 7880 / 11930) + 50 = 7560 twips, 63 characters.
+    grilla.SetColWidth(0, 7830);
+    auto justa = std::make_shared<clsImpresoraGrabadora>();
+    ASSERT_TRUE(Imprimir(grilla, justa).Impreso);
+    EXPECT_NE(Buscar(*justa, QString(63, 'w')), nullptr);
 }
 
 // A failure that arose in the module leaves with the tag of the procedure it arose in; one that

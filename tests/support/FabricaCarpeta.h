@@ -85,6 +85,10 @@ public:
     qint64 EspacioLibre() const { return QStorageInfo(mCarpeta).bytesAvailable(); }
 
     QString Ruta(const QString& xArchivo) const { return QDir(mCarpeta).filePath(xArchivo); }
+    // The lock file a write of the database file xArchivo takes.
+    QString Candado(const QString& xArchivo) const { return Ruta(xArchivo) + ".lock"; }
+    // The file that holds a database: its own.
+    QString Almacen(const QString& xArchivo) const { return Ruta(xArchivo); }
 
 private:
     QTemporaryDir mRaiz;

@@ -71,6 +71,9 @@ public:
         return archivos;
     }
 
+    // Any write to the archive takes its lock file.
+    QString Candado(const QString&) const { return mArchivo + ".lock"; }
+
     std::shared_ptr<clsFuentePalm> Crear() { return std::make_shared<clsFuenteZip>(mArchivo); }
     std::shared_ptr<clsFuentePalm> CrearInaccesible() {
         return std::make_shared<clsFuenteZip>(mRaiz.filePath(QStringLiteral("nowhere.zip")));
@@ -79,6 +82,8 @@ public:
         return FabricaCarpeta::Avisos(xFuente);
     }
     qint64 EspacioLibre() const { return QStorageInfo(mRaiz.path()).bytesAvailable(); }
+    // The file that holds a database: the archive.
+    QString Almacen(const QString&) const { return mArchivo; }
 
 private:
     // The entries as the archive holds them now: the source under test may have rewritten it.

@@ -9,14 +9,15 @@
 #include <QVector>
 #include <zip.h>
 
-// Zip archives for the tests, written with libzip: entries in the order given, compressed; the
-// names in xCifradas encrypted with a password nobody knows.
+// Zip archives for the tests, written with libzip: entries in the order given, compressed but for
+// the names in xGuardadas, which are stored as they are; the names in xCifradas encrypted with a
+// password nobody knows.
 namespace modZipPrueba {
 
 using Entradas = QVector<QPair<QString, QByteArray>>;
 
 inline bool GuardarZip(const QString& xRuta, const Entradas& xEntradas,
-                       const QStringList& xCifradas = {}) {
+                       const QStringList& xCifradas = {}, const QStringList& xGuardadas = {}) {
     int codigo = 0;
     zip_t* zip = zip_open(QFile::encodeName(xRuta).constData(), ZIP_CREATE | ZIP_TRUNCATE, &codigo);
     if (!zip) return false;
@@ -25,6 +26,8 @@ inline bool GuardarZip(const QString& xRuta, const Entradas& xEntradas,
             zip_source_buffer(zip, bytes.constData(), zip_uint64_t(bytes.size()), 0);
         const zip_int64_t indice = zip_file_add(zip, nombre.toUtf8().constData(), fuente, 0);
         if (indice < 0) return false;
+        if (xGuardadas.contains(nombre))
+            zip_set_file_compression(zip, zip_uint64_t(indice), ZIP_CM_STORE, 0);
         if (xCifradas.contains(nombre))
             zip_file_set_encryption(zip, zip_uint64_t(indice), ZIP_EM_AES_256, "secret");
     }

@@ -3,37 +3,18 @@
 // (on Qt's offscreen platform unless another is asked for), the printer that writes a PDF file,
 // and the measures of the grids' type that the explorer widens its columns by.
 
-#include "common/ErrorVB.h"
 #include "common/ventanas/modRecursosGraficos.h"
-#include "printing/ventanas/clsImpresoraQt.h"
+#include "printing/ventanas/clsImpresoraPdf.h"
 
 #include <QFontMetrics>
 #include <QGuiApplication>
 #include <QMarginsF>
 #include <QPageLayout>
 #include <QPageSize>
-#include <QPrinter>
 #include <QScreen>
 #include <cstdio>
 
 namespace {
-
-// The printer owns the PDF printer it paints on.
-struct ConPdf {
-    explicit ConPdf(const QString& xArchivo) : mPdf(QPrinter::HighResolution) {
-        mPdf.setOutputFormat(QPrinter::PdfFormat);
-        mPdf.setOutputFileName(xArchivo);
-        // A Letter sheet with quarter-inch margins, the sheet the report's widths are made for.
-        mPdf.setPageLayout(QPageLayout(QPageSize(QPageSize::Letter), QPageLayout::Portrait,
-                                       QMarginsF(18, 18, 18, 18), QPageLayout::Point));
-    }
-    QPrinter mPdf;
-};
-
-class clsImpresoraPdf : private ConPdf, public clsImpresoraQt {
-public:
-    explicit clsImpresoraPdf(const QString& xArchivo) : ConPdf(xArchivo), clsImpresoraQt(mPdf) {}
-};
 
 // The platform's notes (a missing runtime folder, say) are not the program's: stderr carries only
 // its errors and warnings.
@@ -50,8 +31,14 @@ extern "C" Q_DECL_EXPORT QCoreApplication* PandrelAplicacionGrafica(int* xArgc, 
     return new QGuiApplication(*xArgc, xArgv);
 }
 
+// A Letter sheet with quarter-inch margins, the sheet the report's widths are made for, at the
+// resolution of a printer's high one. Raises ErrorVB when the file cannot be begun.
 extern "C" Q_DECL_EXPORT clsImpresora* PandrelImpresoraPdf(const QString* xArchivo) {
-    return new clsImpresoraPdf(*xArchivo);
+    constexpr int Resolucion = 1200;
+    return new clsImpresoraPdf(*xArchivo,
+                               QPageLayout(QPageSize(QPageSize::Letter), QPageLayout::Portrait,
+                                           QMarginsF(18, 18, 18, 18), QPageLayout::Point),
+                               Resolucion);
 }
 
 // The width of a text in the grids' type, in pixels of the screen, as a grid on screen measures it.

@@ -1,10 +1,12 @@
 #include "data/carpeta/clsBaseAbierta.h"
 
 #include "common/ErrorVB.h"
+#include "common/clsEscrituraSegura.h"
 #include "common/modFecha.h"
 #include "data/carpeta/clsCatalogoCarpeta.h"
 #include "data/clsFuentePalm.h"
 
+#include <QFileInfo>
 #include <QLockFile>
 #include <algorithm>
 #include <cstring>
@@ -42,6 +44,16 @@ quint32 NuevoID(const QVector<IndiceRegistroPDB>& xRegistros) {
 bool MismaBase(const CabeceraPDB& x, const CabeceraPDB& y) {
     return x.Nombre == y.Nombre && x.Tipo == y.Tipo && x.Creador == y.Creador &&
            x.FechaCreacion == y.FechaCreacion;
+}
+
+// Why the lock file xCandado could not be made: QLockFile does not say, so a small file is
+// written beside it (never put in place) to hear it from the system (a full disk, say).
+QString SinCandado(const QString& xCandado) {
+    const QString motivo = QStringLiteral("its lock file cannot be made");
+    clsEscrituraSegura prueba(xCandado + QStringLiteral(".prueba"));
+    if (!prueba.Abrir() || !prueba.Escribir(QByteArray(512, '\0')))
+        return QStringLiteral("%1 (%2)").arg(motivo, prueba.Error());
+    return motivo;
 }
 
 } // namespace
@@ -120,12 +132,20 @@ void clsBaseAbierta::LeerActual(const QString& xOperacion, QByteArray& xBytes,
 
 void clsBaseAbierta::Guardar(const QString& xOperacion, const Cambio& xCambio) {
     ComprobarEscritura(xOperacion);
-    QLockFile candado(ArchivoCandado());
+    const QString archivoCandado = ArchivoCandado();
+    // The lock reads a lock file it finds: one that is not a regular file (a FIFO) would keep it
+    // waiting for ever.
+    const QFileInfo infoCandado(archivoCandado);
+    if (infoCandado.exists() && !infoCandado.isFile())
+        FallaEscritura(
+            xOperacion,
+            QStringLiteral("its lock file %1 is not a regular file").arg(infoCandado.fileName()));
+    QLockFile candado(archivoCandado);
     candado.setStaleLockTime(CandadoAbandonado);
     if (!candado.tryLock(EsperaCandado))
         FallaEscritura(xOperacion, candado.error() == QLockFile::LockFailedError
                                        ? QStringLiteral("another program is writing it")
-                                       : QStringLiteral("its lock file cannot be made"));
+                                       : SinCandado(archivoCandado));
 
     QByteArray bytes;
     DisposicionPDB actual;

@@ -1,7 +1,8 @@
 #include "data/carpeta/clsBaseAbiertaCarpeta.h"
 
+#include "common/clsEscrituraSegura.h"
+
 #include <QFileInfo>
-#include <QSaveFile>
 #include <cstring>
 
 namespace {
@@ -83,10 +84,9 @@ bool clsBaseAbiertaCarpeta::LeerCambiado(const QString& xOperacion, QByteArray& 
 }
 
 void clsBaseAbiertaCarpeta::Reemplazar(const QString& xOperacion, const QByteArray& xBytes) {
-    QSaveFile salida(mArchivo);
-    if (!salida.open(QIODevice::WriteOnly) || salida.write(xBytes) != xBytes.size() ||
-        !salida.commit())
-        FallaEscritura(xOperacion, salida.errorString());
+    clsEscrituraSegura salida(mArchivo);
+    if (!salida.Abrir() || !salida.Escribir(xBytes) || !salida.Terminar())
+        FallaEscritura(xOperacion, salida.Error());
     mEstado = clsLecturaArchivo::EstadoDe(mArchivo);
     mMomento = clsLecturaArchivo::Ahora();
 }

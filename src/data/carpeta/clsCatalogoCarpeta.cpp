@@ -2,6 +2,7 @@
 
 #include "common/ErrorVB.h"
 #include "data/carpeta/clsBaseAbiertaCarpeta.h"
+#include "data/carpeta/modAjustesIni.h"
 #include "data/clsFuentePalm.h"
 #include "data/formato/clsLectorBytes.h"
 #include "data/formato/modBasesEstandar.h"
@@ -11,7 +12,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSet>
-#include <QSettings>
 #include <QtEndian>
 #include <algorithm>
 #include <cstring>
@@ -29,15 +29,6 @@ const QString NombreIni = QStringLiteral("Handheld.ini");
 
 // Most headers and entry lists of a folder's files fit in one read of this size.
 constexpr qint64 PrimeraLectura = 4096;
-
-// [Handheld] Encoding of the folder's Handheld.ini, "" when there is none.
-QString CodigoPaginaPedido(const QString& xCarpeta) {
-    const QString ini = QDir(xCarpeta).filePath(QStringLiteral("Handheld.ini"));
-    // Anything but a regular file is not read: a FIFO would block the reading.
-    if (!QFileInfo(ini).isFile()) return {};
-    const QSettings ajustes(ini, QSettings::IniFormat);
-    return ajustes.value(QStringLiteral("Handheld/Encoding")).toString().trimmed();
-}
 
 // The country byte of an address book's AppInfo block, read alone; -1 for any other database
 // or a block too short to hold one.
@@ -71,19 +62,32 @@ bool EsBase(const char* xNombre) {
 
 clsCatalogoCarpeta::clsCatalogoCarpeta(const QString& xCarpeta, const QString& xCodigoPagina)
     : clsCatalogoCarpeta(QDir(xCarpeta).absolutePath(), xCodigoPagina,
-                         CodigoPaginaPedido(QDir(xCarpeta).absolutePath())) {}
+                         xCodigoPagina.isEmpty()
+                             ? modAjustesIni::LeerDeCarpeta(QDir(xCarpeta).absolutePath())
+                             : modAjustesIni::Ajustes(),
+                         DondeCarpeta(QDir(xCarpeta).absolutePath())) {}
 
 clsCatalogoCarpeta::clsCatalogoCarpeta(const QString& xUbicacion, const QString& xCodigoPagina,
-                                       const QString& xCodigoPaginaIni)
+                                       const modAjustesIni::Ajustes& xIni, const QString& xDonde)
     : mCarpeta(xUbicacion), mCodigoPagina(CodigoPaginaPredeterminado) {
-    const QString pedido = xCodigoPagina.isEmpty() ? xCodigoPaginaIni : xCodigoPagina;
+    // Without the page Handheld.ini names, every text of the handheld would be read, and written,
+    // in another one.
+    if (xCodigoPagina.isEmpty() && !xIni.Error.isEmpty())
+        mErrorIni = modAjustesIni::TextoIlegible(xDonde, xIni.Error) +
+                    QStringLiteral(" Without it the code page of the handheld's texts is unknown.");
+    const QString pedido =
+        xCodigoPagina.isEmpty()
+            ? xIni.Valores.value(QStringLiteral("Handheld/Encoding")).toString().trimmed()
+            : xCodigoPagina;
     if (!pedido.isEmpty() && modFuncionesConversion::TablaCodigoPagina::Conocida(pedido))
         mCodigoPagina = pedido;
     else if (!pedido.isEmpty())
         mAvisoCodigoPagina = QStringLiteral("Handheld.ini names the code page \"%1\", which is "
                                             "unknown; %2 is used instead.")
                                  .arg(pedido, CodigoPaginaPredeterminado);
-    mCodigoPorDecidir = pedido.isEmpty();
+    // Named by nothing, the page is told by the handheld's address book (a Handheld.ini that
+    // cannot be read stops every reading first).
+    mCodigoPorDecidir = pedido.isEmpty() && mErrorIni.isEmpty();
     UsarCodigoPagina(mCodigoPagina);
 }
 
@@ -159,23 +163,49 @@ std::unique_ptr<clsBaseAbierta> clsCatalogoCarpeta::AbrirBase(const FichaBaseCar
                                                    std::move(xContenido), xOperacion);
 }
 
+QString clsCatalogoCarpeta::DondeCarpeta(const QString& xCarpeta) {
+    return QStringLiteral("the handheld folder \"%1\"").arg(xCarpeta);
+}
+
+QString clsCatalogoCarpeta::Donde() const {
+    return DondeCarpeta(mCarpeta);
+}
+
+bool clsCatalogoCarpeta::EsPropio(const QString& xArchivo) const {
+    const QFileInfo archivo(xArchivo);
+    const QString nombre = archivo.fileName();
+    const QString extension = archivo.suffix();
+    if (QDir(archivo.absolutePath()).canonicalPath() == QDir(mCarpeta).canonicalPath() &&
+        (extension.compare(QLatin1String("pdb"), Qt::CaseInsensitive) == 0 ||
+         extension.compare(QLatin1String("prc"), Qt::CaseInsensitive) == 0 ||
+         extension.compare(QLatin1String("lock"), Qt::CaseInsensitive) == 0 ||
+         nombre.compare(NombreIni, Qt::CaseInsensitive) == 0))
+        return true;
+    const QString canonico = archivo.canonicalFilePath();
+    if (canonico.isEmpty()) return false;
+    QStringList archivos;
+    try {
+        archivos = Archivos();
+    } catch (const ErrorVB&) {
+        return false; // a folder that cannot be read holds no file to spare
+    }
+    for (const QString& base : archivos)
+        if (QFileInfo(mCarpeta + QLatin1Char('/') + base).canonicalFilePath() == canonico)
+            return true;
+    return false;
+}
+
 QVariantMap clsCatalogoCarpeta::Ajustes(const QString& xOperacion) {
     Actualizar(); // raises when the folder cannot be read
-    const QString ruta = QDir(mCarpeta).filePath(NombreIni);
-    const QFileInfo info(ruta);
-    if (!info.exists()) return {};
-    // Only a regular file is read: a FIFO would block the reading.
-    QFile prueba(ruta);
-    const bool legible = info.isFile() && prueba.open(QIODevice::ReadOnly);
-    const QSettings ajustes(legible ? ruta : QString(), QSettings::IniFormat);
-    if (!legible || ajustes.status() != QSettings::NoError)
+    return Valores(modAjustesIni::LeerDeCarpeta(mCarpeta), xOperacion);
+}
+
+QVariantMap clsCatalogoCarpeta::Valores(const modAjustesIni::Ajustes& xIni,
+                                        const QString& xOperacion) const {
+    if (!xIni.Error.isEmpty())
         throw ErrorVB(ErroresFuente::HandheldInaccesible, xOperacion,
-                      QStringLiteral("%1 of the handheld folder \"%2\" cannot be read.")
-                          .arg(NombreIni, mCarpeta));
-    QVariantMap valores;
-    for (const QString& clave : ajustes.allKeys())
-        valores.insert(clave, ajustes.value(clave));
-    return valores;
+                      modAjustesIni::TextoIlegible(Donde(), xIni.Error));
+    return xIni.Valores;
 }
 
 void clsCatalogoCarpeta::ComprobarCarpeta() const {
@@ -246,6 +276,10 @@ void clsCatalogoCarpeta::Interpretar(Lectura& xLectura, const QString& xRuta,
     clsLectorBytes lectorNombre(QByteArrayView(inicio).first(qMin<qsizetype>(inicio.size(), 32)));
     QByteArrayView nombre;
     if (lectorNombre.LeerTextoTerminado(nombre)) xLectura.NombreLeido = Decodificar(nombre);
+    if (tamano > clsArchivoPDB::TamanoMaximo) {
+        xLectura.Motivo = clsArchivoPDB::TextoDemasiadoGrande(tamano);
+        return;
+    }
     try {
         const qint64 indice = clsArchivoPDB::TamanoIndice(inicio);
         if (indice > inicio.size() && indice <= tamano &&
@@ -279,13 +313,15 @@ void clsCatalogoCarpeta::Actualizar() {
         if (mLeida) return;
     }
     ComprobarCarpeta();
+    if (!mErrorIni.isEmpty())
+        throw ErrorVB(ErroresFuente::HandheldInaccesible, QStringLiteral("Handheld"), mErrorIni);
     const QStringList archivos = Archivos();
 
     QVector<FichaBaseCarpeta> bases;
     bases.reserve(archivos.size());
     QHash<QString, qsizetype> porNombre;
     QHash<QString, QString> rechazadas;
-    QStringList avisos;
+    QStringList avisos = AvisosAlmacen();
     QSet<QString> presentes;
     presentes.reserve(archivos.size());
     mCache.reserve(archivos.size());

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/carpeta/modAjustesIni.h"
 #include "data/formato/clsArchivoPDB.h"
 #include "data/formato/clsLecturaArchivo.h"
 
@@ -60,9 +61,16 @@ public:
     const QString& Carpeta() const { return mCarpeta; }
     // The handheld's own name where it has no other: the folder's name.
     virtual QString NombreHandheld() const;
-    // The values of Handheld.ini by "Section/Key"; none when there is no Handheld.ini. Raises
-    // HandheldInaccesible when the handheld or its Handheld.ini cannot be read.
+    // The values of Handheld.ini by "Section/Key", as it is now; none when there is no
+    // Handheld.ini. Raises HandheldInaccesible when the handheld or its Handheld.ini cannot be
+    // read.
     virtual QVariantMap Ajustes(const QString& xOperacion);
+    // The handheld as messages name it: the handheld folder "...", the backup archive "...".
+    virtual QString Donde() const;
+    // True when xArchivo, a file's path with its links followed, is one of the handheld's own
+    // files or would become one: a database file of the folder (also one a link in the folder
+    // leads to), a database name in the folder, Handheld.ini, a lock file.
+    virtual bool EsPropio(const QString& xArchivo) const;
     // The open database of xFicha, whose whole file xContenido was just read.
     virtual std::unique_ptr<clsBaseAbierta> AbrirBase(const FichaBaseCarpeta& xFicha,
                                                       const QString& xNombre,
@@ -76,7 +84,9 @@ public:
     // What the last reading of the folder found wrong: duplicates and files left out.
     QStringList Avisos() const;
 
-    // Reads the folder again. Raises HandheldInaccesible when it cannot be read.
+    // Reads the folder again. Raises HandheldInaccesible when it cannot be read, and when its
+    // Handheld.ini, which names the code page of its texts, cannot be read (unless the code page
+    // was given).
     void Actualizar();
     // The databases in file-name order (the folder is read first if it never was).
     const QVector<FichaBaseCarpeta>& Bases();
@@ -103,10 +113,12 @@ public:
     static quint32 SegundosPalm(const QDateTime& xFecha);
 
 protected:
-    // For a derived store: xUbicacion is absolute, xCodigoPaginaIni the code page its
-    // Handheld.ini names ("" without one).
+    // For a derived store: xUbicacion is absolute, xIni its Handheld.ini as found at the start
+    // (which gives the code page unless xCodigoPagina does), xDonde as Donde says.
     clsCatalogoCarpeta(const QString& xUbicacion, const QString& xCodigoPagina,
-                       const QString& xCodigoPaginaIni);
+                       const modAjustesIni::Ajustes& xIni, const QString& xDonde);
+    // The values of a Handheld.ini just read; raises as Ajustes says.
+    QVariantMap Valores(const modAjustesIni::Ajustes& xIni, const QString& xOperacion) const;
 
     struct Lectura {
         EstadoArchivo Estado;
@@ -133,6 +145,8 @@ protected:
                                QString& xError);
     // Raises HandheldInaccesible when the store cannot be read.
     virtual void ComprobarCarpeta() const;
+    // What the store itself found wrong when its files were listed, one sentence each.
+    virtual QStringList AvisosAlmacen() const { return {}; }
 
 private:
     // The file's reading, from the cache when a look at the file shows it unchanged. A file
@@ -145,10 +159,13 @@ private:
     [[noreturn]] void Falta(const QString& xNombre, const QString& xArchivoConocido,
                             const QString& xOperacion) const;
 
+    static QString DondeCarpeta(const QString& xCarpeta);
+
     QString mCarpeta;
     QString mCodigoPagina;
     QString mAvisoCodigoPagina;
     bool mCodigoPorDecidir = false;
+    QString mErrorIni; // why Handheld.ini, which names the code page, cannot be read
     mutable QStringDecoder mDecodificador;
     bool mLeida = false;
     QHash<QString, Lectura> mCache; // by path

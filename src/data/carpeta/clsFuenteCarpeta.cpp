@@ -28,6 +28,10 @@ QString clsFuenteCarpeta::CodigoPagina() const {
     return mCatalogo->CodigoPagina();
 }
 
+bool clsFuenteCarpeta::EsArchivoPropio(const QString& xArchivo) const {
+    return mCatalogo->EsPropio(xArchivo);
+}
+
 const QString& clsFuenteCarpeta::Carpeta() const {
     return mCatalogo->Carpeta();
 }

@@ -24,6 +24,7 @@ public:
     // The option the direct-access library takes is ignored.
     QString CodigoATexto(qint32 xCodigo, qint32 xOpcion) const override;
     QString CodigoPagina() const override;
+    bool EsArchivoPropio(const QString& xArchivo) const override;
 
     const QString& Carpeta() const;
     // What the last reading of the folder found wrong, one sentence each.

@@ -64,9 +64,9 @@ private:
     }
     [[noreturn]] void Invalido(const char* xClave, const QString& xTexto) const {
         throw ErrorVB(ErroresFuente::HandheldInaccesible, mOperacion,
-                      QStringLiteral("%1 of the handheld folder \"%2\" gives %3 the value \"%4\", "
-                                     "which is not of its kind.")
-                          .arg(NombreIni, mCatalogo->Carpeta(), QLatin1String(xClave), xTexto));
+                      QStringLiteral("%1 of %2 gives %3 the value \"%4\", which is not of its "
+                                     "kind.")
+                          .arg(NombreIni, mCatalogo->Donde(), QLatin1String(xClave), xTexto));
     }
 
     std::shared_ptr<clsCatalogoCarpeta> mCatalogo;

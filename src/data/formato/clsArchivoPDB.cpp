@@ -430,3 +430,7 @@ quint8 clsArchivoPDB::UnirAtributos(qint32 xAtributos, qint32 xCategoria) {
         byte |= static_cast<quint8>(xCategoria & MascaraCategoria);
     return byte;
 }
+
+QString clsArchivoPDB::TextoDemasiadoGrande(qint64 xTamano) {
+    return QStringLiteral("it is %1 bytes, more than a Palm database holds").arg(xTamano);
+}

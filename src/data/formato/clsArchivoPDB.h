@@ -122,6 +122,11 @@ public:
     static constexpr qsizetype TamanoCabecera = 78;
     static constexpr qsizetype TamanoEntradaRegistro = 8;
     static constexpr qsizetype TamanoEntradaRecurso = 10;
+    // No Palm database is larger (a handheld's memory holds less): a larger file is none, and is
+    // never read into memory.
+    static constexpr qint64 TamanoMaximo = 64 * 1024 * 1024;
+    // Why a file of xTamano bytes, more than TamanoMaximo, is not a database.
+    static QString TextoDemasiadoGrande(qint64 xTamano);
 
     // Throws ErrorFormatoPDB with the reason when the bytes are not a valid database.
     static clsArchivoPDB Leer(const QByteArray& xBytes);

@@ -1,6 +1,7 @@
 #include "data/formato/clsLecturaArchivo.h"
 
 #include "common/modMemoria.h"
+#include "data/formato/clsArchivoPDB.h"
 
 #include <QDateTime>
 #include <QFile>
@@ -160,5 +161,9 @@ EstadoArchivo clsLecturaArchivo::EstadoDe(const QString& xRuta) {
 
 bool clsLecturaArchivo::LeerTodo(QByteArray& xBytes) {
     xBytes.clear();
+    if (mEstado.Tamano > clsArchivoPDB::TamanoMaximo) {
+        mError = clsArchivoPDB::TextoDemasiadoGrande(mEstado.Tamano);
+        return false;
+    }
     return Leer(0, mEstado.Tamano, xBytes);
 }

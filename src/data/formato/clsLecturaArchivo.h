@@ -51,7 +51,8 @@ public:
     // Appends to xBytes the bytes from xDesde on, at most xCantidad of them (fewer at the end of
     // the file). False, with Error set, when the reading fails.
     bool Leer(qint64 xDesde, qint64 xCantidad, QByteArray& xBytes);
-    // The whole file as its state gave its size.
+    // The whole file as its state gave its size; false, with Error set, for a file larger than
+    // any database (clsArchivoPDB::TamanoMaximo), which is not read.
     bool LeerTodo(QByteArray& xBytes);
 
     // A look at a file without opening it.

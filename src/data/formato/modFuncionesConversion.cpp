@@ -2,6 +2,7 @@
 
 #include "common/ErrorVB.h"
 #include "common/modFecha.h"
+#include "common/modFunciones.h"
 
 #include <QHash>
 #include <QStringDecoder>
@@ -10,6 +11,7 @@
 #include <cstring>
 #include <limits>
 #include <memory>
+#include <mutex>
 
 namespace modFuncionesConversion {
 
@@ -151,7 +153,17 @@ bool TablaCodigoPagina::Cabe(QStringView xTexto, QByteArray* xBytes) const {
 
 QByteArray TablaCodigoPagina::Codificar(const QString& xTexto, const QString& xFuente) const {
     QByteArray bytes;
-    if (Cabe(xTexto, &bytes)) return bytes;
+    if (Cabe(xTexto, &bytes)) {
+        // A text ends at its first zero byte: one inside it would end the text there and make the
+        // rest of the record be read as the fields after it.
+        if (bytes.contains('\0'))
+            throw ErrorVB(ErrorTextoNoCodificable, xFuente,
+                          QStringLiteral("The text \"%1\" holds a NUL character (U+0000), which "
+                                         "cannot be stored inside a text; nothing was written.")
+                              .arg(modFunciones::Cita(
+                                  QString(xTexto).replace(QChar(0), QLatin1String("\\0")))));
+        return bytes;
+    }
     QString caracter;
     for (qsizetype k = 0; k < xTexto.size() && caracter.isEmpty(); ++k) {
         const qsizetype largo = xTexto[k].isHighSurrogate() && k + 1 < xTexto.size() ? 2 : 1;
@@ -161,7 +173,7 @@ QByteArray TablaCodigoPagina::Codificar(const QString& xTexto, const QString& xF
     throw ErrorVB(ErrorTextoNoCodificable, xFuente,
                   QStringLiteral("The text \"%1\" holds \"%2\" (U+%3), which the handheld's code "
                                  "page %4 cannot hold; nothing was written.")
-                      .arg(xTexto, caracter,
+                      .arg(modFunciones::Cita(xTexto), caracter,
                            QString::number(caracter.isEmpty() ? 0 : caracter.toUcs4().value(0), 16)
                                .toUpper()
                                .rightJustified(4, QLatin1Char('0')),
@@ -177,8 +189,12 @@ bool TablaCodigoPagina::Conocida(const QString& xCodigoPagina) {
     return GuardaAscii(xCodigoPagina.toLatin1().constData());
 }
 
+// Tables are built on first use and never freed, so a reference handed out stays good; the lock
+// keeps two threads that ask at once from building into the list together.
 const TablaCodigoPagina& TablaCodigoPagina::Para(const QString& xCodigoPagina) {
     static QHash<QString, std::shared_ptr<const TablaCodigoPagina>> tablas;
+    static std::mutex cerrojo;
+    const std::lock_guard<std::mutex> tomado(cerrojo);
     const QString clave = xCodigoPagina.toLower();
     auto encontrada = tablas.constFind(clave);
     if (encontrada == tablas.constEnd())

@@ -23,6 +23,10 @@ namespace modFuncionesConversion {
 // number. A multi-byte page (Shift_JIS, Big5, GBK, EUC-KR...) turns a lead byte and its trail
 // byte into one character through Qt's converter. Either way a text is zero-terminated and its
 // length counts bytes. A character the page cannot hold is never written: Codificar refuses it.
+//
+// A single-byte table is read-only once built, so threads share it; a multi-byte table's
+// converters keep state while they work, so only one thread at a time may use one (the
+// listing's and the export's second thread are not started for such a page).
 class TablaCodigoPagina {
 public:
     // The table of a code page by name, built once and kept for the life of the program.

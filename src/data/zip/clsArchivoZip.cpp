@@ -1,14 +1,22 @@
 #include "data/zip/clsArchivoZip.h"
 
+#include "common/modFunciones.h"
+
+#include <QCoreApplication>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QLibrary>
+#include <QRegularExpression>
 #include <QTemporaryFile>
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
 #include <zip.h>
 
 #ifdef Q_OS_UNIX
 #include <fcntl.h>
+#include <signal.h>
 #include <unistd.h>
 #endif
 
@@ -91,26 +99,56 @@ QString TextoError(int xCodigo) {
     return texto;
 }
 
+// Why a file's reading or writing failed, called right after it while errno still holds the
+// system's reason, which Qt loses when a write is cut short.
+QString Motivo(const QFileDevice& xArchivo) {
+    const int numero = errno;
+    return numero != 0 ? QString::fromLocal8Bit(std::strerror(numero)) : xArchivo.errorString();
+}
+
 // Copies the file at xOrigen into the open xDestino, piece by piece.
 bool Copiar(const QString& xOrigen, QFile& xDestino, QString& xError) {
     QFile origen(xOrigen);
+    errno = 0;
     if (!origen.open(QIODevice::ReadOnly)) {
-        xError = origen.errorString();
+        xError = Motivo(origen);
         return false;
     }
     constexpr qint64 Pedazo = 1024 * 1024;
     while (!origen.atEnd()) {
+        errno = 0;
         const QByteArray pedazo = origen.read(Pedazo);
         if (pedazo.isEmpty() && origen.error() != QFileDevice::NoError) {
-            xError = origen.errorString();
+            xError = Motivo(origen);
             return false;
         }
-        if (xDestino.write(pedazo) != pedazo.size()) {
-            xError = xDestino.errorString();
+        if (xDestino.write(pedazo) != pedazo.size() || !xDestino.flush()) {
+            xError = Motivo(xDestino);
             return false;
         }
     }
-    return xDestino.flush();
+    return true;
+}
+
+// The temporary files of a rewrite are named after the archive and the writing process
+// (.NAME.zip.PID-XXXXXX, and libzip's own beside it with one more suffix), so that a rewrite
+// killed half way leaves files the next one knows. Called under the archive's lock: those of a
+// process that is gone are removed, and nothing else.
+void QuitarTemporales(const QFileInfo& xArchivo) {
+    const QString prefijo = QStringLiteral(".") + xArchivo.fileName() + QLatin1Char('.');
+    static const QRegularExpression temporal(
+        QStringLiteral("^(\\d+)-[A-Za-z0-9]{6}(?:\\.[A-Za-z0-9]{6})?$"));
+    QDir carpeta = xArchivo.dir();
+    for (const QString& nombre : carpeta.entryList(QDir::Files | QDir::Hidden | QDir::System)) {
+        if (!nombre.startsWith(prefijo)) continue;
+        const QRegularExpressionMatch partes = temporal.match(nombre.mid(prefijo.size()));
+        if (!partes.hasMatch()) continue;
+#ifdef Q_OS_UNIX
+        const pid_t proceso = partes.captured(1).toInt();
+        if (proceso > 0 && (::kill(proceso, 0) == 0 || errno == EPERM)) continue;
+#endif
+        carpeta.remove(nombre);
+    }
 }
 
 // Puts the file's bytes on the disk before it is renamed over the archive.
@@ -183,12 +221,17 @@ bool clsArchivoZip::Leer(const EntradaZip& xEntrada, qint64 xMaximo, QByteArray&
         if (parte <= 0) break;
         leidos += parte;
     }
-    // Reading on to the end is what makes libzip check the entry's checksum.
+    // Reading on to the end is what makes libzip check the entry's checksum; a byte found there
+    // is one more than the entry claims.
     char mas = 0;
-    const bool correcto = leidos == cantidad && (!todo || Zip().LeerEntrada(archivo, &mas, 1) == 0);
-    if (!correcto)
-        mError = leidos < cantidad ? QStringLiteral("it is shorter than the archive says")
-                                   : TextoError(Zip().ErrorEntrada(archivo));
+    const zip_int64_t sobra = leidos == cantidad && todo ? Zip().LeerEntrada(archivo, &mas, 1) : 0;
+    const bool correcto = leidos == cantidad && sobra == 0;
+    if (leidos < cantidad)
+        mError = QStringLiteral("it is shorter than the archive says");
+    else if (sobra > 0)
+        mError = QStringLiteral("it is longer than the archive says");
+    else if (!correcto)
+        mError = TextoError(Zip().ErrorEntrada(archivo));
     Zip().CerrarEntrada(archivo);
     if (!correcto) xBytes.clear();
     return correcto;
@@ -200,13 +243,17 @@ bool clsArchivoZip::Reemplazar(const QString& xRuta, const QString& xEntrada,
         xError = Zip().Falta;
         return false;
     }
-    const QFileInfo info(xRuta);
+    // An archive reached through a link is rewritten where the link leads.
+    const QFileInfo info(modFunciones::DestinoFinal(xRuta));
+    QuitarTemporales(info);
     QTemporaryFile temporal(info.absolutePath() + QStringLiteral("/.") + info.fileName() +
-                            QStringLiteral(".XXXXXX"));
-    if (!temporal.open() || !Copiar(xRuta, temporal, xError)) {
-        if (xError.isEmpty()) xError = temporal.errorString();
+                            QStringLiteral(".%1-XXXXXX").arg(QCoreApplication::applicationPid()));
+    errno = 0;
+    if (!temporal.open()) {
+        xError = Motivo(temporal);
         return false;
     }
+    if (!Copiar(info.filePath(), temporal, xError)) return false;
     temporal.close();
     const QString ruta = temporal.fileName();
     int codigo = 0;
@@ -234,8 +281,9 @@ bool clsArchivoZip::Reemplazar(const QString& xRuta, const QString& xEntrada,
     }
     QFile::setPermissions(ruta, info.permissions());
     if (!Asentar(ruta) || std::rename(QFile::encodeName(ruta).constData(),
-                                      QFile::encodeName(xRuta).constData()) != 0) {
-        xError = QStringLiteral("the new archive cannot be put in place");
+                                      QFile::encodeName(info.filePath()).constData()) != 0) {
+        xError = QStringLiteral("the new archive cannot be put in place (%1)")
+                     .arg(QString::fromLocal8Bit(std::strerror(errno)));
         return false;
     }
     temporal.setAutoRemove(false);

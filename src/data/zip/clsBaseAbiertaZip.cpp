@@ -1,5 +1,6 @@
 #include "data/zip/clsBaseAbiertaZip.h"
 
+#include "common/modFunciones.h"
 #include "data/carpeta/clsBaseAbiertaCarpeta.h"
 #include "data/zip/clsArchivoZip.h"
 
@@ -16,12 +17,13 @@ clsBaseAbiertaZip::clsBaseAbiertaZip(std::shared_ptr<clsCatalogoZip> xCatalogo,
         Tomado();
 }
 
+// Beside the archive itself, wherever links to it are: every writer of it takes the same lock.
 QString clsBaseAbiertaZip::ArchivoCandado() const {
-    return mCatalogo->Carpeta() + QStringLiteral(".lock");
+    return modFunciones::DestinoFinal(mCatalogo->Carpeta()) + QStringLiteral(".lock");
 }
 
 void clsBaseAbiertaZip::ComprobarEscritura(const QString& xOperacion) const {
-    const QFileInfo archivo(mCatalogo->Carpeta());
+    const QFileInfo archivo(modFunciones::DestinoFinal(mCatalogo->Carpeta()));
     if (clsBaseAbiertaCarpeta::SoloLectura(QFileInfo(archivo.absolutePath())))
         FallaEscritura(xOperacion, QStringLiteral("the folder of the backup archive is read-only"));
     if (clsBaseAbiertaCarpeta::SoloLectura(archivo))

@@ -5,15 +5,12 @@
 #include "data/zip/clsBaseAbiertaZip.h"
 
 #include <QFileInfo>
-#include <QSettings>
-#include <QTemporaryFile>
+#include <QRegularExpression>
 #include <algorithm>
 
 namespace {
 
 const QString NombreIni = QStringLiteral("Handheld.ini");
-// A Handheld.ini larger than this is not one.
-constexpr qint64 TamanoMaximoIni = 1024 * 1024;
 
 bool Termina(const QString& xNombre, const char* xExtension) {
     return xNombre.endsWith(QLatin1String(xExtension), Qt::CaseInsensitive);
@@ -30,11 +27,15 @@ bool EsCandidata(const EntradaZip& xEntrada) {
 QString Rechazo(const EntradaZip& xEntrada) {
     if (Termina(xEntrada.Nombre, ".zip"))
         return QStringLiteral("it is an archive inside the archive, which is not opened");
-    if (xEntrada.Nombre.startsWith(QLatin1Char('/')) ||
-        xEntrada.Nombre.split(QLatin1Char('/')).contains(QStringLiteral("..")))
+    // Either slash separates folders for some program that unpacks the archive, and a drive
+    // letter or a leading slash makes a path absolute.
+    static const QRegularExpression separador(QStringLiteral("[/\\\\]"));
+    static const QRegularExpression absoluto(QStringLiteral("^([/\\\\]|[A-Za-z]:)"));
+    if (absoluto.match(xEntrada.Nombre).hasMatch() ||
+        xEntrada.Nombre.split(separador).contains(QStringLiteral("..")))
         return QStringLiteral("its name leads out of the archive");
     if (xEntrada.Cifrada) return QStringLiteral("it is encrypted");
-    if (xEntrada.Tamano > clsCatalogoZip::TamanoMaximo)
+    if (xEntrada.Tamano > clsArchivoPDB::TamanoMaximo)
         return QStringLiteral("it claims %1 bytes, more than a Palm database holds")
             .arg(xEntrada.Tamano);
     return {};
@@ -66,38 +67,52 @@ const EntradaZip* EntradaIni(const clsArchivoZip& xZip) {
     return mejor;
 }
 
-// The values of the archive's Handheld.ini by "Section/Key". False when it is there and cannot be
-// read; true with no values when there is none.
-bool LeerIni(clsArchivoZip& xZip, QVariantMap& xValores) {
-    xValores.clear();
+// The archive's Handheld.ini, read into memory.
+modAjustesIni::Ajustes LeerIni(clsArchivoZip& xZip) {
+    modAjustesIni::Ajustes ajustes;
     const EntradaZip* entrada = EntradaIni(xZip);
-    if (!entrada) return true;
+    if (!entrada) return ajustes;
+    ajustes.Presente = true;
     QByteArray bytes;
-    if (!Rechazo(*entrada).isEmpty() || entrada->Tamano > TamanoMaximoIni ||
-        !xZip.Leer(*entrada, -1, bytes))
-        return false;
-    // The settings reader reads files only.
-    QTemporaryFile archivo;
-    if (!archivo.open() || archivo.write(bytes) != bytes.size() || !archivo.flush()) return false;
-    const QSettings ajustes(archivo.fileName(), QSettings::IniFormat);
-    if (ajustes.status() != QSettings::NoError) return false;
-    for (const QString& clave : ajustes.allKeys())
-        xValores.insert(clave, ajustes.value(clave));
-    return true;
+    ajustes.Error = Rechazo(*entrada);
+    if (!ajustes.Error.isEmpty()) return ajustes;
+    if (entrada->Tamano > modAjustesIni::TamanoMaximo)
+        ajustes.Error = QStringLiteral("it is larger than a Handheld.ini can be");
+    else if (!xZip.Leer(*entrada, -1, bytes))
+        ajustes.Error = xZip.Error();
+    else
+        modAjustesIni::Leer(bytes, ajustes.Valores, ajustes.Error);
+    return ajustes;
 }
 
-QString CodigoPaginaDe(const QString& xArchivo) {
+// The archive's Handheld.ini when it is opened; an archive that cannot be read has none here, and
+// says so when it is read.
+modAjustesIni::Ajustes AjustesDe(const QString& xArchivo) {
     clsArchivoZip zip(xArchivo);
-    QVariantMap valores;
-    if (!zip.Abierto() || !LeerIni(zip, valores)) return {};
-    return valores.value(QStringLiteral("Handheld/Encoding")).toString().trimmed();
+    return zip.Abierto() ? LeerIni(zip) : modAjustesIni::Ajustes();
+}
+
+QString DondeZip(const QString& xArchivo) {
+    return QStringLiteral("the backup archive \"%1\"").arg(xArchivo);
 }
 
 } // namespace
 
 clsCatalogoZip::clsCatalogoZip(const QString& xArchivo, const QString& xCodigoPagina)
     : clsCatalogoCarpeta(QFileInfo(xArchivo).absoluteFilePath(), xCodigoPagina,
-                         xCodigoPagina.isEmpty() ? CodigoPaginaDe(xArchivo) : QString()) {}
+                         xCodigoPagina.isEmpty() ? AjustesDe(xArchivo) : modAjustesIni::Ajustes(),
+                         DondeZip(QFileInfo(xArchivo).absoluteFilePath())) {}
+
+QString clsCatalogoZip::Donde() const {
+    return DondeZip(Carpeta());
+}
+
+bool clsCatalogoZip::EsPropio(const QString& xArchivo) const {
+    const QString archivo = QFileInfo(Carpeta()).canonicalFilePath();
+    const QFileInfo destino(xArchivo);
+    return !archivo.isEmpty() && (destino.canonicalFilePath() == archivo ||
+                                  destino.absoluteFilePath() == archivo + QStringLiteral(".lock"));
+}
 
 QString clsCatalogoZip::NombreHandheld() const {
     return QFileInfo(Carpeta()).completeBaseName();
@@ -112,9 +127,14 @@ const clsCatalogoZip::Instantanea& clsCatalogoZip::Actual(Mirada xMirada) const 
     nueva.Estado = estado;
     nueva.Momento = clsLecturaArchivo::Ahora();
     nueva.Zip = std::make_shared<clsArchivoZip>(Carpeta());
-    for (const EntradaZip& entrada : nueva.Zip->Entradas())
-        if (EsCandidata(entrada) && !nueva.PorNombre.contains(entrada.Nombre))
+    // Of two entries of one name, the first is the one libzip finds by name too.
+    for (const EntradaZip& entrada : nueva.Zip->Entradas()) {
+        if (!EsCandidata(entrada)) continue;
+        if (nueva.PorNombre.contains(entrada.Nombre))
+            nueva.Repetidas.append(entrada.Nombre);
+        else
             nueva.PorNombre.insert(entrada.Nombre, entrada);
+    }
     mInstantanea = std::move(nueva);
     return mInstantanea;
 }
@@ -137,6 +157,15 @@ void clsCatalogoZip::ComprobarCarpeta() const {
                                : QStringLiteral("does not exist");
     throw ErrorVB(ErroresFuente::HandheldInaccesible, QStringLiteral("Handheld"),
                   QStringLiteral("The backup archive \"%1\" %2.").arg(Carpeta(), motivo));
+}
+
+QStringList clsCatalogoZip::AvisosAlmacen() const {
+    QStringList avisos;
+    for (const QString& nombre : Actual(Mirada::Ninguna).Repetidas)
+        avisos.append(QStringLiteral("A second entry %1 in the archive was left out; the first is "
+                                     "used.")
+                          .arg(nombre));
+    return avisos;
 }
 
 QStringList clsCatalogoZip::Archivos() const {
@@ -213,12 +242,7 @@ bool clsCatalogoZip::LeerContenido(const FichaBaseCarpeta& xFicha, ContenidoArch
 
 QVariantMap clsCatalogoZip::Ajustes(const QString& xOperacion) {
     Actualizar(); // raises when the archive cannot be read
-    QVariantMap valores;
-    if (!LeerIni(*Actual(Mirada::Ninguna).Zip, valores))
-        throw ErrorVB(ErroresFuente::HandheldInaccesible, xOperacion,
-                      QStringLiteral("%1 of the backup archive \"%2\" cannot be read.")
-                          .arg(NombreIni, Carpeta()));
-    return valores;
+    return Valores(LeerIni(*Actual(Mirada::Ninguna).Zip), xOperacion);
 }
 
 std::unique_ptr<clsBaseAbierta> clsCatalogoZip::AbrirBase(const FichaBaseCarpeta& xFicha,

@@ -24,6 +24,9 @@ public:
     // The archive's name without its extension.
     QString NombreHandheld() const override;
     QVariantMap Ajustes(const QString& xOperacion) override;
+    QString Donde() const override;
+    // The archive itself and its lock file.
+    bool EsPropio(const QString& xArchivo) const override;
     std::unique_ptr<clsBaseAbierta> AbrirBase(const FichaBaseCarpeta& xFicha,
                                               const QString& xNombre, ContenidoArchivo xContenido,
                                               const QString& xOperacion) override;
@@ -36,11 +39,9 @@ public:
     // The entry's name inside the archive.
     QString NombreEntrada(const QString& xRuta) const;
 
-    // No Palm database is larger: an entry that claims more is not read.
-    static constexpr qint64 TamanoMaximo = 64 * 1024 * 1024;
-
 protected:
     QStringList Archivos() const override;
+    QStringList AvisosAlmacen() const override;
     EstadoArchivo EstadoDe(const QString& xRuta) const override;
     Lectura Leer(const QString& xRuta) override;
     bool LeerContenido(const FichaBaseCarpeta& xFicha, ContenidoArchivo& xContenido,
@@ -54,6 +55,7 @@ private:
         qint64 Momento = 0;
         std::shared_ptr<clsArchivoZip> Zip;
         QHash<QString, EntradaZip> PorNombre; // the entries that may be databases, by name
+        QStringList Repetidas;                // names of further entries of a name taken
         // Entries read whole while their header was read, for the open that usually follows.
         QHash<QString, QByteArray> Leidas;
     };

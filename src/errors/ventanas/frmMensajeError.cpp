@@ -3,7 +3,6 @@
 #include "common/ErrorVB.h"
 #include "common/clsConfiguracionRegional.h"
 #include "common/modFecha.h"
-#include "common/modFunciones.h"
 #include "common/ventanas/modDialogos.h"
 #include "errors/ventanas/MostrarMensajeError.h"
 #include "printing/ventanas/clsImpresoraQt.h"
@@ -19,9 +18,6 @@
 #include <QVBoxLayout>
 
 namespace {
-
-const QString FormatoFechaHora = QStringLiteral("mm/dd/yyyy hh:mm:ss");
-const QString FormatoHora = QStringLiteral("hh:mm:ss");
 
 QFont Arial(bool xNegrita = false) {
     QFont fuente(QStringLiteral("Arial"), 9);
@@ -123,17 +119,16 @@ void frmMensajeError::Component(qint32 xErrNumber, const QString& xErrDescriptio
                                 const QString& xErrSource, const QString& xFormulario,
                                 const QString& xModuloFormulario) {
     const clsConfiguracionRegional& regional = clsConfiguracionRegional::Actual();
-    mFecha = modFecha::Ahora();
-    mDescripcion = xErrDescription;
-    mFuente = xErrSource;
-    lblErrorFecha->setText(regional.FormatoFecha(mFecha, FormatoFechaHora));
-    lblErrorHora->setText(regional.FormatoFecha(mFecha, FormatoHora));
-    lblComputadora->clear();
-    lblErrorNumero->setText(QString::number(xErrNumber));
-    txtErrorDescrip->setPlainText(xErrDescription);
-    lblErrorFormulario->setText(xFormulario);
-    lblErrorModuloFormulario->setText(xModuloFormulario);
-    txtErrorProcedFuente->setText(xErrSource);
+    mMensaje = clsMensajeError(xErrNumber, xErrDescription, xErrSource, xFormulario,
+                               xModuloFormulario, modFecha::Ahora());
+    lblErrorFecha->setText(mMensaje.Fecha(regional));
+    lblErrorHora->setText(mMensaje.Hora(regional));
+    lblComputadora->setText(mMensaje.Computadora());
+    lblErrorNumero->setText(mMensaje.Numero());
+    txtErrorDescrip->setPlainText(mMensaje.Descripcion());
+    lblErrorFormulario->setText(mMensaje.Formulario());
+    lblErrorModuloFormulario->setText(mMensaje.Procedimiento());
+    txtErrorProcedFuente->setText(mMensaje.Fuente());
 }
 
 // A printer dialog the person cancels ends the click without a word.
@@ -146,43 +141,11 @@ void frmMensajeError::cmdImprimir_Click() {
 void frmMensajeError::ImprimoError(QPrinter& xImpresora) {
     try {
         const std::shared_ptr<clsImpresora> impresora = clsImpresoraQt::Para(xImpresora);
-        Imprimir(*impresora);
+        mMensaje.Imprimir(*impresora, clsConfiguracionRegional::Actual());
     } catch (const ErrorVB& error) {
         MostrarMensajeError(error, QStringLiteral("Error Message"), QStringLiteral("ImprimoError"));
     } catch (const std::exception& error) {
         MostrarMensajeError(0, QString::fromLocal8Bit(error.what()), QStringLiteral("Pandrel"),
                             QStringLiteral("Error Message"), QStringLiteral("ImprimoError"));
     }
-}
-
-// One page in character cells: the title centred on line 1, the facts from column 10. The
-// description's continuation lines start at the left edge, so MultiLinea indents them by ten
-// blanks to stand under the labels. "Form´s Module" carries the procedure and "Procedure" the
-// source, as the window's captions pair them.
-void frmMensajeError::Imprimir(clsImpresora& xImpresora) {
-    const clsConfiguracionRegional& regional = clsConfiguracionRegional::Actual();
-    const QString titulo = QStringLiteral("An Error was occurred");
-    xImpresora.SetScaleMode(clsImpresora::EscalaCaracteres);
-    xImpresora.SetFontName(QStringLiteral("MS Sans Serif"));
-    xImpresora.SetFontSize(9);
-    xImpresora.SetCurrentX((xImpresora.ScaleWidth() - xImpresora.TextWidth(titulo)) / 2);
-    xImpresora.SetCurrentY(1);
-    xImpresora.Print(titulo);
-
-    const auto linea = [&xImpresora](double xY, const QString& xTexto) {
-        xImpresora.SetCurrentX(10);
-        xImpresora.SetCurrentY(xY);
-        xImpresora.Print(xTexto);
-    };
-    linea(5, QStringLiteral("Date: ") + regional.FormatoFecha(mFecha, FormatoFechaHora));
-    linea(6, QStringLiteral("Time: ") + regional.FormatoFecha(mFecha, FormatoHora));
-    linea(7, QStringLiteral("Computer: ") + lblComputadora->text());
-    linea(10, QStringLiteral("Number: ") + lblErrorNumero->text());
-    linea(11, QStringLiteral("Description: ") +
-                  modFunciones::MultiLinea(mDescripcion, 70, 10, xImpresora.AnchoDe()));
-    linea(14, QStringLiteral("Form: ") + lblErrorFormulario->text());
-    linea(15, QStringLiteral("Form\u00B4s Module: ") + lblErrorModuloFormulario->text());
-    linea(16, QStringLiteral("Procedure: ") + mFuente);
-    xImpresora.EndDoc();
-    xImpresora.SetScaleMode(clsImpresora::EscalaTwips);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QDateTime>
+#include "errors/clsMensajeError.h"
+
 #include <QDialog>
 #include <QString>
 #include <QtGlobal>
@@ -11,9 +12,9 @@ class QLineEdit;
 class QPlainTextEdit;
 class QPrinter;
 class QPushButton;
-class clsImpresora;
 
-// The error report window: what failed, where and when, with a one-page printout.
+// The error report window: what failed, where and when, with a one-page printout laid out by
+// clsMensajeError.
 class frmMensajeError : public QDialog {
     Q_OBJECT
 public:
@@ -28,7 +29,6 @@ private:
     void CrearControles();
     void cmdImprimir_Click();
     void ImprimoError(QPrinter& xImpresora);
-    void Imprimir(clsImpresora& xImpresora);
 
     QGroupBox* Frame1 = nullptr;
     QLabel* lblErrorNumero = nullptr;
@@ -42,7 +42,5 @@ private:
     QPushButton* cmdImprimir = nullptr;
     QPushButton* cmdOk = nullptr;
 
-    QDateTime mFecha;
-    QString mDescripcion;
-    QString mFuente;
+    clsMensajeError mMensaje;
 };

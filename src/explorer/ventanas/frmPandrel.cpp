@@ -307,7 +307,7 @@ bool frmPandrel::MostrarMemoria() {
         modDialogos::MsgBox(this, e.Descripcion(), QMessageBox::Ok, QMessageBox::NoIcon,
                             windowTitle());
     } catch (const std::exception& e) {
-        modDialogos::MsgBox(this, QString::fromLocal8Bit(e.what()), QMessageBox::Ok,
+        modDialogos::MsgBox(this, ErrorVB::De(e, QString()).Descripcion(), QMessageBox::Ok,
                             QMessageBox::NoIcon, windowTitle());
     }
     return false;
@@ -323,8 +323,7 @@ bool frmPandrel::Atrapar(const QString& xProcedimiento, const std::function<void
         if (e.Numero() == ErroresFuente::BaseCambiada)
             QTimer::singleShot(0, this, &frmPandrel::RecargarArbol);
     } catch (const std::exception& e) {
-        MostrarMensajeError(0, QString::fromLocal8Bit(e.what()), QString(), kFormulario,
-                            xProcedimiento);
+        MostrarMensajeError(ErrorVB::De(e, QString()), kFormulario, xProcedimiento);
     }
     return false;
 }

@@ -185,7 +185,7 @@ void frmPandrel::tvwDataBases_NodeClick(QTreeWidgetItem* xNodo, bool xRegistrosE
         modDialogos::MsgBox(this, e.Descripcion(), QMessageBox::Ok, QMessageBox::NoIcon,
                             xNodo->text(0));
     } catch (const std::exception& e) {
-        modDialogos::MsgBox(this, QString::fromLocal8Bit(e.what()), QMessageBox::Ok,
+        modDialogos::MsgBox(this, ErrorVB::De(e, QString()).Descripcion(), QMessageBox::Ok,
                             QMessageBox::NoIcon, xNodo->text(0));
     }
 }

@@ -56,13 +56,18 @@ void frmPandrel::Imprimir() {
             auto impresora = std::make_shared<QPrinter>(QPrinter::HighResolution);
             if (!modDialogos::ElegirImpresora(this, *impresora)) return nullptr;
             xCopias = impresora->copyCount();
+            // A PDF file the person named that is no place for one is refused here, with the
+            // reason, as the export refuses it.
+            std::shared_ptr<clsImpresora> interfaz;
+            if (!Atrapar(QStringLiteral("Imprimir"),
+                         [&] { interfaz = clsImpresoraQt::Para(*impresora); }))
+                return nullptr;
             // The printer lives as long as the printer interface painting on it.
             struct Juntos {
                 std::shared_ptr<QPrinter> Impresora;
                 std::shared_ptr<clsImpresora> Interfaz;
             };
-            auto juntos =
-                std::make_shared<Juntos>(Juntos{impresora, clsImpresoraQt::Para(*impresora)});
+            auto juntos = std::make_shared<Juntos>(Juntos{impresora, interfaz});
             return std::shared_ptr<clsImpresora>(juntos, juntos->Interfaz.get());
         },
         [this](const QString& xTexto, const QString& xTitulo) {

@@ -1,6 +1,8 @@
 #include "printing/ventanas/clsImpresoraQt.h"
 
 #include "common/ErrorVB.h"
+#include "data/modDestino.h"
+#include "printing/ventanas/clsImpresoraPdf.h"
 
 #include <QFontMetricsF>
 #include <QPainter>
@@ -20,7 +22,11 @@ clsImpresoraQt::Fabrica& FabricaActual() {
 
 } // namespace
 
-clsImpresoraQt::clsImpresoraQt(QPrinter& xImpresora) : mImpresora(xImpresora) {}
+clsImpresoraQt::clsImpresoraQt(QPrinter& xImpresora)
+    : mDispositivo(xImpresora), mImpresora(&xImpresora) {}
+
+clsImpresoraQt::clsImpresoraQt(QPagedPaintDevice& xDispositivo)
+    : mDispositivo(xDispositivo), mImpresora(nullptr) {}
 
 clsImpresoraQt::~clsImpresoraQt() {
     if (mPintor && mPintor->isActive()) mPintor->end();
@@ -28,7 +34,16 @@ clsImpresoraQt::~clsImpresoraQt() {
 
 std::shared_ptr<clsImpresora> clsImpresoraQt::Para(QPrinter& xImpresora) {
     if (FabricaActual()) return FabricaActual()(xImpresora);
-    return std::make_shared<clsImpresoraQt>(xImpresora);
+    const QString archivo = xImpresora.outputFileName();
+    if (xImpresora.outputFormat() != QPrinter::PdfFormat || archivo.isEmpty())
+        return std::make_shared<clsImpresoraQt>(xImpresora);
+    modDestino::Comprobar(archivo, QStringLiteral("clsImpresoraQt"));
+    return std::make_shared<clsImpresoraPdf>(archivo, xImpresora.pageLayout(),
+                                             xImpresora.resolution());
+}
+
+bool clsImpresoraQt::Pintando() const {
+    return mPintor && mPintor->isActive();
 }
 
 void clsImpresoraQt::Sustituir(Fabrica xFabrica) {
@@ -44,9 +59,9 @@ QFont clsImpresoraQt::Fuente() const {
 
 QPainter& clsImpresoraQt::Pintor() {
     if (mPintor && mPintor->isActive()) return *mPintor;
-    mImpresora.setCopyCount(Copies());
+    if (mImpresora) mImpresora->setCopyCount(Copies());
     mPintor = std::make_unique<QPainter>();
-    if (!mPintor->begin(&mImpresora)) {
+    if (!mPintor->begin(&mDispositivo)) {
         mPintor.reset();
         throw ErrorVB(482, QStringLiteral("clsImpresoraQt"), QStringLiteral("Printer error"));
     }
@@ -54,44 +69,56 @@ QPainter& clsImpresoraQt::Pintor() {
 }
 
 double clsImpresoraQt::PixelesX(double xTwips) const {
-    return xTwips * mImpresora.logicalDpiX() / TwipsPorPulgada;
+    return xTwips * mDispositivo.logicalDpiX() / TwipsPorPulgada;
 }
 
 double clsImpresoraQt::PixelesY(double xTwips) const {
-    return xTwips * mImpresora.logicalDpiY() / TwipsPorPulgada;
+    return xTwips * mDispositivo.logicalDpiY() / TwipsPorPulgada;
 }
 
 double clsImpresoraQt::AnchoTexto(const QString& xLinea) const {
-    const QFontMetricsF medidas(Fuente(), &mImpresora);
-    return medidas.horizontalAdvance(xLinea) * TwipsPorPulgada / mImpresora.logicalDpiX();
+    const QFontMetricsF medidas(Fuente(), &mDispositivo);
+    return medidas.horizontalAdvance(xLinea) * TwipsPorPulgada / mDispositivo.logicalDpiX();
 }
 
 double clsImpresoraQt::AltoLinea() const {
-    const QFontMetricsF medidas(Fuente(), &mImpresora);
-    return medidas.lineSpacing() * TwipsPorPulgada / mImpresora.logicalDpiY();
+    const QFontMetricsF medidas(Fuente(), &mDispositivo);
+    return medidas.lineSpacing() * TwipsPorPulgada / mDispositivo.logicalDpiY();
+}
+
+// The sheet and its printable part in points: a printer's as its driver gives them, another
+// device's from its page layout.
+QRectF clsImpresoraQt::Hoja() const {
+    return mImpresora ? mImpresora->paperRect(QPrinter::Point)
+                      : mDispositivo.pageLayout().fullRect(QPageLayout::Point);
+}
+
+QRectF clsImpresoraQt::Imprimible() const {
+    return mImpresora ? mImpresora->pageRect(QPrinter::Point)
+                      : mDispositivo.pageLayout().paintRect(QPageLayout::Point);
 }
 
 double clsImpresoraQt::AnchoPagina() const {
-    return mImpresora.paperRect(QPrinter::Point).width() * TwipsPorPunto;
+    return Hoja().width() * TwipsPorPunto;
 }
 
 double clsImpresoraQt::AltoPagina() const {
-    return mImpresora.paperRect(QPrinter::Point).height() * TwipsPorPunto;
+    return Hoja().height() * TwipsPorPunto;
 }
 
 double clsImpresoraQt::AnchoImprimible() const {
-    return mImpresora.pageRect(QPrinter::Point).width() * TwipsPorPunto;
+    return Imprimible().width() * TwipsPorPunto;
 }
 
 double clsImpresoraQt::AltoImprimible() const {
-    return mImpresora.pageRect(QPrinter::Point).height() * TwipsPorPunto;
+    return Imprimible().height() * TwipsPorPunto;
 }
 
 void clsImpresoraQt::DibujarTexto(double xX, double xY, const QString& xLinea) {
     QPainter& pintor = Pintor();
     const QFont fuente = Fuente();
     pintor.setFont(fuente);
-    const QFontMetricsF medidas(fuente, &mImpresora);
+    const QFontMetricsF medidas(fuente, &mDispositivo);
     pintor.drawText(QPointF(PixelesX(xX), PixelesY(xY) + medidas.ascent()), xLinea);
 }
 
@@ -103,7 +130,7 @@ void clsImpresoraQt::DibujarLinea(double xX1, double xY1, double xX2, double xY2
 
 void clsImpresoraQt::PasarPagina() {
     Pintor();
-    if (!mImpresora.newPage())
+    if (!mDispositivo.newPage())
         throw ErrorVB(482, QStringLiteral("clsImpresoraQt"), QStringLiteral("Printer error"));
 }
 

@@ -3,16 +3,18 @@
 #include "printing/clsImpresora.h"
 
 #include <QFont>
+#include <QRectF>
 #include <functional>
 #include <memory>
 
+class QPagedPaintDevice;
 class QPainter;
 class QPrinter;
 
-// The printer interface painting on a QPrinter: a real printer, or a PDF file when the printer
-// has an output file name. The document begins with the first output and is sent by EndDoc (or
-// when the object ends with a document still open). Measures come from the printer's own font
-// metrics, so what TextWidth reports is what lands on the page.
+// The printer interface painting on a QPrinter (a real printer) or on another paged device (a
+// PDF file, see clsImpresoraPdf). The document begins with the first output and is sent by
+// EndDoc (or when the object ends with a document still open). Measures come from the device's
+// own font metrics, so what TextWidth reports is what lands on the page.
 class clsImpresoraQt : public clsImpresora {
 public:
     explicit clsImpresoraQt(QPrinter& xImpresora);
@@ -22,13 +24,19 @@ public:
     clsImpresoraQt& operator=(const clsImpresoraQt&) = delete;
 
     // The printer a window prints on once the person has chosen xImpresora in the printer
-    // dialog: this class over it, or whatever a test put in its place.
+    // dialog: this class over it; a clsImpresoraPdf when it prints to a PDF file, whose name
+    // must be a place for one (modDestino, else ErrorVB 75); or whatever a test put in its place.
     using Fabrica = std::function<std::shared_ptr<clsImpresora>(QPrinter&)>;
     static std::shared_ptr<clsImpresora> Para(QPrinter& xImpresora);
     // Tests print through their own printer; an empty function gives this class back.
     static void Sustituir(Fabrica xFabrica);
 
 protected:
+    // Over a paged device that is no printer: its page layout gives the sheet.
+    explicit clsImpresoraQt(QPagedPaintDevice& xDispositivo);
+    // True while a document is being painted.
+    bool Pintando() const;
+
     double AnchoTexto(const QString& xLinea) const override;
     double AltoLinea() const override;
     double AnchoPagina() const override;
@@ -42,10 +50,13 @@ protected:
 
 private:
     QFont Fuente() const;
+    QRectF Hoja() const;
+    QRectF Imprimible() const;
     QPainter& Pintor();
     double PixelesX(double xTwips) const;
     double PixelesY(double xTwips) const;
 
-    QPrinter& mImpresora;
+    QPagedPaintDevice& mDispositivo;
+    QPrinter* mImpresora; // the same device when it is a printer, else null
     std::unique_ptr<QPainter> mPintor;
 };

@@ -7,10 +7,13 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QLockFile>
 #include <chrono>
+#include <csignal>
 #include <functional>
 #include <future>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -77,6 +80,23 @@ clsArchivoPDB BaseDeRecursos(const QByteArray& xNombre) {
     archivo.Creador = Codigo("PROG");
     archivo.Recursos = {{Codigo("code"), 1, "codigo"}, {Codigo("tFRM"), 1000, "forma"}};
     return archivo;
+}
+
+// Runs xTrabajo on a thread of its own; a reading that waits for ever (a FIFO's) fails the test.
+template <typename F> auto SinEsperar(F&& xTrabajo) {
+    auto trabajo = std::async(std::launch::async, std::forward<F>(xTrabajo));
+    if (trabajo.wait_for(std::chrono::seconds(20)) != std::future_status::ready) {
+        ADD_FAILURE() << "reading the folder did not end";
+        std::_Exit(1); // the reading thread cannot be stopped
+    }
+    return trabajo.get();
+}
+
+// Files this process writes may grow to xBytes at most: the disk is as good as full beyond.
+void LimitarArchivos(rlim_t xBytes) {
+    std::signal(SIGXFSZ, SIG_IGN); // a write past the limit fails instead of ending the process
+    const rlimit limite{xBytes, RLIM_INFINITY};
+    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &limite), 0);
 }
 
 template <typename F> void EsperarError(qint32 xNumero, F&& xAccion, const QString& xTexto = {}) {
@@ -473,6 +493,10 @@ TYPED_TEST(FuenteDeBases, SinBloqueDeCategoriasNoHayCategorias) {
 TYPED_TEST(FuenteDeBases, EscribirUnRegistroDejaTodoLoDemasComoEstaba) {
     const clsArchivoPDB antes = BaseVariada();
     this->mFabrica.Poner("v.pdb", antes);
+    const QString almacen = this->mFabrica.Almacen("v.pdb");
+    ASSERT_TRUE(
+        QFile::setPermissions(almacen, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup));
+    const QFile::Permissions permisos = QFileInfo(almacen).permissions();
     auto fuente = this->mFabrica.Crear();
     auto gestor = fuente->CrearGestor();
     const auto info = gestor->BuscarBase("Variada");
@@ -498,6 +522,28 @@ TYPED_TEST(FuenteDeBases, EscribirUnRegistroDejaTodoLoDemasComoEstaba) {
     EXPECT_EQ(leido.Categoria, 4);
     EXPECT_EQ(leido.Atributos, 0x50);
     EXPECT_EQ(this->mFabrica.Sobrantes(), QStringList()); // no lock or temporary left
+    EXPECT_EQ(QFileInfo(almacen).permissions(), permisos);
+}
+
+// A writer that finds another writer's lock waits for it, then applies its change over what the
+// other one wrote.
+TYPED_TEST(FuenteDeBases, UnaEscrituraEsperaAlEscritorQueTieneElCandado) {
+    this->mFabrica.Poner("v.pdb", BaseVariada());
+    auto fuente = this->mFabrica.Crear();
+    auto adaptador = fuente->CrearGestor()->AbrirBaseRegistros("Variada", "", 208);
+    QLockFile candado(this->mFabrica.Candado("v.pdb"));
+    ASSERT_TRUE(candado.tryLock(0));
+    auto escritura =
+        std::async(std::launch::async, [&] { adaptador->EscribirRegistro(11, 1, 0, "nuestro"); });
+    EXPECT_EQ(escritura.wait_for(std::chrono::milliseconds(300)), std::future_status::timeout);
+    clsArchivoPDB otro = this->EnDisco("v.pdb");
+    otro.Registros[0].Datos = "del otro";
+    this->mFabrica.CambiarPorFuera("v.pdb", otro);
+    candado.unlock();
+    escritura.get();
+    const clsArchivoPDB despues = this->EnDisco("v.pdb");
+    EXPECT_EQ(despues.Registros[0].Datos, QByteArray("del otro"));
+    EXPECT_EQ(despues.Registros[4].Datos, QByteArray("nuestro"));
 }
 
 TYPED_TEST(FuenteDeBases, UnRegistroNuevoRecibeElIDSiguienteAlMayor) {
@@ -664,14 +710,29 @@ TYPED_TEST(FuenteDeBases, UnaEscrituraNoCaeEnOtraBase) {
     }
 }
 
+// Every way a write can fail leaves the database as it was, says why in the system's words, and
+// leaves nothing beside it; a lock file that is not a regular file does not make it wait.
 TYPED_TEST(FuenteDeBases, UnaEscrituraQueFallaNoCambiaNada) {
     struct Caso {
         const char* Nombre;
         std::function<void(TypeParam&)> Impedir;
+        std::function<void(TypeParam&)> Deshacer;
+        const char* Motivo;
+    };
+    const auto nada = [](TypeParam&) {};
+    const auto fifo = [](TypeParam& x) {
+        ASSERT_EQ(::mkfifo(QFile::encodeName(x.Candado("v.pdb")).constData(), 0600), 0);
     };
     const std::vector<Caso> casos = {
-        {"read-only file", [](TypeParam& x) { x.HacerSoloLectura("v.pdb"); }},
-        {"read-only folder", [](TypeParam& x) { x.HacerCarpetaSoloLectura(); }},
+        {"read-only file", [](TypeParam& x) { x.HacerSoloLectura("v.pdb"); }, nada, "read-only"},
+        {"read-only folder", [](TypeParam& x) { x.HacerCarpetaSoloLectura(); }, nada, "read-only"},
+        // The disk fills up: first with the new file, then already with the lock file.
+        {"full disk", [](TypeParam&) { LimitarArchivos(200); },
+         [](TypeParam&) { LimitarArchivos(RLIM_INFINITY); }, "File too large"},
+        {"no room for the lock", [](TypeParam&) { LimitarArchivos(8); },
+         [](TypeParam&) { LimitarArchivos(RLIM_INFINITY); }, "lock file cannot be made (File"},
+        {"a FIFO for a lock file", fifo, [](TypeParam& x) { QFile::remove(x.Candado("v.pdb")); },
+         "is not a regular file"},
     };
     for (const Caso& caso : casos) {
         TypeParam fabrica;
@@ -687,7 +748,8 @@ TYPED_TEST(FuenteDeBases, UnaEscrituraQueFallaNoCambiaNada) {
             [&] { adaptador->BorrarTodos(0, 255); },
         };
         for (const auto& escritura : escrituras)
-            EsperarError(ErroresFuente::EscrituraFallida, escritura, "read-only");
+            EsperarError(ErroresFuente::EscrituraFallida, escritura, caso.Motivo);
+        caso.Deshacer(fabrica);
         EXPECT_EQ(fabrica.Contenido("v.pdb"), antes) << caso.Nombre;
         EXPECT_EQ(adaptador->LeerPorID(9).Bytes, QByteArray("dos")) << caso.Nombre;
         EXPECT_EQ(fabrica.Sobrantes(), QStringList()) << caso.Nombre;
@@ -835,27 +897,74 @@ TEST(CarpetaDeBases, LoQueNoEsUnArchivoSeAvisaSinEsperar) {
     fabrica.Poner("v.pdb", BaseVariada());
     const QString carpeta = QFileInfo(fabrica.Ruta("v.pdb")).path();
     ASSERT_EQ(::mkfifo(QFile::encodeName(fabrica.Ruta("cola.pdb")).constData(), 0600), 0);
-    ASSERT_EQ(::mkfifo(QFile::encodeName(fabrica.Ruta("Handheld.ini")).constData(), 0600), 0);
     ASSERT_TRUE(QFile::link(fabrica.Ruta("cola.pdb"), fabrica.Ruta("enlace.prc")));
     ASSERT_TRUE(QDir(carpeta).mkdir("carpeta.pdb"));
 
-    auto trabajo = std::async(std::launch::async, [&] {
+    const auto [bases, avisos] = SinEsperar([&] {
         auto fuente = fabrica.Crear();
         const QStringList bases = fuente->CrearGestor()->ListarBases(-1);
-        EsperarError(
-            ErroresFuente::HandheldInaccesible, [&] { fuente->CrearSistema()->TarjetaMemoria(); },
-            "Handheld.ini");
         return std::make_pair(bases, FabricaCarpeta::Avisos(*fuente));
     });
-    if (trabajo.wait_for(std::chrono::seconds(20)) != std::future_status::ready) {
-        ADD_FAILURE() << "reading the folder did not end";
-        std::_Exit(1); // the reading thread cannot be stopped
-    }
-    const auto [bases, avisos] = trabajo.get();
     EXPECT_EQ(bases, QStringList({"Variada"}));
     ASSERT_EQ(avisos.size(), 3) << avisos.join('\n').toStdString();
     for (const char* nombre : {"carpeta.pdb", "cola.pdb", "enlace.prc"})
         EXPECT_EQ(avisos.filter(nombre).size(), 1) << nombre;
+}
+
+// A Handheld.ini that is there but cannot be read is an error of the whole handheld, as it may
+// name the code page of every text: never a silent windows-1252. Given the code page, the
+// databases read.
+TEST(CarpetaDeBases, UnHandheldIniIlegibleEsUnError) {
+    const struct {
+        const char* Caso;
+        std::function<void(FabricaCarpeta&)> Poner;
+        const char* Motivo;
+    } casos[] = {
+        {"FIFO",
+         [](FabricaCarpeta& x) {
+             ASSERT_EQ(::mkfifo(QFile::encodeName(x.Ruta("Handheld.ini")).constData(), 0600), 0);
+         },
+         "not a regular file"},
+        {"link to nothing",
+         [](FabricaCarpeta& x) { QFile::link(x.Ruta("nada.ini"), x.Ruta("Handheld.ini")); },
+         "No such file"},
+        {"garbage", [](FabricaCarpeta& x) { x.PonerAjustes("[Handheld]\nEncoding Shift_JIS\n"); },
+         "line 2"},
+    };
+    for (const auto& caso : casos) {
+        FabricaCarpeta fabrica;
+        fabrica.Poner("v.pdb", BaseVariada());
+        caso.Poner(fabrica);
+        SinEsperar([&] {
+            auto fuente = fabrica.Crear();
+            EsperarError(
+                ErroresFuente::HandheldInaccesible, [&] { fuente->CrearGestor()->ListarBases(-1); },
+                caso.Motivo);
+            auto dada = std::make_shared<clsFuenteCarpeta>(QFileInfo(fabrica.Ruta("v.pdb")).path(),
+                                                           "Shift_JIS");
+            EXPECT_EQ(dada->CrearGestor()->ListarBases(-1), QStringList({"Variada"})) << caso.Caso;
+            return 0;
+        });
+    }
+}
+
+// A file larger than any Palm database is left out and never read into memory, whether it was
+// that large when the folder was read or grew after.
+TEST(CarpetaDeBases, UnArchivoMayorQueUnaBaseNoSeLee) {
+    FabricaCarpeta fabrica;
+    fabrica.Poner("v.pdb", BaseVariada());
+    fabrica.Poner("w.pdb", BaseDeRegistros("Otra"));
+    const qint64 enorme = clsArchivoPDB::TamanoMaximo + 1;
+    ASSERT_TRUE(QFile::resize(fabrica.Ruta("w.pdb"), enorme)); // sparse: takes no room
+    auto fuente = fabrica.Crear();
+    EXPECT_EQ(fuente->CrearGestor()->ListarBases(-1), QStringList({"Variada"}));
+    EXPECT_EQ(FabricaCarpeta::Avisos(*fuente).filter("more than a Palm database holds").size(), 1);
+
+    ASSERT_TRUE(QFile::resize(fabrica.Ruta("v.pdb"), enorme));
+    EsperarError(
+        ErroresFuente::BaseEnUso,
+        [&] { fuente->CrearGestor()->AbrirBaseRegistros("Variada", "", 208); },
+        "more than a Palm database holds");
 }
 
 // A write lays the database out in a new file renamed over the old one: whatever still holds the

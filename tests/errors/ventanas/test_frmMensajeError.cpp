@@ -104,63 +104,22 @@ protected:
     std::shared_ptr<clsImpresoraGrabadora> mImpresora = std::make_shared<clsImpresoraGrabadora>();
 };
 
-TEST_F(frmMensajeErrorTest, ImprimeLaPaginaDelError) {
-    QStringList palabras;
-    for (int i = 0; i < 10; ++i)
-        palabras << QString(9, QChar('a' + i));
-    struct Caso {
-        QString Descripcion;
-        QStringList LineasDescripcion; // as printed, the first after "Description: "
-    };
-    const Caso casos[] = {
-        {palabras.join(' '),
-         {"Description: " + palabras.mid(0, 7).join(' '),
-          QString(10, ' ') + palabras.mid(7).join(' ')}},
-        {"", {"Description: "}},
-        {"  Overflow  ", {"Description: Overflow"}},
-    };
-    for (const Caso& caso : casos) {
-        mImpresora = std::make_shared<clsImpresoraGrabadora>();
-        frmMensajeError ventana;
-        ventana.Component(6, caso.Descripcion, "Pandrel.modFuncionesConversion", "frmPandrel",
-                          "CargarTabla");
-        QTest::mouseClick(ventana.findChild<QPushButton*>("cmdImprimir"), Qt::LeftButton);
-
-        const QString fecha = TextoDe(ventana, "lblErrorFecha");
-        struct Linea {
-            double X, Y;
-            QString Texto;
-        };
-        // 21 characters of 0.9 cell centred on a sheet 96 cells wide.
-        std::vector<Linea> esperadas = {{(96 - 21 * 0.9) / 2, 1, "An Error was occurred"},
-                                        {10, 5, "Date: " + fecha},
-                                        {10, 6, "Time: " + fecha.right(8)},
-                                        {10, 7, "Computer: "},
-                                        {10, 10, "Number: 6"}};
-        for (int i = 0; i < caso.LineasDescripcion.size(); ++i)
-            esperadas.push_back({i == 0 ? 10.0 : 0.0, 11 + 0.9 * i, caso.LineasDescripcion[i]});
-        esperadas.push_back({10, 14, "Form: frmPandrel"});
-        esperadas.push_back({10, 15, "Form\u00B4s Module: CargarTabla"});
-        esperadas.push_back({10, 16, "Procedure: Pandrel.modFuncionesConversion"});
-
-        const QList<Texto>& textos = mImpresora->Textos();
-        ASSERT_EQ(textos.size(), qsizetype(esperadas.size())) << caso.Descripcion.toStdString();
-        for (size_t i = 0; i < esperadas.size(); ++i) {
-            const Texto& texto = textos[qsizetype(i)];
-            EXPECT_NEAR(texto.X, esperadas[i].X, 1e-9) << i;
-            EXPECT_NEAR(texto.Y, esperadas[i].Y, 1e-9) << i;
-            EXPECT_EQ(texto.Texto, esperadas[i].Texto);
-            EXPECT_EQ(texto.Escala, clsImpresora::EscalaCaracteres);
-            EXPECT_EQ(texto.Fuente, "MS Sans Serif");
-            EXPECT_EQ(texto.Tamano, 9);
-            EXPECT_EQ(texto.Pagina, 1);
-        }
-        const QStringList& llamadas = mImpresora->Llamadas();
-        EXPECT_EQ(llamadas.first(), "ScaleMode 4");
-        EXPECT_EQ(llamadas.mid(llamadas.size() - 2), QStringList({"EndDoc", "ScaleMode 1"}));
-        EXPECT_EQ(mImpresora->DocumentosTerminados(), 1);
-        EXPECT_EQ(mImpresora->PaginasPasadas(), 0);
-    }
+// The print button prints the failure the window shows, stamped with the window's time; the page
+// itself is laid out by clsMensajeError.
+TEST_F(frmMensajeErrorTest, ImprimeLaFallaQueMuestra) {
+    frmMensajeError ventana;
+    ventana.Component(6, "Overflow", "Pandrel.modFuncionesConversion", "frmPandrel", "CargarTabla");
+    QTest::mouseClick(ventana.findChild<QPushButton*>("cmdImprimir"), Qt::LeftButton);
+    QStringList impresos;
+    for (const Texto& texto : mImpresora->Textos())
+        impresos << texto.Texto;
+    EXPECT_EQ(
+        impresos,
+        QStringList({"An Error was occurred", "Date: " + TextoDe(ventana, "lblErrorFecha"),
+                     "Time: " + TextoDe(ventana, "lblErrorHora"), "Computer: ", "Number: 6",
+                     "Description: Overflow", "Form: frmPandrel", "Form\u00B4s Module: CargarTabla",
+                     "Procedure: Pandrel.modFuncionesConversion"}));
+    EXPECT_EQ(mImpresora->DocumentosTerminados(), 1);
 }
 
 TEST_F(frmMensajeErrorTest, DialogoCanceladoTerminaEnSilencio) {

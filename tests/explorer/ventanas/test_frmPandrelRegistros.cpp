@@ -454,6 +454,11 @@ TEST_F(frmPandrelRegistrosTest, AWriteToAFileThatNowHoldsAnotherDatabaseReloadsT
              });
              Tecla(mGrilla, Qt::Key_Return);
          }},
+        {"delete",
+         [&] {
+             mGrilla->setCurrentIndex(Tabla().index(2, 1));
+             Tecla(mGrilla, Qt::Key_Delete);
+         }},
     };
     const QString archivo = QDir(mDirectorio.path()).filePath("Stock.pdb");
     ASSERT_TRUE(QFile::copy(archivo, archivo + ".orig"));

@@ -43,27 +43,46 @@ TEST(clsImpresoraQt, MideConLaFuenteDeLaImpresora) {
     EXPECT_GT(impresora.TextWidth(titulo), 2 * ancho / 120);
 }
 
-TEST(clsImpresoraQt, EscribeElDocumentoOFallaConUnError) {
+// A report printed to a PDF file through the printer dialog reaches the file only when EndDoc
+// ends it: a print that fails half way leaves the file that was there. A name that is no place
+// for a file is refused before anything is written, and a printer that cannot start is an error.
+TEST(clsImpresoraQt, EscribeElDocumentoEnteroOFallaConUnError) {
     QTemporaryDir carpeta;
     const QString archivo = carpeta.filePath("informe.pdf");
-    QPrinter pdf(QPrinter::HighResolution);
-    PrepararPdf(pdf, archivo);
-    clsImpresoraQt impresora(pdf);
-    impresora.Print("first page");
-    impresora.Line(0, 500, 5000, 500);
-    impresora.NewPage();
-    impresora.Print("second page");
-    impresora.EndDoc();
-    QFile escrito(archivo);
-    ASSERT_TRUE(escrito.open(QIODevice::ReadOnly));
-    const QByteArray contenido = escrito.readAll();
-    EXPECT_TRUE(contenido.startsWith("%PDF"));
-    EXPECT_EQ(contenido.count("/Type /Page\n"), 2);
+    for (const bool terminar : {false, true}) {
+        QFile escrito(archivo);
+        ASSERT_TRUE(escrito.open(QIODevice::WriteOnly));
+        escrito.write("old");
+        escrito.close();
+        QPrinter pdf(QPrinter::HighResolution);
+        PrepararPdf(pdf, archivo);
+        {
+            const auto impresora = clsImpresoraQt::Para(pdf);
+            impresora->Print("first page");
+            impresora->Line(0, 500, 5000, 500);
+            impresora->NewPage();
+            impresora->Print("second page");
+            if (terminar) impresora->EndDoc();
+        }
+        ASSERT_TRUE(escrito.open(QIODevice::ReadOnly));
+        const QByteArray contenido = escrito.readAll();
+        EXPECT_EQ(contenido.startsWith("%PDF"), terminar);
+        EXPECT_EQ(contenido.count("/Type /Page\n"), terminar ? 2 : 0);
+    }
 
+    QPrinter pdf(QPrinter::HighResolution);
+    PrepararPdf(pdf, carpeta.path());
+    try {
+        clsImpresoraQt::Para(pdf)->Print("lost");
+        ADD_FAILURE() << "a folder was taken for a PDF file";
+    } catch (const ErrorVB& error) {
+        EXPECT_EQ(error.Numero(), 75);
+    }
+    clsImpresoraQt impresora(pdf);
     PrepararPdf(pdf, "/nonexistent-folder/report.pdf");
     try {
         impresora.Print("lost");
-        FAIL() << "printing on a printer that cannot start went unnoticed";
+        ADD_FAILURE() << "printing on a printer that cannot start went unnoticed";
     } catch (const ErrorVB& error) {
         EXPECT_EQ(error.Numero(), 482);
     }
