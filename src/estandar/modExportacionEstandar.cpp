@@ -2,6 +2,7 @@
 
 #include "common/ErrorVB.h"
 #include "data/formato/modBasesEstandar.h"
+#include "data/modDestino.h"
 #include "estandar/clsEscritorCSV.h"
 #include "estandar/clsEscritorICalendar.h"
 #include "estandar/clsEscritorVCard.h"
@@ -53,6 +54,7 @@ QString PrefijoUID(clsEstandarPDB& xBase) {
 
 void Guardar(const QString& xArchivo, QByteArrayView xBytes) {
     const QString destino = QFileInfo(xArchivo).absoluteFilePath();
+    modDestino::Comprobar(destino, kOperacion);
     const auto falla = [&destino](const QString& xCausa) {
         return ErrorVB(75, kOperacion,
                        QStringLiteral("The file %1 cannot be written (%2).").arg(destino, xCausa));

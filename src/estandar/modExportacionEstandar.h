@@ -23,7 +23,8 @@ bool Admite(Formato xFormato, ClaseEstandar xClase);
 
 // Writes the records of xBase's open standard database to xArchivo in xFormato; returns how many
 // were written. Raises ErrorVB when the format does not fit the database (with a text that says
-// which do) or the file cannot be written; a missing folder is created.
+// which do), when xArchivo is no place for a file (see modDestino) or the file cannot be written;
+// a missing folder is created.
 qint32 Exportar(clsEstandarPDB& xBase, const QString& xArchivo, Formato xFormato,
                 const QDateTime& xAhora = QDateTime::currentDateTimeUtc());
 

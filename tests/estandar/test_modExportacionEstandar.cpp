@@ -3,6 +3,7 @@
 #include "constructor/modHandheldEstandar.h"
 #include "data/MensajesError.h"
 #include "data/carpeta/clsFuenteCarpeta.h"
+#include "data/modHandheld.h"
 #include "estandar/modExportacionEstandar.h"
 
 #include <QDir>
@@ -74,6 +75,7 @@ protected:
         clsConfiguracionRegional::EstablecerActual(QLocale("en_US"));
         modHandheldEstandar::Guardar(mCarpeta.path());
         mFuente = std::make_shared<clsFuenteCarpeta>(mCarpeta.path());
+        modHandheld::EstablecerFuente(mFuente);
     }
     QByteArray Exportar(const QString& xBase, const QString& xArchivo) {
         clsEstandarPDB base(mFuente);
@@ -195,6 +197,14 @@ TEST_F(ExportacionTest, UnFormatoQueNoLeVaALaBaseEsUnError) {
         }
         EXPECT_FALSE(QFile::exists(mCarpeta.filePath(QString("out/") + caso.Archivo)));
     }
+    // A folder, or one of the handheld's own files, is no place for an export.
+    QDir().mkpath(mCarpeta.filePath("out/folder.csv"));
+    EXPECT_THROW(Exportar("MemoDB", "folder.csv"), ErrorVB);
+    clsEstandarPDB base(mFuente);
+    base.OpenFile("ToDoDB");
+    EXPECT_THROW(modExportacionEstandar::Exportar(base, mCarpeta.filePath("MemoDB.pdb"),
+                                                  modExportacionEstandar::Formato::CSV),
+                 ErrorVB);
 }
 
 // Export Standard Data: a file per application, and a line for what the handheld lacks.
