@@ -489,18 +489,22 @@ QByteArray clsPalmPDB::RetrieveSortInfo() {
     return Registros("RetrieveSortInfo").LeerInfoOrden();
 }
 
-void clsPalmPDB::AplicarAtributos(RegistroPalm& xRegistro, qint32 xAttributes) {
-    if (xAttributes & FlagsAtributos) xRegistro.Atributos = xAttributes;
-}
-
-bool clsPalmPDB::WriteRecordAttributes(qint32 xRecordID, qint32 xAttributes) {
-    VerificarAbierta("WriteRecordAttributes");
+void clsPalmPDB::ComprobarAtributos(qint32 xAttributes) {
     // The attribute byte holds no more: a larger value would lose its high bits silently.
     if (xAttributes < 0 || xAttributes > 255)
         throw ErrorVB(ErrorVB::Desbordamiento, QStringLiteral("WriteRecordAttributes"),
                       QStringLiteral("The attributes %1 are not a byte: give a value from 0 to "
                                      "255.")
                           .arg(xAttributes));
+}
+
+void clsPalmPDB::AplicarAtributos(RegistroPalm& xRegistro, qint32 xAttributes) {
+    if (xAttributes & FlagsAtributos) xRegistro.Atributos = xAttributes;
+}
+
+bool clsPalmPDB::WriteRecordAttributes(qint32 xRecordID, qint32 xAttributes) {
+    VerificarAbierta("WriteRecordAttributes");
+    ComprobarAtributos(xAttributes);
     clsAdaptadorRegistros& adaptador = Registros("WriteRecordAttributes");
     mIDActual = xRecordID;
     // Only the attribute byte of the record as it is on disk changes.

@@ -60,7 +60,9 @@ public:
 
     // What WriteRecordAttributes makes of a record's attributes: any of the flags Delete, Dirty,
     // Secret or Archive in xAttributes makes it the whole attribute byte; with none of them the
-    // record keeps the attributes it has.
+    // record keeps the attributes it has. ComprobarAtributos, first, raises the overflow error
+    // (6) for a value that is no byte.
+    static void ComprobarAtributos(qint32 xAttributes);
     static void AplicarAtributos(RegistroPalm& xRegistro, qint32 xAttributes);
 
     // Reading records by their place in the file, for a reader that shares a long listing among

@@ -260,6 +260,7 @@ qint32 clsEstandarPDB::RecordLength(qint32 xRecordID) {
 
 bool clsEstandarPDB::WriteRecordAttributes(qint32 xRecordID, qint32 xAttributes) {
     if (!mRegistros) return Palm().WriteRecordAttributes(xRecordID, xAttributes);
+    clsPalmPDB::ComprobarAtributos(xAttributes);
     // Only the attribute byte of the record as it is on disk changes.
     mRegistros->CambiarRegistro(xRecordID, [xAttributes](RegistroPalm& xActual) {
         clsPalmPDB::AplicarAtributos(xActual, xAttributes);
