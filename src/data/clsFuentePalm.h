@@ -35,7 +35,7 @@ public:
 struct RegistroPalm {
     qint32 Indice = 0;
     qint32 ID = 0;
-    qint32 Atributos = 0; // Delete 0x80, Dirty 0x40, Busy 0x20, Secret 0x10, Archive 0x08
+    qint32 Atributos = 0; // the flags, clsArchivoPDB::AtributoBorrado and the others
     qint32 Categoria = 0; // 0..15
     QByteArray Bytes;
 };

@@ -4,6 +4,7 @@
 #include "common/clsConfiguracionRegional.h"
 #include "common/modFunciones.h"
 #include "data/MensajesError.h"
+#include "data/formato/clsArchivoPDB.h"
 #include "data/formato/modCamposRegistro.h"
 #include "data/modHandheld.h"
 
@@ -26,7 +27,9 @@ constexpr qint32 AnchoDescriptor = 6;
 const char* const ClaseRecursos = "PDDirect.PDResourceAdapter";
 
 // Attribute flags that make WriteRecordAttributes take the given value.
-constexpr qint32 FlagsAtributos = 0x80 | 0x40 | 0x10 | 0x08;
+constexpr qint32 FlagsAtributos = clsArchivoPDB::AtributoBorrado |
+                                  clsArchivoPDB::AtributoModificado |
+                                  clsArchivoPDB::AtributoSecreto | clsArchivoPDB::AtributoArchivado;
 
 // The kind number of a catalogue entry, read from the text after its first "*": the whole part of
 // the number it starts with.

@@ -1,6 +1,7 @@
 #include "estandar/clsDecodificadorEstandar.h"
 
 #include "common/ErrorVB.h"
+#include "data/formato/clsArchivoPDB.h"
 #include "data/formato/clsLectorBytes.h"
 #include "data/formato/modBasesEstandar.h"
 #include "estandar/clsDecodificadorAgenda.h"
@@ -9,11 +10,6 @@
 #include "estandar/clsDecodificadorTareas.h"
 
 #include <utility>
-
-namespace {
-constexpr qint32 AtributoBorrado = 0x80;
-constexpr qint32 AtributoSecreto = 0x10;
-} // namespace
 
 ClaseEstandar ClaseDe(quint32 xCreador, quint32 xTipo) {
     using namespace modBasesEstandar;
@@ -80,11 +76,11 @@ QString clsDecodificadorEstandar::Categoria(const RegistroPalm& xRegistro) const
 }
 
 bool clsDecodificadorEstandar::Privado(const RegistroPalm& xRegistro) {
-    return (xRegistro.Atributos & AtributoSecreto) != 0;
+    return (xRegistro.Atributos & clsArchivoPDB::AtributoSecreto) != 0;
 }
 
 bool clsDecodificadorEstandar::Borrado(const RegistroPalm& xRegistro) {
-    return (xRegistro.Atributos & AtributoBorrado) != 0;
+    return (xRegistro.Atributos & clsArchivoPDB::AtributoBorrado) != 0;
 }
 
 QString clsDecodificadorEstandar::Texto(QByteArrayView xBytes) const {

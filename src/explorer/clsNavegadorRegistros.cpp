@@ -1,6 +1,7 @@
 #include "explorer/clsNavegadorRegistros.h"
 
 #include "data/clsPDBInterface.h"
+#include "data/formato/clsArchivoPDB.h"
 #include "explorer/clsGrillaFlexible.h"
 
 #include <QStringList>
@@ -167,8 +168,10 @@ bool clsNavegadorRegistros::CaracterCantidadAceptado(QChar xCaracter) {
 
 qint32 clsNavegadorRegistros::ByteAtributos(bool xDeleted, bool xDirty, bool xArchive,
                                             bool xSecret) {
-    return (xDeleted ? 0x80 : 0) | (xDirty ? 0x40 : 0) | (xArchive ? 0x08 : 0) |
-           (xSecret ? 0x10 : 0);
+    return (xDeleted ? clsArchivoPDB::AtributoBorrado : 0) |
+           (xDirty ? clsArchivoPDB::AtributoModificado : 0) |
+           (xArchive ? clsArchivoPDB::AtributoArchivado : 0) |
+           (xSecret ? clsArchivoPDB::AtributoSecreto : 0);
 }
 
 qint32 clsNavegadorRegistros::AgregarRegistro() {

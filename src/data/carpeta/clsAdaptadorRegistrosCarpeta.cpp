@@ -4,10 +4,6 @@
 
 #include <utility>
 
-namespace {
-constexpr qint32 AtributoModificado = 0x40;
-} // namespace
-
 clsAdaptadorRegistrosCarpeta::clsAdaptadorRegistrosCarpeta(std::unique_ptr<clsBaseAbierta> xBase,
                                                            QString xCodigoPagina)
     : mBase(std::move(xBase)), mCodigoPagina(std::move(xCodigoPagina)) {}
@@ -62,7 +58,9 @@ bool clsAdaptadorRegistrosCarpeta::LeerSiguiente(RegistroPalm& xRegistro) {
 
 bool clsAdaptadorRegistrosCarpeta::LeerSiguienteModificado(RegistroPalm& xRegistro) {
     return LeerSiguienteQue(
-        [](qint32 xAtributos, qint32) { return (xAtributos & AtributoModificado) != 0; },
+        [](qint32 xAtributos, qint32) {
+            return (xAtributos & clsArchivoPDB::AtributoModificado) != 0;
+        },
         xRegistro);
 }
 
@@ -77,7 +75,8 @@ bool clsAdaptadorRegistrosCarpeta::LeerSiguienteModificadoEnCategoria(qint32 xCa
                                                                       RegistroPalm& xRegistro) {
     return LeerSiguienteQue(
         [xCategoria](qint32 xAtributos, qint32 xCategoriaLeida) {
-            return xCategoriaLeida == xCategoria && (xAtributos & AtributoModificado) != 0;
+            return xCategoriaLeida == xCategoria &&
+                   (xAtributos & clsArchivoPDB::AtributoModificado) != 0;
         },
         xRegistro);
 }

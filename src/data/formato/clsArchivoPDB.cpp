@@ -14,9 +14,6 @@ constexpr qsizetype TamanoRelleno = 2; // between the entry list and the first b
 constexpr quint32 MaximoID = 0xFFFFFF;
 constexpr qint32 MaximoEntradas = 0xFFFF;
 
-constexpr qint32 AtributoBorrado = 0x80;
-constexpr qint32 AtributoOcupado = 0x20;
-constexpr qint32 AtributoArchivado = 0x08;
 constexpr qint32 BanderasAltas = 0xF0;
 constexpr qint32 MascaraCategoria = 0x0F;
 

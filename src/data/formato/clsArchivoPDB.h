@@ -158,9 +158,15 @@ public:
                                const std::function<PiezaRegistroPDB(qint32)>& xRegistro,
                                DisposicionPDB& xDisposicion);
 
-    // The record attribute byte: high nibble Delete 0x80, Dirty 0x40, Busy 0x20, Secret 0x10;
-    // low nibble the category, except when Delete or Busy is set, where 0x08 is the Archive flag
-    // and the category reads 0.
+    // The flags of a record's attribute byte (its high nibble, and Archive in the low one).
+    static constexpr qint32 AtributoBorrado = 0x80;    // Delete
+    static constexpr qint32 AtributoModificado = 0x40; // Dirty
+    static constexpr qint32 AtributoOcupado = 0x20;    // Busy
+    static constexpr qint32 AtributoSecreto = 0x10;    // Secret
+    static constexpr qint32 AtributoArchivado = 0x08;  // Archive
+
+    // The record attribute byte: the high nibble holds the flags; the low nibble the category,
+    // except when Delete or Busy is set, where it holds the Archive flag and the category reads 0.
     static void SepararAtributos(quint8 xByte, qint32& xAtributos, qint32& xCategoria);
     // The reverse; an Archive flag on a record that is neither deleted nor busy is dropped.
     static quint8 UnirAtributos(qint32 xAtributos, qint32 xCategoria);

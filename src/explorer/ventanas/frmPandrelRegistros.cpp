@@ -7,6 +7,7 @@
 #include "common/ventanas/modDialogos.h"
 #include "common/ventanas/modRecursosGraficos.h"
 #include "data/clsPDBInterface.h"
+#include "data/formato/clsArchivoPDB.h"
 #include "explorer/clsGrillaFlexible.h"
 #include "explorer/clsNavegadorRegistros.h"
 #include "explorer/ventanas/clsVistaGrilla.h"
@@ -326,10 +327,10 @@ void frmPandrel::CargarInformacionRegistro() {
         const int fila = grdTabla->Row();
         const qint32 id = tabla.RowData(fila);
         const qint32 atributos = mBase->RecordAttributes(id);
-        chkArchive->setChecked(atributos & 0x08);
-        chkDeleted->setChecked(atributos & 0x80);
-        chkDirty->setChecked(atributos & 0x40);
-        chkSecret->setChecked(atributos & 0x10);
+        chkArchive->setChecked(atributos & clsArchivoPDB::AtributoArchivado);
+        chkDeleted->setChecked(atributos & clsArchivoPDB::AtributoBorrado);
+        chkDirty->setChecked(atributos & clsArchivoPDB::AtributoModificado);
+        chkSecret->setChecked(atributos & clsArchivoPDB::AtributoSecreto);
         lblCantidadRegistros->setText(mNavegador->TextoPosicion(fila));
         lblCategoria->setText(QString::number(mBase->CategoryID(id)));
         lblRecordID->setText(QString::number(id));
