@@ -14,6 +14,7 @@
 #include "data/carpeta/clsFuenteCarpeta.h"
 #include "data/clsPalmPDB.h"
 #include "data/formato/modFuncionesConversion.h"
+#include "data/modEntradaCatalogo.h"
 #include "data/modHandheld.h"
 #include "data/modMuestra.h"
 #include "device/clsPalmInformation.h"
@@ -149,14 +150,6 @@ void SinCambios(const Contexto& xContexto, const char* xOperacion) {
                       .arg(xContexto.Abierta));
 }
 
-// The entries of a catalogue list, each followed by a tab.
-// The entries of a catalogue list, each followed by xSeparador.
-QStringList Entradas(const QString& xLista, QChar xSeparador) {
-    QStringList entradas = xLista.split(xSeparador);
-    entradas.removeLast();
-    return entradas;
-}
-
 // The creator IDs of a list in which each is followed by a tab. A code is four characters of any
 // value, a tab among them, so the list is cut by length.
 QStringList CodigosCreadores(const QString& xLista) {
@@ -183,14 +176,12 @@ void Creadores(const Contexto& xContexto) {
 void Bases(const Contexto& xContexto) {
     const QString creador = Argumento(xContexto, 0);
     SinMasArgumentos(xContexto, 1);
-    // A name ends at its zero byte, so the zero character cannot occur in one; the kind follows
-    // the last "*".
-    const QChar separador(kMarcaSeparador);
-    for (const QString& entrada :
-         Entradas(xContexto.Base.RetrieveDataBases(creador, separador), separador)) {
-        const qsizetype estrella = entrada.lastIndexOf(QLatin1Char('*'));
-        xContexto.Salida.Linea(
-            {QStringView(entrada).left(estrella), QStringView(entrada).mid(estrella + 1)});
+    // A name ends at its zero byte, so the zero character cannot occur in one.
+    const QString separador{QChar(kMarcaSeparador)};
+    for (const QString& entrada : modEntradaCatalogo::Entradas(
+             xContexto.Base.RetrieveDataBases(creador, separador), separador)) {
+        const modEntradaCatalogo::EntradaBase base = modEntradaCatalogo::LeerEntrada(entrada);
+        xContexto.Salida.Linea({base.Nombre, QString::number(base.Clase)});
     }
 }
 

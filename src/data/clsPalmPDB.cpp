@@ -6,6 +6,7 @@
 #include "data/MensajesError.h"
 #include "data/formato/clsArchivoPDB.h"
 #include "data/formato/modCamposRegistro.h"
+#include "data/modEntradaCatalogo.h"
 #include "data/modHandheld.h"
 
 #include <cstring>
@@ -30,12 +31,6 @@ const char* const ClaseRecursos = "PDDirect.PDResourceAdapter";
 constexpr qint32 FlagsAtributos = clsArchivoPDB::AtributoBorrado |
                                   clsArchivoPDB::AtributoModificado |
                                   clsArchivoPDB::AtributoSecreto | clsArchivoPDB::AtributoArchivado;
-
-// The kind number of a catalogue entry, read from the text after its first "*": the whole part of
-// the number it starts with.
-qint64 NumeroDeClase(QStringView xTexto) {
-    return static_cast<qint64>(qBound(-9e18, modFunciones::Val(xTexto), 9e18));
-}
 
 // The record's text without the separator after its last field, into xRegistro (whose buffer is
 // kept for the next record).
@@ -208,15 +203,14 @@ QString clsPalmPDB::RetrieveDataBases(const QString& xCreatorID, const QString& 
         const int clase = tipo == QLatin1String("DATA")   ? 1
                           : tipo == QLatin1String("APPL") ? 4
                                                           : 12;
-        lista.append(info->Nombre() + QLatin1Char('*') + QString::number(clase) + QLatin1Char('*'));
+        // Sorted with a "*" after the kind, then read back as any entry is read.
+        lista.append(modEntradaCatalogo::Entrada(info->Nombre(), clase) + QLatin1Char('*'));
     }
     modFunciones::OrdenarVector(lista, 1);
     QString resultado;
     for (const QString& entrada : lista) {
-        const qsizetype estrella = entrada.indexOf(QLatin1Char('*'));
-        resultado += entrada.left(estrella) + QLatin1Char('*') +
-                     QString::number(NumeroDeClase(QStringView(entrada).mid(estrella + 1))) +
-                     xSeparador;
+        const modEntradaCatalogo::EntradaBase leida = modEntradaCatalogo::LeerEntrada(entrada);
+        resultado += modEntradaCatalogo::Entrada(leida.Nombre, leida.Clase) + xSeparador;
     }
     return resultado;
 }

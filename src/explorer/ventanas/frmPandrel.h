@@ -101,7 +101,6 @@ private:
     // frmPandrelArbol.cpp
     // The entries of a catalogue list, each of which ends in a tab; text after the last tab is
     // not an entry.
-    static QStringList EntradasLista(const QString& xLista);
     void CargarTiposDB();
     void CargarCreatorIDs();
     void CargarBases(QTreeWidgetItem* xNodo);

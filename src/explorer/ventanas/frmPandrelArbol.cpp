@@ -8,6 +8,7 @@
 #include "common/ventanas/modDialogos.h"
 #include "common/ventanas/modRecursosGraficos.h"
 #include "data/clsPDBInterface.h"
+#include "data/modEntradaCatalogo.h"
 #include "data/modHandheld.h"
 #include "estandar/clsEstandarPDB.h"
 #include "explorer/clsNavegadorRegistros.h"
@@ -38,17 +39,6 @@ QString Clave(const QTreeWidgetItem* xNodo) {
 }
 } // namespace
 
-QStringList frmPandrel::EntradasLista(const QString& xLista) {
-    QStringList entradas;
-    qsizetype inicio = 0;
-    for (qsizetype tab = xLista.indexOf(kSeparador); tab >= 0;
-         tab = xLista.indexOf(kSeparador, inicio)) {
-        entradas << xLista.mid(inicio, tab - inicio);
-        inicio = tab + 1;
-    }
-    return entradas;
-}
-
 void frmPandrel::CargarTiposDB() {
     cmbTiposDB->addItems(TiposDB());
     cmbTiposDB->setCurrentIndex(0);
@@ -78,7 +68,7 @@ void frmPandrel::CargarCreatorIDs() {
         }
         if (lista.trimmed().isEmpty()) return;
         QTreeWidgetItem* raiz = tvwDataBases->topLevelItem(0);
-        for (const QString& creador : EntradasLista(lista)) {
+        for (const QString& creador : modEntradaCatalogo::Entradas(lista, kSeparador)) {
             QTreeWidgetItem* nodo = AgregarNodo(raiz, creador, creador, 3);
             // Only there so the creator shows it can be expanded; its databases come then.
             AgregarNodo(nodo, QStringLiteral("*") + Clave(nodo), QString(), 0)->setIcon(0, QIcon());
@@ -98,12 +88,10 @@ void frmPandrel::CargarBases(QTreeWidgetItem* xNodo) {
         delete xNodo->takeChild(0);
         const QString lista = mBase->RetrieveDataBases(xNodo->text(0), kSeparador);
         if (lista.trimmed().isEmpty()) return;
-        for (const QString& entrada : EntradasLista(lista)) {
-            const qsizetype estrella = entrada.indexOf(QLatin1Char('*'));
-            const QString nombre = estrella < 0 ? entrada : entrada.left(estrella);
-            const int imagen =
-                estrella < 0 ? 0 : static_cast<int>(modFunciones::Val(entrada.mid(estrella + 1)));
-            AgregarNodo(xNodo, nombre + Clave(xNodo), nombre, imagen);
+        for (const QString& entrada : modEntradaCatalogo::Entradas(lista, kSeparador)) {
+            const modEntradaCatalogo::EntradaBase base = modEntradaCatalogo::LeerEntrada(entrada);
+            AgregarNodo(xNodo, base.Nombre + Clave(xNodo), base.Nombre,
+                        static_cast<int>(base.Clase));
         }
     });
 }

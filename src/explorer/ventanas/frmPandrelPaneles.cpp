@@ -7,6 +7,7 @@
 #include "common/clsConfiguracionRegional.h"
 #include "common/modFunciones.h"
 #include "data/clsPDBInterface.h"
+#include "data/modEntradaCatalogo.h"
 #include "explorer/clsGrillaFlexible.h"
 #include "explorer/modTextosPanel.h"
 #include "explorer/ventanas/clsVistaGrilla.h"
@@ -94,11 +95,9 @@ void frmPandrel::CargarRecursos(QTreeWidgetItem* xNodo) {
         const QString lista = mBase->RetrieveDataBases(xNodo->parent()->text(0), kSeparador);
         if (lista.trimmed().isEmpty()) return;
         clsGrillaFlexible& grilla = grdRecursos->Grilla();
-        const QStringList entradas = EntradasLista(lista);
+        const QStringList entradas = modEntradaCatalogo::Entradas(lista, kSeparador);
         for (qsizetype i = 0; i < entradas.size(); ++i) {
-            const QString& entrada = entradas.at(i);
-            const qsizetype estrella = entrada.indexOf(QLatin1Char('*'));
-            grilla.AddItem(FilaRecurso(estrella < 0 ? entrada : entrada.left(estrella)));
+            grilla.AddItem(FilaRecurso(modEntradaCatalogo::LeerEntrada(entradas.at(i)).Nombre));
             if (grilla.Rows() == 2) {
                 grilla.SetFixedCols(0);
                 grilla.SetFixedRows(1);
