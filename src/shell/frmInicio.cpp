@@ -54,15 +54,6 @@ QString CodigoPaginaActual() {
     }
 }
 
-template <typename Trabajo> void ConTrampa(const QString& xProcedimiento, Trabajo xTrabajo) {
-    try {
-        xTrabajo();
-    } catch (const ErrorVB& e) {
-        MostrarMensajeError(e, kFormulario, xProcedimiento);
-    } catch (const std::exception& e) {
-        MostrarMensajeError(ErrorVB::De(e, QString()), kFormulario, xProcedimiento);
-    }
-}
 } // namespace
 
 frmInicio::frmInicio(QWidget* xPadre) : QMainWindow(xPadre) {
@@ -85,20 +76,17 @@ frmInicio::frmInicio(QWidget* xPadre) : QMainWindow(xPadre) {
 }
 
 void frmInicio::CrearBarraHerramientas() {
-    tlbOpciones = addToolBar(QStringLiteral("Options"));
-    tlbOpciones->setObjectName(QStringLiteral("tlbOpciones"));
+    tlbOpciones = modRecursosGraficos::BarraOpciones(
+        this, Qt::ToolButtonTextUnderIcon,
+        {
+            {QStringLiteral("Archivos"), QStringLiteral("File Debugger")},
+            {QStringLiteral("Informacion"), QStringLiteral("System Information")},
+            {QStringLiteral("Volver"), QStringLiteral("Exit")},
+        });
+    tlbOpciones->setWindowTitle(QStringLiteral("Options"));
     tlbOpciones->setMovable(false);
     tlbOpciones->setIconSize(QSize(32, 32));
-    tlbOpciones->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
-    const QPair<QString, QString> botones[] = {
-        {QStringLiteral("Archivos"), QStringLiteral("File Debugger")},
-        {QStringLiteral("Informacion"), QStringLiteral("System Information")},
-        {QStringLiteral("Volver"), QStringLiteral("Exit")},
-    };
-    for (const auto& [clave, texto] : botones) {
-        QAction* boton = tlbOpciones->addAction(modRecursosGraficos::IconoBoton(clave), texto);
-        boton->setObjectName(clave);
-    }
+    addToolBar(tlbOpciones);
     connect(tlbOpciones, &QToolBar::actionTriggered, this, &frmInicio::tlbOpciones_ButtonClick);
 }
 
@@ -211,15 +199,14 @@ void frmInicio::ExportarDatosEstandar() {
     for (const QString& archivo : modExportacionEstandar::ArchivosHandheld())
         if (QFileInfo::exists(QDir(carpeta).filePath(archivo))) existentes << archivo;
     if (!existentes.isEmpty() &&
-        modDialogos::MsgBox(this,
-                            QStringLiteral("The folder already holds %1. Replace them?")
-                                .arg(existentes.join(QStringLiteral(", "))),
-                            QMessageBox::Yes | QMessageBox::No, QMessageBox::Question,
-                            titulo) != QMessageBox::Yes)
+        !modDialogos::Preguntar(this,
+                                QStringLiteral("The folder already holds %1. Replace them?")
+                                    .arg(existentes.join(QStringLiteral(", "))),
+                                titulo))
         return;
     QStringList resumen;
     setCursor(Qt::WaitCursor);
-    ConTrampa(QStringLiteral("ExportarDatosEstandar"), [&] {
+    Atrapar(kFormulario, QStringLiteral("ExportarDatosEstandar"), [&] {
         resumen = modExportacionEstandar::ExportarHandheld(modHandheld::FuenteActual(), carpeta);
     });
     setCursor(Qt::ArrowCursor);
@@ -240,17 +227,16 @@ void frmInicio::ElegirArchivo() {
 
 bool frmInicio::AbrirHandheld(const QString& xRuta, const QString& xCodigoPagina) {
     if (!mArea->subWindowList().isEmpty()) {
-        if (modDialogos::MsgBox(this,
-                                QStringLiteral("Opening another handheld closes the explorers of "
-                                               "this one. Do you want to go on?"),
-                                QMessageBox::Yes | QMessageBox::No, QMessageBox::Question,
-                                windowTitle()) != QMessageBox::Yes)
+        if (!modDialogos::Preguntar(this,
+                                    QStringLiteral("Opening another handheld closes the explorers "
+                                                   "of this one. Do you want to go on?"),
+                                    windowTitle()))
             return false;
         mArea->closeAllSubWindows();
         if (!mArea->subWindowList().isEmpty()) return false;
     }
     bool abierto = false;
-    ConTrampa(QStringLiteral("AbrirHandheld"), [&] {
+    Atrapar(kFormulario, QStringLiteral("AbrirHandheld"), [&] {
         const auto fuente = modHandheld::CrearFuente(xRuta, xCodigoPagina);
         // A handheld that cannot be read fails here, and the previous one stays.
         fuente->CrearGestor()->ListarBases(-1);
@@ -305,7 +291,7 @@ void frmInicio::tlbOpciones_ButtonClick(QAction* xBoton) {
 
 frmPandrel* frmInicio::AnalizarArchivos() {
     frmPandrel* abierto = nullptr;
-    ConTrampa(QStringLiteral("AnalizarArchivos"), [this, &abierto] {
+    Atrapar(kFormulario, QStringLiteral("AnalizarArchivos"), [this, &abierto] {
         auto* explorador = new frmPandrel;
         connect(explorador, &frmPandrel::MensajeEstado, mMensaje, &QLabel::setText);
         connect(explorador, &frmPandrel::PunteroNormal, this,
@@ -330,7 +316,7 @@ frmPandrel* frmInicio::AnalizarArchivos() {
 }
 
 void frmInicio::MostrarInformacion() {
-    ConTrampa(QStringLiteral("MostrarInformacion"), [this] {
+    Atrapar(kFormulario, QStringLiteral("MostrarInformacion"), [this] {
         frmInformacion informacion(this);
         informacion.exec();
     });

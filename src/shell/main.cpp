@@ -1,4 +1,3 @@
-#include "common/ErrorVB.h"
 #include "errors/ventanas/MostrarMensajeError.h"
 #include "shell/modMain.h"
 
@@ -42,12 +41,9 @@ int main(int argc, char** argv) {
     opciones.process(aplicacion);
     if (opciones.positionalArguments().size() > 1) opciones.showHelp(2);
 
-    try {
-        const QString nombrada = opciones.positionalArguments().value(0);
-        modMain::Main(modMain::CarpetaHandheld(nombrada));
-    } catch (const ErrorVB& e) {
-        MostrarMensajeError(e, QStringLiteral("modMain"), QStringLiteral("Main"));
+    const QString nombrada = opciones.positionalArguments().value(0);
+    if (!Atrapar(QStringLiteral("modMain"), QStringLiteral("Main"),
+                 [&] { modMain::Main(modMain::CarpetaHandheld(nombrada)); }))
         return 1;
-    }
     return QApplication::exec();
 }

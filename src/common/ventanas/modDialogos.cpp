@@ -29,6 +29,11 @@ QMessageBox::StandardButton MsgBox(QWidget* xPadre, const QString& xTexto,
     return static_cast<QMessageBox::StandardButton>(caja.exec());
 }
 
+bool Preguntar(QWidget* xPadre, const QString& xPregunta, const QString& xTitulo) {
+    return MsgBox(xPadre, xPregunta, QMessageBox::Yes | QMessageBox::No, QMessageBox::Question,
+                  xTitulo) == QMessageBox::Yes;
+}
+
 QString GuardarArchivo(QWidget* xPadre, const QString& xTitulo, const QString& xArchivo,
                        const QString& xFiltro, QString* xFiltroElegido) {
     if (Archivos()) return Archivos()({xPadre, xTitulo, xArchivo, xFiltro}, xFiltroElegido);

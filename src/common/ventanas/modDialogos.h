@@ -35,6 +35,8 @@ using RespuestaImpresora = std::function<bool(QPrinter&)>;
 QMessageBox::StandardButton MsgBox(QWidget* xPadre, const QString& xTexto,
                                    QMessageBox::StandardButtons xBotones, QMessageBox::Icon xIcono,
                                    const QString& xTitulo);
+// A question with Yes and No: true when the answer is Yes.
+bool Preguntar(QWidget* xPadre, const QString& xPregunta, const QString& xTitulo);
 // The save dialog does not ask about an existing file: its caller does.
 QString GuardarArchivo(QWidget* xPadre, const QString& xTitulo, const QString& xArchivo,
                        const QString& xFiltro, QString* xFiltroElegido = nullptr);

@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QPixmap>
+#include <QToolBar>
 #include <functional>
 
 namespace modRecursosGraficos {
@@ -236,6 +237,19 @@ QIcon IconoBoton(const QString& xClave) {
         {QStringLiteral("EliminarTodos"), Icono(EliminarTodos)},
     };
     return iconos.value(xClave);
+}
+
+QToolBar* BarraOpciones(QWidget* xPadre, Qt::ToolButtonStyle xEstilo,
+                        const QList<QPair<QString, QString>>& xBotones) {
+    auto* barra = new QToolBar(xPadre);
+    barra->setObjectName(QStringLiteral("tlbOpciones"));
+    barra->setToolButtonStyle(xEstilo);
+    for (const auto& [clave, texto] : xBotones) {
+        QAction* boton = barra->addAction(IconoBoton(clave), texto);
+        boton->setObjectName(clave);
+        boton->setData(clave);
+    }
+    return barra;
 }
 
 QIcon IconoPrograma() {

@@ -27,3 +27,17 @@ void MostrarMensajeError(const ErrorVB& xError, const QString& xFormulario,
     MostrarMensajeError(xError.Numero(), xError.Descripcion(), xError.Fuente(), xFormulario,
                         xProcedimiento);
 }
+
+bool Atrapar(const QString& xFormulario, const QString& xProcedimiento,
+             const std::function<void()>& xTrabajo,
+             const std::function<void(const ErrorVB&)>& xAntes) {
+    try {
+        xTrabajo();
+        return true;
+    } catch (const std::exception& e) {
+        const ErrorVB error = ErrorVB::De(e, QString());
+        if (xAntes) xAntes(error);
+        MostrarMensajeError(error, xFormulario, xProcedimiento);
+    }
+    return false;
+}

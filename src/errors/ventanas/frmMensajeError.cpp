@@ -1,6 +1,5 @@
 #include "errors/ventanas/frmMensajeError.h"
 
-#include "common/ErrorVB.h"
 #include "common/clsConfiguracionRegional.h"
 #include "common/modFecha.h"
 #include "common/ventanas/modDialogos.h"
@@ -139,13 +138,8 @@ void frmMensajeError::cmdImprimir_Click() {
 }
 
 void frmMensajeError::ImprimoError(QPrinter& xImpresora) {
-    try {
+    Atrapar(QStringLiteral("Error Message"), QStringLiteral("ImprimoError"), [&] {
         const std::shared_ptr<clsImpresora> impresora = clsImpresoraQt::Para(xImpresora);
         mMensaje.Imprimir(*impresora, clsConfiguracionRegional::Actual());
-    } catch (const ErrorVB& error) {
-        MostrarMensajeError(error, QStringLiteral("Error Message"), QStringLiteral("ImprimoError"));
-    } catch (const std::exception& error) {
-        MostrarMensajeError(0, QString::fromLocal8Bit(error.what()), QStringLiteral("Pandrel"),
-                            QStringLiteral("Error Message"), QStringLiteral("ImprimoError"));
-    }
+    });
 }

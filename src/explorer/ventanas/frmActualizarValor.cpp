@@ -31,18 +31,12 @@ frmActualizarValor::frmActualizarValor(QWidget* xPadre) : QDialog(xPadre) {
     setWindowTitle(QStringLiteral("Update value"));
     setObjectName(kFormulario);
 
-    tlbOpciones = new QToolBar(this);
-    tlbOpciones->setObjectName(QStringLiteral("tlbOpciones"));
-    tlbOpciones->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    const QPair<QString, QString> botones[] = {
-        {QStringLiteral("Aceptar"), QStringLiteral("Confirm")},
-        {QStringLiteral("Cancelar"), QStringLiteral("Cancel")},
-    };
-    for (const auto& [clave, texto] : botones) {
-        QAction* boton = tlbOpciones->addAction(modRecursosGraficos::IconoBoton(clave), texto);
-        boton->setObjectName(clave);
-        boton->setData(clave);
-    }
+    tlbOpciones = modRecursosGraficos::BarraOpciones(
+        this, Qt::ToolButtonTextBesideIcon,
+        {
+            {QStringLiteral("Aceptar"), QStringLiteral("Confirm")},
+            {QStringLiteral("Cancelar"), QStringLiteral("Cancel")},
+        });
     connect(tlbOpciones, &QToolBar::actionTriggered, this,
             &frmActualizarValor::tlbOpciones_ButtonClick);
 

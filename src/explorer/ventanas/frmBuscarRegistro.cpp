@@ -31,18 +31,12 @@ frmBuscarRegistro::frmBuscarRegistro(QWidget* xPadre) : QDialog(xPadre) {
     setWindowTitle(QStringLiteral("Find"));
     setObjectName(kFormulario);
 
-    tlbOpciones = new QToolBar(this);
-    tlbOpciones->setObjectName(QStringLiteral("tlbOpciones"));
-    tlbOpciones->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    const QPair<QString, QString> botones[] = {
-        {QStringLiteral("Buscar"), QStringLiteral("Find record")},
-        {QStringLiteral("Volver"), QStringLiteral("Close")},
-    };
-    for (const auto& [clave, texto] : botones) {
-        QAction* boton = tlbOpciones->addAction(modRecursosGraficos::IconoBoton(clave), texto);
-        boton->setObjectName(clave);
-        boton->setData(clave);
-    }
+    tlbOpciones = modRecursosGraficos::BarraOpciones(
+        this, Qt::ToolButtonTextBesideIcon,
+        {
+            {QStringLiteral("Buscar"), QStringLiteral("Find record")},
+            {QStringLiteral("Volver"), QStringLiteral("Close")},
+        });
     connect(tlbOpciones, &QToolBar::actionTriggered, this,
             &frmBuscarRegistro::tlbOpciones_ButtonClick);
 
@@ -103,21 +97,23 @@ bool frmBuscarRegistro::Buscar() {
     if (Anm_Buscar->Open(clip)) Anm_Buscar->Play();
     const qint32 columna = Cmb_Columnas->currentIndex();
     qint32 fila = 0;
-    try {
-        mGrilla->SetCol(columna);
-        fila = modBuscarRegistro::Buscar(mGrilla->Grilla(), columna, mBase->FieldType(columna),
-                                         Txt_Valor->text(), Chk_MayMin->isChecked(),
-                                         Chk_Completa->isChecked());
-        // The found row is 16-bit: a row beyond it is an overflow, never a wrapped row.
-        mIndice = modFunciones::Entero16(fila, kFormulario);
-    } catch (const ErrorVB& e) {
+    const auto parar = [this] {
         Anm_Buscar->Stop();
         Anm_Buscar->hide();
-        MostrarMensajeError(e, kFormulario, QStringLiteral("Buscar"));
-        return false;
-    }
-    Anm_Buscar->Stop();
-    Anm_Buscar->hide();
+    };
+    const bool hecho = Atrapar(
+        kFormulario, QStringLiteral("Buscar"),
+        [&] {
+            mGrilla->SetCol(columna);
+            fila = modBuscarRegistro::Buscar(mGrilla->Grilla(), columna, mBase->FieldType(columna),
+                                             Txt_Valor->text(), Chk_MayMin->isChecked(),
+                                             Chk_Completa->isChecked());
+            // The found row is 16-bit: a row beyond it is an overflow, never a wrapped row.
+            mIndice = modFunciones::Entero16(fila, kFormulario);
+        },
+        [&parar](const ErrorVB&) { parar(); });
+    if (!hecho) return false;
+    parar();
     if (fila == 0) {
         NoEncontrado();
         return false;

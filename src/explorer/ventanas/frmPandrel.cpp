@@ -294,7 +294,7 @@ void frmPandrel::Form_Load() {
 bool frmPandrel::MostrarMemoria() {
     for (QLabel* etiqueta : {lblTipo, lblFechaCreacion, lblFechaModificacion, lblFechaBackup})
         etiqueta->clear();
-    try {
+    return Avisando(windowTitle(), [this] {
         const auto tarjeta = clsPalmInformation().MemoryCard();
         mPanelRom->setText(QStringLiteral("Rom: ") + TextoKB(tarjeta->TamanoRom()) +
                            QStringLiteral(" KB"));
@@ -302,29 +302,28 @@ bool frmPandrel::MostrarMemoria() {
                            QStringLiteral(" KB"));
         mPanelRamDisponible->setText(QStringLiteral("Available Ram: ") +
                                      TextoKB(tarjeta->RamLibre()) + QStringLiteral(" KB"));
+    });
+}
+
+bool frmPandrel::Avisando(const QString& xTitulo, const std::function<void()>& xTrabajo) {
+    try {
+        xTrabajo();
         return true;
-    } catch (const ErrorVB& e) {
-        modDialogos::MsgBox(this, e.Descripcion(), QMessageBox::Ok, QMessageBox::NoIcon,
-                            windowTitle());
     } catch (const std::exception& e) {
         modDialogos::MsgBox(this, ErrorVB::De(e, QString()).Descripcion(), QMessageBox::Ok,
-                            QMessageBox::NoIcon, windowTitle());
+                            QMessageBox::NoIcon, xTitulo);
     }
     return false;
 }
 
 bool frmPandrel::Atrapar(const QString& xProcedimiento, const std::function<void()>& xTrabajo) {
-    try {
-        xTrabajo();
+    bool cambiada = false;
+    if (::Atrapar(kFormulario, xProcedimiento, xTrabajo, [&cambiada](const ErrorVB& xError) {
+            cambiada = xError.Numero() == ErroresFuente::BaseCambiada;
+        }))
         return true;
-    } catch (const ErrorVB& e) {
-        MostrarMensajeError(e, kFormulario, xProcedimiento);
-        // Once the work has unwound: it may still hold nodes of the tree.
-        if (e.Numero() == ErroresFuente::BaseCambiada)
-            QTimer::singleShot(0, this, &frmPandrel::RecargarArbol);
-    } catch (const std::exception& e) {
-        MostrarMensajeError(ErrorVB::De(e, QString()), kFormulario, xProcedimiento);
-    }
+    // Once the work has unwound: it may still hold nodes of the tree.
+    if (cambiada) QTimer::singleShot(0, this, &frmPandrel::RecargarArbol);
     return false;
 }
 

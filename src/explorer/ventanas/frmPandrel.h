@@ -92,6 +92,8 @@ private:
     // report window and the work is abandoned; a write refused because the database's file now
     // holds another database also reloads the tree. Returns whether it ran through.
     bool Atrapar(const QString& xProcedimiento, const std::function<void()>& xTrabajo);
+    // Runs xTrabajo; a failure shows only its description, in a plain message titled xTitulo.
+    bool Avisando(const QString& xTitulo, const std::function<void()>& xTrabajo);
     // Long work: lets the window repaint now and then (user input waits until the work is done).
     void EmpezarTrabajoLargo();
     void TerminarTrabajoLargo();

@@ -167,15 +167,7 @@ void frmPandrel::tvwDataBases_NodeClick(QTreeWidgetItem* xNodo, bool xRegistrosE
     if (xNodo->childCount() > 0) return;
     UsarRegistrosEstandar(xRegistrosEstandar);
     // A failure leaves the window busy, with the hourglass, until a later choice completes.
-    try {
-        ElegirNodo(xNodo);
-    } catch (const ErrorVB& e) {
-        modDialogos::MsgBox(this, e.Descripcion(), QMessageBox::Ok, QMessageBox::NoIcon,
-                            xNodo->text(0));
-    } catch (const std::exception& e) {
-        modDialogos::MsgBox(this, ErrorVB::De(e, QString()).Descripcion(), QMessageBox::Ok,
-                            QMessageBox::NoIcon, xNodo->text(0));
-    }
+    Avisando(xNodo->text(0), [this, xNodo] { ElegirNodo(xNodo); });
 }
 
 bool frmPandrel::EsBaseEstandar(const QTreeWidgetItem* xNodo) const {

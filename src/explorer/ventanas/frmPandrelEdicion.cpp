@@ -17,13 +17,6 @@
 #include <QToolBar>
 #include <QTreeWidget>
 
-namespace {
-bool Si(QWidget* xVentana, const QString& xPregunta) {
-    return modDialogos::MsgBox(xVentana, xPregunta, QMessageBox::Yes | QMessageBox::No,
-                               QMessageBox::Question, xVentana->windowTitle()) == QMessageBox::Yes;
-}
-} // namespace
-
 // Record actions act only on an AppForge record database.
 void frmPandrel::tlbOpciones_ButtonClick(QAction* xBoton) {
     if (!xBoton || grdTabla->Grilla().Rows() < 1 || !mBase->IsDataBase() || !mBase->IsAppForgeDB())
@@ -112,7 +105,9 @@ void frmPandrel::EditarCelda() {
 // The new row is not made current and the record count stays as it was.
 void frmPandrel::AgregarRegistro() {
     if (mRegistrosEstandar) return;
-    if (!Si(this, QStringLiteral("Do you want to add a new record?"))) return;
+    if (!modDialogos::Preguntar(this, QStringLiteral("Do you want to add a new record?"),
+                                windowTitle()))
+        return;
     Atrapar(QStringLiteral("AgregarRegistro"), [this] { mNavegador->AgregarRegistro(); });
 }
 
@@ -120,7 +115,9 @@ void frmPandrel::EliminarRegistro() {
     if (mRegistrosEstandar) return;
     const int fila = grdTabla->Row();
     if (!mNavegador->TieneRegistros() || fila < 1) return;
-    if (!Si(this, QStringLiteral("Do you want to delete the current record?"))) return;
+    if (!modDialogos::Preguntar(this, QStringLiteral("Do you want to delete the current record?"),
+                                windowTitle()))
+        return;
     Atrapar(QStringLiteral("EliminarRegistro"), [this, fila] {
         const auto resultado = mNavegador->EliminarRegistro(fila);
         if (resultado == clsNavegadorRegistros::Eliminacion::Rechazada) {
@@ -139,7 +136,9 @@ void frmPandrel::EliminarRegistro() {
 void frmPandrel::EliminarTodos() {
     if (mRegistrosEstandar) return;
     if (!mNavegador->TieneRegistros() || grdTabla->Row() < 1) return;
-    if (!Si(this, QStringLiteral("Are you sure you want to delete all  Records in this table?")))
+    if (!modDialogos::Preguntar(
+            this, QStringLiteral("Are you sure you want to delete all  Records in this table?"),
+            windowTitle()))
         return;
     if (!Atrapar(QStringLiteral("EliminarTodos"), [this] { mBase->DeleteAllRecords(); })) return;
     RecargarBaseElegida();

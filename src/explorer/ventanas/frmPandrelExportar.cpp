@@ -42,8 +42,7 @@ bool frmPandrel::ValidarArchivoExportacion(const QString& xArchivo) {
                                 windowTitle());
         },
         [this](const QString& xPregunta) {
-            return modDialogos::MsgBox(this, xPregunta, QMessageBox::Yes | QMessageBox::No,
-                                       QMessageBox::Question, windowTitle()) == QMessageBox::Yes;
+            return modDialogos::Preguntar(this, xPregunta, windowTitle());
         }};
     return modExportacion::ValidarArchivoExportacion(xArchivo, respuestas);
 }

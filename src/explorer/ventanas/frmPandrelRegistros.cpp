@@ -39,24 +39,18 @@ QWidget* frmPandrel::CrearPanelRegistros() {
     auto* fraGrilla = new QGroupBox(QStringLiteral("Records"), fraDataBase);
     fraGrilla->setObjectName(QStringLiteral("fraGrilla"));
 
-    tlbOpciones = new QToolBar(fraGrilla);
-    tlbOpciones->setObjectName(QStringLiteral("tlbOpciones"));
+    tlbOpciones = modRecursosGraficos::BarraOpciones(
+        fraGrilla, Qt::ToolButtonIconOnly,
+        {
+            {QStringLiteral("Agregar"), QStringLiteral("Add New Record")},
+            {QStringLiteral("Modificar"), QStringLiteral("Update Record")},
+            {QStringLiteral("Eliminar"), QStringLiteral("Delete Record")},
+            {QStringLiteral("Imprimir"), QStringLiteral("Print")},
+            {QStringLiteral("Buscar"), QStringLiteral("Find")},
+            {QStringLiteral("Exportar"), QStringLiteral("Export")},
+            {QStringLiteral("EliminarTodos"), QStringLiteral("Delete all records")},
+        });
     tlbOpciones->setIconSize(QSize(18, 18));
-    tlbOpciones->setToolButtonStyle(Qt::ToolButtonIconOnly);
-    const QPair<QString, QString> botones[] = {
-        {QStringLiteral("Agregar"), QStringLiteral("Add New Record")},
-        {QStringLiteral("Modificar"), QStringLiteral("Update Record")},
-        {QStringLiteral("Eliminar"), QStringLiteral("Delete Record")},
-        {QStringLiteral("Imprimir"), QStringLiteral("Print")},
-        {QStringLiteral("Buscar"), QStringLiteral("Find")},
-        {QStringLiteral("Exportar"), QStringLiteral("Export")},
-        {QStringLiteral("EliminarTodos"), QStringLiteral("Delete all records")},
-    };
-    for (const auto& [clave, texto] : botones) {
-        QAction* boton = tlbOpciones->addAction(modRecursosGraficos::IconoBoton(clave), texto);
-        boton->setObjectName(clave);
-        boton->setData(clave);
-    }
     connect(tlbOpciones, &QToolBar::actionTriggered, this, &frmPandrel::tlbOpciones_ButtonClick);
     // Every record button stays in view rather than behind the toolbar's overflow.
     tlbOpciones->setMinimumWidth(tlbOpciones->sizeHint().width());
