@@ -6,7 +6,6 @@
 #include "data/clsPalmPDB.h"
 #include "data/formato/modFuncionesConversion.h"
 #include "data/modDestino.h"
-#include "data/modHandheld.h"
 #include "estandar/clsEstandarPDB.h"
 #include "estandar/modExportacionEstandar.h"
 #include "explorer/clsAnchosColumnas.h"
@@ -28,12 +27,6 @@ namespace modComandosInforme {
 namespace {
 
 const QString kTab = QStringLiteral("\t");
-
-// The handheld's code page, as the texts of its records are in.
-const modFuncionesConversion::TablaCodigoPagina& TablaHandheld() {
-    return modFuncionesConversion::TablaCodigoPagina::Para(
-        modHandheld::FuenteActual()->CodigoPagina());
-}
 
 // A script is the person here: it asked for the file, so a missing folder is created and an
 // existing file replaced; only a name that is no name is refused.
@@ -161,7 +154,8 @@ QString Exportar(clsPDBInterface& xBase, const OrdenExportar& xOrden) {
     QStringList tipos;
     for (qint32 campo = 0; campo < campos; ++campo)
         tipos << xBase.FieldType(campo);
-    modExportacion::clsArchivoExportacion salida(archivo, xOrden.Formato, tipos, TablaHandheld());
+    modExportacion::clsArchivoExportacion salida(archivo, xOrden.Formato, tipos,
+                                                 xBase.PaginaCodigos());
     const QString titulos = xBase.FieldsTitles(kTab);
     std::vector<QStringView> celdas;
     for (const QStringView titulo : QStringView(titulos).tokenize(u'\t'))

@@ -132,7 +132,7 @@ void Abrir(const Contexto& xContexto) {
     Cerrar(xContexto);
     // The built-in applications' databases are read through their decoders.
     const bool estandar =
-        clsEstandarPDB::ClaseDeBase(*modHandheld::FuenteActual(), nombre) != ClaseEstandar::Ninguna;
+        clsEstandarPDB::ClaseDeBase(xContexto.Base.Fuente(), nombre) != ClaseEstandar::Ninguna;
     clsPDBInterface& base = estandar ? static_cast<clsPDBInterface&>(xContexto.Estandar)
                                      : static_cast<clsPDBInterface&>(xContexto.Base);
     if (!base.OpenFile(nombre))
@@ -287,7 +287,7 @@ void Categorias(const Contexto& xContexto) {
 
 void Informacion(const Contexto& xContexto) {
     SinMasArgumentos(xContexto, 0);
-    const clsPalmInformation informacion;
+    const clsPalmInformation informacion(xContexto.Base.Fuente());
     const clsConfiguracionRegional& regional = clsConfiguracionRegional::Actual();
     const auto tarjeta = informacion.MemoryCard();
     const auto usuario = informacion.UserInformation();

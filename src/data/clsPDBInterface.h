@@ -1,5 +1,7 @@
 #pragma once
 
+#include "data/formato/modFuncionesConversion.h"
+
 #include <QByteArray>
 #include <QDateTime>
 #include <QString>
@@ -47,4 +49,7 @@ public:
     virtual bool IsDataBase() = 0;
     virtual float DBSize() = 0;
     virtual bool IsAppForgeDB() = 0;
+
+    // The code page of the handheld the object reads, as its texts are in.
+    virtual const modFuncionesConversion::TablaCodigoPagina& PaginaCodigos() const = 0;
 };

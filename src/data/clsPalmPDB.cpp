@@ -7,7 +7,6 @@
 #include "data/formato/clsArchivoPDB.h"
 #include "data/formato/modCamposRegistro.h"
 #include "data/modEntradaCatalogo.h"
-#include "data/modHandheld.h"
 
 #include <cstring>
 #include <utility>
@@ -44,8 +43,6 @@ void TextoSinUltimoSeparador(clsBufferTexto& xTexto, const QString& xSeparator,
 }
 
 } // namespace
-
-clsPalmPDB::clsPalmPDB() : clsPalmPDB(modHandheld::FuenteActual()) {}
 
 clsPalmPDB::clsPalmPDB(std::shared_ptr<clsFuentePalm> xFuente)
     : mFuente(std::move(xFuente)), mTabla(&TablaCodigoPagina::Para(mFuente->CodigoPagina())),

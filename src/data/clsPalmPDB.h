@@ -16,8 +16,6 @@
 // schema their AppInfo block carries.
 class clsPalmPDB : public clsPDBInterface {
 public:
-    // Over the program's handheld (modHandheld::FuenteActual()).
-    clsPalmPDB();
     explicit clsPalmPDB(std::shared_ptr<clsFuentePalm> xFuente);
 
     bool OpenFile(const QString& xFile) override;
@@ -53,6 +51,11 @@ public:
     bool IsDataBase() override;
     float DBSize() override;
     bool IsAppForgeDB() override;
+    const modFuncionesConversion::TablaCodigoPagina& PaginaCodigos() const override {
+        return *mTabla;
+    }
+    // The handheld the object reads.
+    clsFuentePalm& Fuente() const { return *mFuente; }
 
     // How a record adapter is asked of the source: the adapter's class and the open mode.
     static constexpr const char* ClaseAdaptadorRegistros = "PDDirect.PDRecordAdapter";

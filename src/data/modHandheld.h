@@ -6,8 +6,9 @@
 #include <QString>
 #include <memory>
 
-// The handheld the program works on. Every clsPalmPDB and clsPalmInformation made without an
-// explicit source uses this one.
+// The handheld the program works on, chosen by the frame or by pandrel-cli's --handheld. The
+// database objects are made over it and carry it; what has no database object of its own (an
+// explorer when it loads, the information window, the check of an export's target) asks here.
 namespace modHandheld {
 // The handheld at xRuta: a zip backup when it is a file, a folder of database files otherwise.
 // xCodigoPagina, when not empty, overrides the code page its Handheld.ini names.

@@ -1,9 +1,5 @@
 #include "device/clsPalmInformation.h"
 
-#include "data/modHandheld.h"
-
-clsPalmInformation::clsPalmInformation() : clsPalmInformation(*modHandheld::FuenteActual()) {}
-
 clsPalmInformation::clsPalmInformation(clsFuentePalm& xFuente) : mSistema(xFuente.CrearSistema()) {}
 
 std::unique_ptr<clsTarjetaPalm> clsPalmInformation::MemoryCard() const {

@@ -7,8 +7,6 @@
 // The handheld's system object: its memory card and its user.
 class clsPalmInformation {
 public:
-    // Over the program's handheld (modHandheld::FuenteActual).
-    clsPalmInformation();
     explicit clsPalmInformation(clsFuentePalm& xFuente);
 
     // The information objects; each of their values is read when asked for.

@@ -2,7 +2,6 @@
 
 #include "common/ErrorVB.h"
 #include "data/MensajesError.h"
-#include "data/modHandheld.h"
 #include "estandar/modTextoEstandar.h"
 
 #include <utility>
@@ -16,8 +15,6 @@ ClaseEstandar ClaseDeInfo(const clsInfoBase& xInfo) {
 }
 
 } // namespace
-
-clsEstandarPDB::clsEstandarPDB() : clsEstandarPDB(modHandheld::FuenteActual()) {}
 
 clsEstandarPDB::clsEstandarPDB(std::shared_ptr<clsFuentePalm> xFuente)
     : mFuente(std::move(xFuente)), mPalm(mFuente), mGestor(mFuente->CrearGestor()) {}

@@ -22,8 +22,6 @@
 // record browser asks before it acts.
 class clsEstandarPDB : public clsPDBInterface {
 public:
-    // Over the program's handheld (modHandheld::FuenteActual()).
-    clsEstandarPDB();
     explicit clsEstandarPDB(std::shared_ptr<clsFuentePalm> xFuente);
 
     // The kind of the database of that name on the handheld; Ninguna for any other database, or
@@ -66,6 +64,9 @@ public:
     bool IsDataBase() override;
     float DBSize() override;
     bool IsAppForgeDB() override;
+    const modFuncionesConversion::TablaCodigoPagina& PaginaCodigos() const override {
+        return mPalm.PaginaCodigos();
+    }
 
     // The decoder of the open database; null when none is open or it is of no standard kind.
     const clsDecodificadorEstandar* Decodificador() const { return mDecodificador.get(); }

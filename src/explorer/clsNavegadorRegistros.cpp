@@ -1,5 +1,7 @@
 #include "explorer/clsNavegadorRegistros.h"
 
+#include "common/ErrorVB.h"
+#include "common/modFunciones.h"
 #include "data/clsPDBInterface.h"
 #include "data/formato/clsArchivoPDB.h"
 #include "explorer/clsGrillaFlexible.h"
@@ -13,6 +15,9 @@ const QString kSeparador = QStringLiteral("\t");
 
 // Rows reach the grid in batches of this many, so a whole database loads in a blink.
 constexpr int kLote = 1000;
+// The batch size box's arrows step within these.
+constexpr int kCantidadMinima = -1;
+constexpr int kCantidadMaxima = 1000;
 
 // Width of a field column, in twips; a left-aligned text column is twice as wide.
 constexpr qint32 kAnchoCampo = 1000;
@@ -123,6 +128,10 @@ QString clsNavegadorRegistros::TextoPosicion(qint32 xFilaActual) const {
     return TieneRegistros() ? TextoPosicion(xFilaActual, mCantidadRegistros) : TextoPosicion(0, 0);
 }
 
+QString clsNavegadorRegistros::TextoPosicionInicial() const {
+    return TextoPosicion(mCantidadRegistros > 0 ? 1 : 0, mCantidadRegistros);
+}
+
 QString clsNavegadorRegistros::TextoPosicion(qint32 xFila, qint32 xTotal) {
     return QStringLiteral("Record %1/ %2").arg(xFila).arg(xTotal);
 }
@@ -166,6 +175,11 @@ bool clsNavegadorRegistros::CaracterCantidadAceptado(QChar xCaracter) {
            xCaracter == QLatin1Char('-') || xCaracter == QLatin1Char('.');
 }
 
+QString clsNavegadorRegistros::CantidadTrasPaso(const QString& xCantidad, int xPaso) {
+    const int valor = static_cast<int>(modFunciones::Val(xCantidad)) + xPaso;
+    return QString::number(std::clamp(valor, kCantidadMinima, kCantidadMaxima));
+}
+
 qint32 clsNavegadorRegistros::ByteAtributos(bool xDeleted, bool xDirty, bool xArchive,
                                             bool xSecret) {
     return (xDeleted ? clsArchivoPDB::AtributoBorrado : 0) |
@@ -192,6 +206,12 @@ qint32 clsNavegadorRegistros::ActualizarFila(qint32 xFila, qint32 xColumna, cons
     mTabla.SetRowData(xFila, xNuevoID);
     if (!Reordenar()) return xFila;
     return FilaDeRegistro(xNuevoID);
+}
+
+bool clsNavegadorRegistros::ValorRechazado(const ErrorVB& xError) {
+    return xError.Numero() == ErrorVB::Desbordamiento ||
+           xError.Numero() == ErrorVB::TiposNoCoinciden ||
+           xError.Numero() == ErrorVB::SubindiceFueraDeRango;
 }
 
 clsNavegadorRegistros::Eliminacion clsNavegadorRegistros::EliminarRegistro(qint32 xFila) {

@@ -4,6 +4,7 @@
 #include <QtGlobal>
 #include <functional>
 
+class ErrorVB;
 class clsGrillaFlexible;
 class clsPDBInterface;
 
@@ -58,6 +59,8 @@ public:
     QString TextoPosicion(qint32 xFilaActual) const;
     // The position text of row xFila of xTotal records: "Record 3/ 45".
     static QString TextoPosicion(qint32 xFila, qint32 xTotal);
+    // The position text when a database is chosen: its first record, or "Record 0/ 0".
+    QString TextoPosicionInicial() const;
     // The widest position text of a database, whose records count in 16 bits.
     static QString TextoPosicionMasAncho() { return TextoPosicion(65535, 65535); }
 
@@ -77,6 +80,9 @@ public:
     // A character typed into the batch size box is kept when it is a digit, Backspace, a comma,
     // a minus or a period.
     static bool CaracterCantidadAceptado(QChar xCaracter);
+    // The batch size box after a step of its arrows: its number (Val) moved by xPaso and kept
+    // within -1 (all records) and 1000.
+    static QString CantidadTrasPaso(const QString& xCantidad, int xPaso);
 
     // The attribute byte of the four boxes.
     static qint32 ByteAtributos(bool xDeleted, bool xDirty, bool xArchive, bool xSecret);
@@ -93,6 +99,10 @@ public:
         FilaQuitada, // the row is gone
         Recargar     // it was the only data row: the grid is to be loaded again from the first
     };
+    // An update the record codec refused for its value (overflow, type mismatch, a field beyond
+    // the schema): nothing was written, and the dialog asks for another value instead of showing
+    // the error.
+    static bool ValorRechazado(const ErrorVB& xError);
     // Deletes the record of row xFila and lowers the record count.
     Eliminacion EliminarRegistro(qint32 xFila);
     // Where the current row goes after row xFila was deleted from a grid now of xFilas rows.

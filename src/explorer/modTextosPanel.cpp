@@ -35,4 +35,40 @@ QList<QPair<QString, QString>> TextosInformacionBase(clsPDBInterface& xBase,
             {QStringLiteral("Size:"), tamanio}};
 }
 
+QString FilaRecurso(clsPDBInterface& xBase, const QString& xNombre,
+                    const clsConfiguracionRegional& xRegional, TotalesAplicacion& xTotales) {
+    const QString tab = QStringLiteral("\t");
+    xBase.CloseDatabase();
+    try {
+        xBase.OpenFile(xNombre);
+    } catch (const std::exception&) {
+        QStringList celdas = {xNombre + QStringLiteral(" (file in use) "), QStringLiteral("Data")};
+        for (int c = 2; c < ColumnasRecurso; ++c)
+            celdas << QStringLiteral("Unknow");
+        return celdas.join(tab);
+    }
+    const auto tamanio = static_cast<float>(modFunciones::Kilobytes(xBase.DBSize()));
+    const qint32 registros = xBase.NumRecords();
+    xTotales.Tamanio += tamanio;
+    xTotales.Registros += registros;
+    return QStringList{xNombre,
+                       xBase.DBType(),
+                       QString::number(registros),
+                       xRegional.TextoSingle(tamanio),
+                       xRegional.TextoSingle(xBase.DBVersion()),
+                       xRegional.TextoFechaGeneral(xBase.CreationDate()),
+                       xRegional.TextoFechaGeneral(xBase.ModificationDate()),
+                       xRegional.TextoFechaGeneral(xBase.BackupDate())}
+        .join(tab);
+}
+
+QString TextoTamanioAplicacion(float xKilobytes, const clsConfiguracionRegional& xRegional) {
+    return xRegional.Formato(xKilobytes, QStringLiteral("0.00")) + QStringLiteral(" KB");
+}
+
+QString TextoMemoria(qint64 xBytes) {
+    return QString::number(modFunciones::Kilobytes(static_cast<double>(xBytes)), 'g', 15) +
+           QStringLiteral(" KB");
+}
+
 } // namespace modTextosPanel

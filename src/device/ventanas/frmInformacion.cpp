@@ -2,6 +2,7 @@
 
 #include "common/clsConfiguracionRegional.h"
 #include "common/ventanas/modDialogos.h"
+#include "data/modHandheld.h"
 #include "device/clsPalmInformation.h"
 #include "device/modTextosInformacion.h"
 
@@ -84,7 +85,8 @@ QWidget* frmInformacion::CrearPagina(const QString& xMarco, const QList<Campo>& 
 // Reads the card, then the user; a failure stops where it happened.
 void frmInformacion::Form_Load() {
     try {
-        mInformacion = std::make_unique<clsPalmInformation>();
+        // The program's handheld: this window belongs to no explorer.
+        mInformacion = std::make_unique<clsPalmInformation>(*modHandheld::FuenteActual());
         LlenarTarjeta();
         LlenarUsuario();
     } catch (const std::exception&) {

@@ -7,6 +7,7 @@
 #include "data/clsFuentePalm.h"
 #include "data/clsPDBInterface.h"
 #include "errors/ventanas/MostrarMensajeError.h"
+#include "explorer/clsNavegadorRegistros.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
@@ -19,12 +20,6 @@
 namespace {
 const QString kFormulario = QStringLiteral("frmActualizarValor");
 
-// Errors of a value the record codec cannot encode: the value is refused, nothing is written.
-bool EsValorRechazado(const ErrorVB& xError) {
-    return xError.Numero() == ErrorVB::Desbordamiento ||
-           xError.Numero() == ErrorVB::TiposNoCoinciden ||
-           xError.Numero() == ErrorVB::SubindiceFueraDeRango;
-}
 } // namespace
 
 frmActualizarValor::frmActualizarValor(QWidget* xPadre) : QDialog(xPadre) {
@@ -86,7 +81,7 @@ bool frmActualizarValor::Actualizar() {
         mNuevoID = mBase->UpdateRecord(mRecordID, mNroCampo, txtValorNuevo->text());
     } catch (const ErrorVB& e) {
         mNuevoID = -1;
-        if (!EsValorRechazado(e)) {
+        if (!clsNavegadorRegistros::ValorRechazado(e)) {
             MostrarMensajeError(e, kFormulario, QStringLiteral("Actualizar"));
             mBaseCambiada = e.Numero() == ErroresFuente::BaseCambiada;
             if (mBaseCambiada) reject();

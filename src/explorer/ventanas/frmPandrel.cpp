@@ -47,10 +47,6 @@ constexpr int kHolguraArbol = 120;
 // Long work lets the window repaint at most this often (milliseconds).
 constexpr int kIntervaloPintado = 40;
 
-// A memory figure in KB, in its shortest form.
-QString TextoKB(qint64 xBytes) {
-    return QString::number(modFunciones::Kilobytes(static_cast<double>(xBytes)), 'g', 15);
-}
 } // namespace
 
 frmPandrel::frmPandrel(QWidget* xPadre) : QWidget(xPadre) {
@@ -260,16 +256,13 @@ void frmPandrel::Form_Load() {
     ventana->resize(grdCampos->TwipsAPixeles(kAnchoVentana),
                     grdCampos->TwipsAPixeles(kAltoVentana));
     try {
-        std::shared_ptr<clsFuentePalm> fuente = modHandheld::FuenteActual();
-        if (!fuente)
-            throw ErrorVB(ErroresFuente::HandheldInaccesible, kFormulario,
-                          QStringLiteral("No handheld is chosen."));
+        mFuente = modHandheld::FuenteActual();
         // Reaching the handheld's catalogue is the connection: a handheld that cannot be read
         // fails here.
-        fuente->CrearGestor()->ListarBases(-1);
+        mFuente->CrearGestor()->ListarBases(-1);
         // The catalogue walk reports its progress through this source.
         const auto conProgreso =
-            std::make_shared<clsFuenteConProgreso>(fuente, [this](int xHechas, int xTotal) {
+            std::make_shared<clsFuenteConProgreso>(mFuente, [this](int xHechas, int xTotal) {
                 if (mMostrandoCatalogo) InformarProgreso(xHechas, xTotal);
             });
         mBase = std::make_unique<clsPalmPDB>(conProgreso);
@@ -295,13 +288,13 @@ bool frmPandrel::MostrarMemoria() {
     for (QLabel* etiqueta : {lblTipo, lblFechaCreacion, lblFechaModificacion, lblFechaBackup})
         etiqueta->clear();
     return Avisando(windowTitle(), [this] {
-        const auto tarjeta = clsPalmInformation().MemoryCard();
-        mPanelRom->setText(QStringLiteral("Rom: ") + TextoKB(tarjeta->TamanoRom()) +
-                           QStringLiteral(" KB"));
-        mPanelRam->setText(QStringLiteral("Ram: ") + TextoKB(tarjeta->TamanoRam()) +
-                           QStringLiteral(" KB"));
+        const auto tarjeta = clsPalmInformation(*mFuente).MemoryCard();
+        mPanelRom->setText(QStringLiteral("Rom: ") +
+                           modTextosPanel::TextoMemoria(tarjeta->TamanoRom()));
+        mPanelRam->setText(QStringLiteral("Ram: ") +
+                           modTextosPanel::TextoMemoria(tarjeta->TamanoRam()));
         mPanelRamDisponible->setText(QStringLiteral("Available Ram: ") +
-                                     TextoKB(tarjeta->RamLibre()) + QStringLiteral(" KB"));
+                                     modTextosPanel::TextoMemoria(tarjeta->RamLibre()));
     });
 }
 

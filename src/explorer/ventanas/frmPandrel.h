@@ -1,5 +1,7 @@
 #pragma once
 
+#include "explorer/modTextosPanel.h"
+
 #include <QElapsedTimer>
 #include <QString>
 #include <QStringList>
@@ -7,6 +9,7 @@
 #include <functional>
 #include <memory>
 
+class clsFuentePalm;
 class clsNavegadorRegistros;
 class clsPDBInterface;
 class QAction;
@@ -129,7 +132,6 @@ private:
     void CargarFormatoCampos();
     void CargarFormatoRecurso();
     void CargarRecursos(QTreeWidgetItem* xNodo);
-    QString FilaRecurso(const QString& xNombre);
     void MostrarTotalesAplicacion();
 
     // frmPandrelRegistros.cpp
@@ -170,6 +172,7 @@ private:
     bool ValidarArchivoExportacion(const QString& xArchivo);
     void Imprimir();
 
+    std::shared_ptr<clsFuentePalm> mFuente; // the handheld, taken when the window loads
     std::unique_ptr<clsPDBInterface> mBase;
     std::unique_ptr<clsPDBInterface> mBaseEnEspera; // the other of the two, not in use
     bool mRegistrosEstandar = false; // mBase reads a built-in application's records: read-only
@@ -183,8 +186,7 @@ private:
     bool mTamanoFijado = false; // the minimum size was taken at the first show
     QElapsedTimer mUltimoPintado;
     std::unique_ptr<clsNavegadorRegistros> mNavegador;
-    qint32 mTotalRegistros = 0;
-    float mTotalTamanio = 0;
+    modTextosPanel::TotalesAplicacion mTotales;
 
     QTreeWidget* tvwDataBases = nullptr;
     QAction* mnuAbrirRegistros = nullptr;

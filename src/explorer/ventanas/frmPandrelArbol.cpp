@@ -9,7 +9,6 @@
 #include "common/ventanas/modRecursosGraficos.h"
 #include "data/clsPDBInterface.h"
 #include "data/modEntradaCatalogo.h"
-#include "data/modHandheld.h"
 #include "estandar/clsEstandarPDB.h"
 #include "explorer/clsNavegadorRegistros.h"
 #include "explorer/ventanas/clsVistaGrilla.h"
@@ -107,9 +106,8 @@ QTreeWidgetItem* Hijo(QTreeWidgetItem* xNodo, const QString& xTexto) {
 void frmPandrel::ElegirBase(const QString& xNombre) {
     QTreeWidgetItem* base = nullptr;
     Atrapar(QStringLiteral("ElegirBase"), [&] {
-        const std::shared_ptr<clsFuentePalm> fuente = modHandheld::FuenteActual();
         const QString creador =
-            fuente->CodigoATexto(fuente->CrearGestor()->BuscarBase(xNombre)->Creador(), -1);
+            mFuente->CodigoATexto(mFuente->CrearGestor()->BuscarBase(xNombre)->Creador(), -1);
         QTreeWidgetItem* nodo = Hijo(tvwDataBases->topLevelItem(0), creador);
         if (!nodo) {
             cmbTiposDB->setCurrentIndex(TiposDB().size() - 1);
@@ -176,8 +174,7 @@ bool frmPandrel::EsBaseEstandar(const QTreeWidgetItem* xNodo) const {
         Clave(xNodo).startsWith(QLatin1Char('*')))
         return false;
     try {
-        return clsEstandarPDB::ClaseDeBase(*modHandheld::FuenteActual(), xNodo->text(0)) !=
-               ClaseEstandar::Ninguna;
+        return clsEstandarPDB::ClaseDeBase(*mFuente, xNodo->text(0)) != ClaseEstandar::Ninguna;
     } catch (const ErrorVB&) {
         return false;
     }

@@ -4,8 +4,6 @@
 
 #include "common/ventanas/modDialogos.h"
 #include "data/clsPDBInterface.h"
-#include "data/formato/modFuncionesConversion.h"
-#include "data/modHandheld.h"
 #include "explorer/clsGrillaFlexible.h"
 #include "explorer/modExportacion.h"
 #include "explorer/ventanas/clsVistaGrilla.h"
@@ -28,9 +26,7 @@ void frmPandrel::ExportarInformacion() {
         if (!CargarTabla(false, -1)) return;
         modExportacion::ExportarGrilla(
             grdTabla->Grilla(), nombre, modExportacion::FormatoDeFiltro(indiceFiltro),
-            [this](qint32 xColumna) { return mBase->FieldType(xColumna); },
-            modFuncionesConversion::TablaCodigoPagina::Para(
-                modHandheld::FuenteActual()->CodigoPagina()));
+            [this](qint32 xColumna) { return mBase->FieldType(xColumna); }, mBase->PaginaCodigos());
     });
     setCursor(Qt::ArrowCursor);
 }

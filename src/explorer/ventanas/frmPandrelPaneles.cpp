@@ -35,7 +35,8 @@ const ColumnaRecurso kColumnasRecurso[] = {
     {"Modification Date", 2000, clsGrillaFlexible::DerechaCentro},
     {"Backup Date", 2000, clsGrillaFlexible::DerechaCentro},
 };
-constexpr qint32 kColumnasRecursoVisibles = 8;
+constexpr qint32 kColumnasRecursoVisibles = modTextosPanel::ColumnasRecurso;
+static_assert(std::size(kColumnasRecurso) == kColumnasRecursoVisibles);
 } // namespace
 
 void frmPandrel::CargarInformacionBase() {
@@ -43,8 +44,7 @@ void frmPandrel::CargarInformacionBase() {
 
     const qint32 cantidad = mBase->NumRecords();
     mNavegador->EstablecerCantidadRegistros(cantidad);
-    lblCantidadRegistros->setText(
-        clsNavegadorRegistros::TextoPosicion(cantidad > 0 ? 1 : 0, cantidad));
+    lblCantidadRegistros->setText(mNavegador->TextoPosicionInicial());
 
     const clsConfiguracionRegional& regional = clsConfiguracionRegional::Actual();
     lblVersion->setText(modTextosPanel::TextoVersion(mBase->DBVersion(), regional));
@@ -87,8 +87,7 @@ void frmPandrel::CargarFormatoRecurso() {
 
 void frmPandrel::CargarRecursos(QTreeWidgetItem* xNodo) {
     Atrapar(QStringLiteral("CargarRecursos"), [this, xNodo] {
-        mTotalRegistros = 0;
-        mTotalTamanio = 0;
+        mTotales = {};
         if (!xNodo->parent())
             throw ErrorVB(91, QStringLiteral("frmPandrel"),
                           QStringLiteral("Object variable or With block variable not set"));
@@ -97,7 +96,9 @@ void frmPandrel::CargarRecursos(QTreeWidgetItem* xNodo) {
         clsGrillaFlexible& grilla = grdRecursos->Grilla();
         const QStringList entradas = modEntradaCatalogo::Entradas(lista, kSeparador);
         for (qsizetype i = 0; i < entradas.size(); ++i) {
-            grilla.AddItem(FilaRecurso(modEntradaCatalogo::LeerEntrada(entradas.at(i)).Nombre));
+            grilla.AddItem(modTextosPanel::FilaRecurso(
+                *mBase, modEntradaCatalogo::LeerEntrada(entradas.at(i)).Nombre,
+                clsConfiguracionRegional::Actual(), mTotales));
             if (grilla.Rows() == 2) {
                 grilla.SetFixedCols(0);
                 grilla.SetFixedRows(1);
@@ -107,39 +108,9 @@ void frmPandrel::CargarRecursos(QTreeWidgetItem* xNodo) {
     });
 }
 
-// One database of the application's creator, opened in turn; one that cannot be opened is
-// listed as in use and adds nothing to the totals.
-QString frmPandrel::FilaRecurso(const QString& xNombre) {
-    mBase->CloseDatabase();
-    try {
-        mBase->OpenFile(xNombre);
-    } catch (const std::exception&) {
-        QStringList celdas = {xNombre + QStringLiteral(" (file in use) "), QStringLiteral("Data")};
-        for (int c = 2; c < kColumnasRecursoVisibles; ++c)
-            celdas << QStringLiteral("Unknow");
-        return celdas.join(kSeparador);
-    }
-    const auto tamanio = static_cast<float>(modFunciones::Kilobytes(mBase->DBSize()));
-    const qint32 registros = mBase->NumRecords();
-    mTotalTamanio += tamanio;
-    mTotalRegistros += registros;
-
-    const clsConfiguracionRegional& regional = clsConfiguracionRegional::Actual();
-    return QStringList{xNombre,
-                       mBase->DBType(),
-                       QString::number(registros),
-                       regional.TextoSingle(tamanio),
-                       regional.TextoSingle(mBase->DBVersion()),
-                       regional.TextoFechaGeneral(mBase->CreationDate()),
-                       regional.TextoFechaGeneral(mBase->ModificationDate()),
-                       regional.TextoFechaGeneral(mBase->BackupDate())}
-        .join(kSeparador);
-}
-
 void frmPandrel::MostrarTotalesAplicacion() {
     lblCantidadObjetos->setText(QString::number(grdRecursos->Grilla().Rows() - 1));
-    lblTotalRegistros->setText(QString::number(mTotalRegistros));
-    lblTamanioAplicacion->setText(
-        clsConfiguracionRegional::Actual().Formato(mTotalTamanio, QStringLiteral("0.00")) +
-        QStringLiteral(" KB"));
+    lblTotalRegistros->setText(QString::number(mTotales.Registros));
+    lblTamanioAplicacion->setText(modTextosPanel::TextoTamanioAplicacion(
+        mTotales.Tamanio, clsConfiguracionRegional::Actual()));
 }

@@ -29,12 +29,6 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-namespace {
-// The batch size box runs from -1 (all records) to 1000.
-constexpr int kCantidadMinima = -1;
-constexpr int kCantidadMaxima = 1000;
-} // namespace
-
 QWidget* frmPandrel::CrearPanelRegistros() {
     auto* fraGrilla = new QGroupBox(QStringLiteral("Records"), fraDataBase);
     fraGrilla->setObjectName(QStringLiteral("fraGrilla"));
@@ -183,10 +177,8 @@ QWidget* frmPandrel::CrearSelectorCantidad() {
         flecha->setFixedSize(18, 11);
         flecha->setAutoRepeat(true);
         connect(flecha, &QToolButton::clicked, this, [this, paso] {
-            const int valor =
-                static_cast<int>(modFunciones::Val(txtRegistrosARecuperar->text())) + paso;
             txtRegistrosARecuperar->setText(
-                QString::number(std::clamp(valor, kCantidadMinima, kCantidadMaxima)));
+                clsNavegadorRegistros::CantidadTrasPaso(txtRegistrosARecuperar->text(), paso));
         });
         columna->addWidget(flecha);
     }
