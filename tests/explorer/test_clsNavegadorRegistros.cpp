@@ -1,3 +1,4 @@
+#include "common/ErrorVB.h"
 #include "common/clsConfiguracionRegional.h"
 #include "constructor/clsConstructorBase.h"
 #include "data/MensajesError.h"
@@ -181,6 +182,31 @@ TEST(NavegadorReglas, AttributeByteAndCountKeys) {
         EXPECT_TRUE(Nav::CaracterCantidadAceptado(c)) << c.unicode();
     for (const QChar c : QStringLiteral("a+ eE/"))
         EXPECT_FALSE(Nav::CaracterCantidadAceptado(c)) << c.unicode();
+}
+
+// The batch size box's arrows stay within -1 (all) and 1000; the update dialog asks again only
+// for the errors of a value the codec refused; the position text shows the first record.
+TEST(NavegadorReglas, StepsRefusedValuesAndPositions) {
+    const struct {
+        const char* Cantidad;
+        int Paso;
+        const char* Despues;
+    } pasos[] = {{"40", 1, "41"},    {"-1", -1, "-1"},  {"0", -1, "-1"}, {"1000", 1, "1000"},
+                 {"999", 1, "1000"}, {"12x", -1, "11"}, {"", 1, "1"},    {"5000", -1, "1000"}};
+    for (const auto& paso : pasos)
+        EXPECT_EQ(Nav::CantidadTrasPaso(paso.Cantidad, paso.Paso), paso.Despues) << paso.Cantidad;
+    for (const qint32 numero : {6, 9, 13})
+        EXPECT_TRUE(Nav::ValorRechazado(ErrorVB(numero, "UpdateRecord", ""))) << numero;
+    for (const qint32 numero :
+         {0, 5, 7, ErroresFuente::EscrituraFallida, ErroresFuente::BaseCambiada})
+        EXPECT_FALSE(Nav::ValorRechazado(ErrorVB(numero, "UpdateRecord", ""))) << numero;
+
+    clsGrillaFlexible tabla;
+    Nav navegador(tabla);
+    EXPECT_EQ(navegador.TextoPosicionInicial(), "Record 0/ 0");
+    navegador.EstablecerCantidadRegistros(45);
+    EXPECT_EQ(navegador.TextoPosicionInicial(), "Record 1/ 45");
+    EXPECT_EQ(Nav::TextoPosicionMasAncho(), "Record 65535/ 65535");
 }
 
 } // namespace
