@@ -1,7 +1,14 @@
 #include "common/clsEscrituraSegura.h"
 
+#include <QFile>
+
 #include <cerrno>
+#include <cstdio>
 #include <cstring>
+#ifdef Q_OS_UNIX
+#include <fcntl.h>
+#include <unistd.h>
+#endif
 
 clsEscrituraSegura::clsEscrituraSegura(const QString& xArchivo) : mArchivo(xArchivo) {
     // No other program sees the file before it is whole.
@@ -40,5 +47,22 @@ bool clsEscrituraSegura::Terminar() {
     if (mArchivo.error() != QFileDevice::NoError || !mArchivo.flush()) return Fallar();
     if (mArchivo.commit()) return true;
     mError = mArchivo.errorString();
+    return false;
+}
+
+bool clsEscrituraSegura::PonerEnLugar(const QString& xHecho, const QString& xArchivo,
+                                      QString& xError) {
+    const QByteArray hecho = QFile::encodeName(xHecho);
+    errno = 0;
+#ifdef Q_OS_UNIX
+    const int descriptor = ::open(hecho.constData(), O_RDONLY | O_CLOEXEC);
+    bool asentado = descriptor >= 0 && ::fsync(descriptor) == 0;
+    if (descriptor >= 0) ::close(descriptor);
+#else
+    bool asentado = QFile::exists(xHecho);
+#endif
+    if (asentado && std::rename(hecho.constData(), QFile::encodeName(xArchivo).constData()) == 0)
+        return true;
+    xError = QString::fromLocal8Bit(std::strerror(errno));
     return false;
 }

@@ -23,6 +23,11 @@ public:
     bool Terminar();
     const QString& Error() const { return mError; }
 
+    // The same end for a file another writer made whole beside its name (libzip writes an archive
+    // only to a path of its own): xHecho is flushed to the disk and renamed over xArchivo. False,
+    // with the system's reason in xError, when it cannot be.
+    static bool PonerEnLugar(const QString& xHecho, const QString& xArchivo, QString& xError);
+
 private:
     bool Fallar();
 

@@ -1,6 +1,7 @@
 #include "estandar/modExportacionEstandar.h"
 
 #include "common/ErrorVB.h"
+#include "common/clsEscrituraSegura.h"
 #include "data/formato/modBasesEstandar.h"
 #include "data/modDestino.h"
 #include "estandar/clsEscritorCSV.h"
@@ -9,7 +10,6 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QSaveFile>
 
 namespace modExportacionEstandar {
 
@@ -61,10 +61,9 @@ void Guardar(const QString& xArchivo, QByteArrayView xBytes) {
     };
     if (!QDir().mkpath(QFileInfo(destino).absolutePath()))
         throw falla(QStringLiteral("its folder cannot be created"));
-    QSaveFile archivo(destino);
-    if (!archivo.open(QIODevice::WriteOnly)) throw falla(archivo.errorString());
-    if (archivo.write(xBytes.data(), xBytes.size()) != xBytes.size() || !archivo.commit())
-        throw falla(archivo.errorString());
+    clsEscrituraSegura archivo(destino);
+    if (!archivo.Abrir() || !archivo.Escribir(xBytes) || !archivo.Terminar())
+        throw falla(archivo.Error());
 }
 
 // Writes the records the handheld has not deleted into xArchivo; returns how many.

@@ -1,5 +1,6 @@
 #include "data/zip/clsArchivoZip.h"
 
+#include "common/clsEscrituraSegura.h"
 #include "common/modFunciones.h"
 
 #include <QCoreApplication>
@@ -10,14 +11,11 @@
 #include <QRegularExpression>
 #include <QTemporaryFile>
 #include <cerrno>
-#include <cstdio>
 #include <cstring>
 #include <zip.h>
 
 #ifdef Q_OS_UNIX
-#include <fcntl.h>
 #include <signal.h>
-#include <unistd.h>
 #endif
 
 namespace {
@@ -151,19 +149,6 @@ void QuitarTemporales(const QFileInfo& xArchivo) {
     }
 }
 
-// Puts the file's bytes on the disk before it is renamed over the archive.
-bool Asentar(const QString& xRuta) {
-#ifdef Q_OS_UNIX
-    const int descriptor = ::open(QFile::encodeName(xRuta).constData(), O_RDONLY | O_CLOEXEC);
-    if (descriptor < 0) return false;
-    const bool hecho = ::fsync(descriptor) == 0;
-    ::close(descriptor);
-    return hecho;
-#else
-    return QFileInfo::exists(xRuta);
-#endif
-}
-
 } // namespace
 
 clsArchivoZip::clsArchivoZip(const QString& xRuta) {
@@ -280,10 +265,9 @@ bool clsArchivoZip::Reemplazar(const QString& xRuta, const QString& xEntrada,
         return false;
     }
     QFile::setPermissions(ruta, info.permissions());
-    if (!Asentar(ruta) || std::rename(QFile::encodeName(ruta).constData(),
-                                      QFile::encodeName(info.filePath()).constData()) != 0) {
-        xError = QStringLiteral("the new archive cannot be put in place (%1)")
-                     .arg(QString::fromLocal8Bit(std::strerror(errno)));
+    QString motivo;
+    if (!clsEscrituraSegura::PonerEnLugar(ruta, info.filePath(), motivo)) {
+        xError = QStringLiteral("the new archive cannot be put in place (%1)").arg(motivo);
         return false;
     }
     temporal.setAutoRemove(false);
