@@ -1,12 +1,9 @@
 #include "common/clsConfiguracionRegional.h"
 #include "common/modFecha.h"
 #include "device/modTextosInformacion.h"
+#include "support/modPrueba.h"
 
 #include <gtest/gtest.h>
-
-inline void PrintTo(const QString& xTexto, std::ostream* xSalida) {
-    *xSalida << '"' << xTexto.toStdString() << '"';
-}
 
 namespace {
 

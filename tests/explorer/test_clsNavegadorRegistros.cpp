@@ -6,6 +6,7 @@
 #include "data/clsPalmPDB.h"
 #include "explorer/clsGrillaFlexible.h"
 #include "explorer/clsNavegadorRegistros.h"
+#include "support/modPrueba.h"
 
 #include <QAbstractItemModelTester>
 #include <QDir>
@@ -13,12 +14,6 @@
 #include <QTimeZone>
 #include <gtest/gtest.h>
 #include <memory>
-
-QT_BEGIN_NAMESPACE
-inline void PrintTo(const QString& xTexto, std::ostream* xSalida) {
-    *xSalida << '"' << xTexto.toStdString() << '"';
-}
-QT_END_NAMESPACE
 
 namespace {
 

@@ -1,9 +1,6 @@
-#include "common/clsConfiguracionRegional.h"
 #include "common/modRecientes.h"
-#include "common/ventanas/modDialogos.h"
 #include "constructor/clsConstructorBase.h"
 #include "constructor/modHandheldEstandar.h"
-#include "data/MensajesError.h"
 #include "data/carpeta/clsFuenteCarpeta.h"
 #include "data/modHandheld.h"
 #include "data/zip/clsFuenteZip.h"
@@ -11,26 +8,16 @@
 #include "shell/frmInicio.h"
 #include "shell/modMain.h"
 #include "support/modZipPrueba.h"
+#include "support/ventanas/clsPruebaVentana.h"
 
 #include <QAction>
-#include <QApplication>
-#include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QPointer>
 #include <QSettings>
 #include <QTableView>
-#include <QTemporaryDir>
-#include <QTimer>
-#include <gtest/gtest.h>
 #include <memory>
-
-QT_BEGIN_NAMESPACE
-inline void PrintTo(const QString& xTexto, std::ostream* xSalida) {
-    *xSalida << '"' << xTexto.toStdString() << '"';
-}
-QT_END_NAMESPACE
 
 namespace {
 
@@ -48,36 +35,29 @@ private:
     std::function<void()> mAlLeer;
 };
 
-class frmInicioTest : public ::testing::Test {
+class frmInicioTest : public clsPruebaVentana {
 protected:
     void SetUp() override {
-        CargarMensajes();
-        clsConfiguracionRegional::EstablecerActual(
-            QLocale(QLocale::English, QLocale::UnitedStates));
-        ASSERT_TRUE(mDirectorio.isValid());
-        mCarpeta = mDirectorio.path();
+        clsPruebaVentana::SetUp();
+        mCarpeta = clsPruebaVentana::mCarpeta.path();
         clsConstructorBase clientes("Clients", "DATA", "AFa1");
         clientes.EsquemaAppForge("Clients", {{"Name", clsConstructorBase::String}});
         clientes.Guardar(mCarpeta + "/Clients.pdb");
         modHandheld::EstablecerFuente(
             std::make_shared<clsFuenteObservada>(mCarpeta, [this] { Observar(); }));
-        modDialogos::ResponderMensajes([this](const modDialogos::PeticionMensaje& xPeticion) {
-            Mensajes << xPeticion.Texto;
-            return QMessageBox::Ok;
-        });
         mInicio = new frmInicio;
         mInicio->show();
     }
     void TearDown() override {
         delete mInicio.data();
-        modDialogos::ResponderMensajes({});
+        clsPruebaVentana::TearDown();
     }
 
     void Observar() {
         if (mInicio)
             Vistos << QStringLiteral("%1|%2").arg(Mensaje()).arg(mInicio->cursor().shape());
     }
-    QString Mensaje() const { return mInicio->findChild<QLabel*>("Mensaje")->text(); }
+    QString Mensaje() const { return Texto(mInicio, "Mensaje"); }
     QAction* Menu(const char* xNombre) const {
         QAction* item = mInicio->findChild<QAction*>(QString::fromLatin1(xNombre));
         EXPECT_NE(item, nullptr) << xNombre;
@@ -86,23 +66,13 @@ protected:
     QList<QMdiSubWindow*> Hijas() const { return mInicio->findChild<QMdiArea*>()->subWindowList(); }
     // Runs xAccion while every modal window that opens is closed; returns their class names.
     static QStringList ConModales(const std::function<void()>& xAccion) {
-        QStringList vistas;
-        QTimer reloj;
-        QObject::connect(&reloj, &QTimer::timeout, [&vistas] {
-            if (QWidget* modal = QApplication::activeModalWidget()) {
-                vistas << modal->metaObject()->className();
-                modal->close();
-            }
-        });
-        reloj.start(10);
+        modDialogosPrueba::clsModales modales;
         xAccion();
-        return vistas;
+        return modales.Vistas;
     }
 
-    QTemporaryDir mDirectorio;
     QString mCarpeta;
     QPointer<frmInicio> mInicio;
-    QStringList Mensajes;
     QStringList Vistos;
 };
 
@@ -224,7 +194,7 @@ TEST_F(frmInicioTest, AHandheldThatCannotBeReadEndsInConnectionError) {
     Menu("mnuFileDebugger")->trigger();
     EXPECT_EQ(Mensaje(), "Connection error");
     EXPECT_EQ(mInicio->cursor().shape(), Qt::ArrowCursor);
-    EXPECT_EQ(Mensajes, QStringList{"Palm Database connection error."});
+    EXPECT_EQ(TextosMensajes(), QStringList{"Palm Database connection error."});
     // The window stays open with what was built.
     EXPECT_EQ(Hijas().size(), 1);
 }
@@ -258,11 +228,7 @@ TEST_F(frmInicioTest, TheHandheldMenuOpensABackupAfterClosingTheExplorers) {
         titulos << xPeticion.Titulo;
         return elegido;
     });
-    QMessageBox::StandardButton respuesta = QMessageBox::No;
-    modDialogos::ResponderMensajes([&](const modDialogos::PeticionMensaje& xPeticion) {
-        Mensajes << xPeticion.Texto;
-        return respuesta;
-    });
+    Respuesta = QMessageBox::No;
     const auto previa = modHandheld::FuenteActual();
 
     Menu("mnuFileDebugger")->trigger();
@@ -270,7 +236,7 @@ TEST_F(frmInicioTest, TheHandheldMenuOpensABackupAfterClosingTheExplorers) {
     EXPECT_EQ(Hijas().size(), 1) << "No keeps the explorer and the handheld";
     EXPECT_EQ(modHandheld::FuenteActual(), previa);
 
-    respuesta = QMessageBox::Yes;
+    Respuesta = QMessageBox::Yes;
     Menu("mnuHandheldArchive")->trigger();
     EXPECT_EQ(Hijas().size(), 0);
     EXPECT_NE(dynamic_cast<clsFuenteZip*>(modHandheld::FuenteActual().get()), nullptr);
@@ -295,7 +261,6 @@ TEST_F(frmInicioTest, TheHandheldMenuOpensABackupAfterClosingTheExplorers) {
               QStringList{"frmMensajeError"});
     EXPECT_EQ(modHandheld::FuenteActual(), carpeta);
     EXPECT_EQ(Mensajes.size(), 2) << "only the openings with an explorer open ask";
-    modDialogos::ResponderArchivos({});
 }
 
 // A database file given to the program opens its folder and an explorer with it chosen.
@@ -319,27 +284,22 @@ TEST_F(frmInicioTest, ExportStandardDataWritesTheHandheldsFilesAndSaysSo) {
     QTemporaryDir destino;
     modDialogos::ResponderArchivos(
         [&](const modDialogos::PeticionArchivo&, QString*) { return destino.path(); });
-    QMessageBox::StandardButton respuesta = QMessageBox::Ok;
-    modDialogos::ResponderMensajes([&](const modDialogos::PeticionMensaje& xPeticion) {
-        Mensajes << xPeticion.Texto;
-        return respuesta;
-    });
     Menu("mnuHandheldExport")->trigger();
     ASSERT_EQ(Mensajes.size(), 1);
-    EXPECT_EQ(Mensajes[0], "Written to " + destino.path() +
-                               ":\n\ncontacts.vcf: 4 contacts from AddressDB.\n"
-                               "calendar.ics: 8 appointments from DatebookDB.\n"
-                               "todos.ics: 4 to-dos from ToDoDB.\nmemos.csv: 3 memos from MemoDB.");
+    EXPECT_EQ(Mensajes[0].Texto,
+              "Written to " + destino.path() +
+                  ":\n\ncontacts.vcf: 4 contacts from AddressDB.\n"
+                  "calendar.ics: 8 appointments from DatebookDB.\n"
+                  "todos.ics: 4 to-dos from ToDoDB.\nmemos.csv: 3 memos from MemoDB.");
     EXPECT_EQ(QDir(destino.path()).entryList(QDir::Files).size(), 4);
 
     QFile::remove(destino.filePath("calendar.ics"));
-    respuesta = QMessageBox::No;
+    Respuesta = QMessageBox::No;
     Menu("mnuHandheldExport")->trigger();
-    EXPECT_EQ(Mensajes.value(1),
+    EXPECT_EQ(Mensajes.value(1).Texto,
               "The folder already holds contacts.vcf, todos.ics, memos.csv. Replace them?");
     EXPECT_EQ(Mensajes.size(), 2);
     EXPECT_FALSE(QFile::exists(destino.filePath("calendar.ics")));
-    modDialogos::ResponderArchivos({});
 }
 
 // An explorer opens showing a typical schema's eight columns where the frame has the room, and

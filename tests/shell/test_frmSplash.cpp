@@ -12,10 +12,6 @@
 
 #include <functional>
 
-inline void PrintTo(const QString& xTexto, std::ostream* xSalida) {
-    *xSalida << '"' << xTexto.toStdString() << '"';
-}
-
 // Takes the desktop's "open" action in place of the mail program and the browser.
 class AbridorPrueba : public QObject {
     Q_OBJECT
@@ -103,4 +99,5 @@ TEST(frmMensajeConstruccion, ElBotonLaCierra) {
 
 } // namespace
 
+#include "support/modPrueba.h"
 #include "test_frmSplash.moc"

