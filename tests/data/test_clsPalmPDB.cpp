@@ -6,6 +6,7 @@
 #include "data/clsPalmPDB.h"
 #include "data/formato/modFuncionesConversion.h"
 #include "support/clsFuenteCarpetaRara.h"
+#include "support/modPrueba.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -27,21 +28,9 @@ void Crudo(clsConstructorBase& xBase, quint32 xID, const QByteArray& xHex, qint3
     xBase.Archivo().Registros.last().ID = xID;
 }
 
-// Runs xAccion and checks that it raises the error with that number and source.
-void EsperarError(const std::function<void()>& xAccion, qint32 xNumero, const QString& xFuente,
-                  const QString& xDescripcion = QString()) {
-    try {
-        xAccion();
-        ADD_FAILURE() << "no error raised, expected " << xNumero << " from "
-                      << xFuente.toStdString();
-    } catch (const ErrorVB& error) {
-        EXPECT_EQ(error.Numero(), xNumero) << xFuente.toStdString();
-        EXPECT_EQ(error.Fuente(), xFuente);
-        if (!xDescripcion.isNull()) {
-            EXPECT_EQ(error.Descripcion(), xDescripcion);
-        }
-    }
-}
+using modFuncionesConversion::ErrorTextoNoCodificable;
+using modPrueba::ErrorDe;
+using modPrueba::EsperarError;
 
 // A handheld folder in a temporary directory, laid out database by database.
 class CarpetaTest : public ::testing::Test {
@@ -261,13 +250,6 @@ TEST_F(PalmPDBTest, ElRegistroComoTexto) {
     EXPECT_EQ(Leer(","), "\"  x \",5,False");
 }
 
-TEST_F(PalmPDBTest, CadaTipoDeCampo) {
-    ASSERT_TRUE(mBase->OpenFile("Completa"));
-    EXPECT_EQ(Leer("|"), "200|-2|70000|1.5|Hola|False|1/5/2004 3:04:05 PM|fin");
-    clsConfiguracionRegional::EstablecerActual(QLocale(QLocale::German, QLocale::Germany));
-    EXPECT_EQ(Leer("|"), "200|-2|70000|1,5|Hola|False|05.01.2004 15:04:05|fin");
-}
-
 TEST_F(PalmPDBTest, UnTipoDesconocidoDaTextoVacioYNoConsumeBytes) {
     GuardarClientes({"00070102"}, 1, [](clsConstructorBase& xBase) {
         xBase.EsquemaAppForge("T", {{"A", C::Int}, {"X", C::TipoCampo(9)}, {"B", C::Int}});
@@ -333,108 +315,71 @@ TEST_F(PalmPDBTest, LeerPorIdentificador) {
                  ErroresFuente::RegistroNoEncontrado, "LeerPorID");
 }
 
-TEST_F(PalmPDBTest, ActualizarUnCampoReescribeSusBytes) {
-    const struct {
-        const char* nombre;
-        QByteArray antes;
-        qint32 campo;
-        QString valor;
-        QByteArray despues;
-    } casos[] = {
-        {"textoMasLargo", "61626300000101", 0, "abcdef", "61626364656600000101"},
-        {"textoMasCorto", "61626300000101", 0, "", "00000101"},
-        {"textoRecortado", "61626300000101", 0, "  xy  ", "787900000101"},
-        {"textoIgual", "61626300000101", 0, "xyz", "78797a00000101"},
-        {"entero", "610000050001", 1, "-2", "6100fffe0001"},
-        {"enteroRedondeaAlPar", "610000050001", 1, "2.5", "610000020001"},
-        {"enteroConGrupos", "610000050001", 1, "1,234", "610004d20001"},
-        {"logicoTexto", "610000050001", 2, "true", "610000050101"},
-        {"logicoNumero", "610000050101", 2, "0", "610000050001"},
-        {"logicoNoCero", "610000050001", 2, "-3", "610000050101"},
-    };
-    for (const auto& caso : casos) {
-        GuardarClientes({caso.antes});
-        clsPalmPDB pdb(Fuente());
-        ASSERT_TRUE(pdb.OpenFile("Clientes"));
-        QString texto;
-        ASSERT_TRUE(pdb.ReadRecordByID(10, texto, "\t"));
-        EXPECT_EQ(pdb.UpdateRecord(10, caso.campo, caso.valor), 10);
-        EXPECT_EQ(Archivo("Clientes").Registros[0].Datos.toHex(), caso.despues) << caso.nombre;
-    }
-}
-
-TEST_F(PalmPDBTest, ActualizarCadaTipoNumericoYFecha) {
-    const struct {
-        qint32 campo;
-        QString valor;
-        QString leido;
-    } casos[] = {
-        {0, "255", "255"},
-        {1, "-32767", "-32767"},
-        // 80 00 reads back through the zero-byte rule as 128.
-        {1, "-32768", "128"},
-        {2, "-2147483648", "-2147483648"},
-        {3, "12345678", "1.234568E+07"},
-        {3, "0.1", "0.1"},
-        {4, "Chau", "Chau"},
-        {5, "True", "True"},
-        {6, "12/31/2010 11:59:58 PM", "12/31/2010 11:59:58 PM"},
-        {6, "1/1/1990", "1/1/1990"},
-        {7, "otro final", "otro final"},
-    };
-    for (const auto& caso : casos) {
-        clsPalmPDB pdb(mFuente);
-        ASSERT_TRUE(pdb.OpenFile("Completa"));
-        QString texto;
-        ASSERT_TRUE(pdb.ReadRecordByID(1, texto, "|"));
-        pdb.UpdateRecord(1, caso.campo, caso.valor);
-        ASSERT_TRUE(pdb.ReadRecordByID(1, texto, "|"));
-        EXPECT_EQ(texto.split('|').at(caso.campo), caso.leido) << caso.valor.toStdString();
-    }
-}
-
-TEST_F(PalmPDBTest, UnaConversionFallidaNoEscribeNada) {
+// An update encodes its field alone into the record as it is: a text grows or shrinks the record
+// by its bytes, a number or a date goes through the regional settings, a String at the end keeps
+// a spare byte; a value the field cannot take writes nothing. Clientes 10 is "AB", 258, True and
+// 12 is "", -1, False; Completa 1 holds one field of each type.
+TEST_F(PalmPDBTest, ActualizarUnCampo) {
     const struct {
         const char* base;
-        qint32 campo;
+        qint32 id, campo;
         QString valor;
-        qint32 numero;
+        QByteArray hex; // the record afterwards; for Completa, what the field reads back
+        qint32 error;
     } casos[] = {
-        {"Clientes", 1, "70000", ErrorVB::Desbordamiento},
-        {"Clientes", 1, "abc", ErrorVB::TiposNoCoinciden},
-        {"Clientes", 1, "", ErrorVB::TiposNoCoinciden},
-        {"Clientes", 2, "maybe", ErrorVB::TiposNoCoinciden},
-        {"Completa", 0, "256", ErrorVB::Desbordamiento},
-        {"Completa", 0, "-1", ErrorVB::Desbordamiento},
-        {"Completa", 2, "2147483648", ErrorVB::Desbordamiento},
-        {"Completa", 3, "1e39", ErrorVB::Desbordamiento},
-        {"Completa", 6, "not a date", ErrorVB::TiposNoCoinciden},
-        {"Completa", 6, "1/19/1972 3:14:08 AM", ErrorVB::Desbordamiento},
-        {"Completa", 7, QString::fromUtf8("\u03a9"),
-         modFuncionesConversion::ErrorTextoNoCodificable},
+        {"Clientes", 10, 0, "abcdef",
+         "616263646566000102"
+         "01",
+         0},
+        {"Clientes", 10, 0, "", "00010201", 0},
+        {"Clientes", 10, 0, "  xy  ", "787900010201", 0},
+        {"Clientes", 10, 1, "-2", "414200fffe01", 0},
+        {"Clientes", 10, 1, "2.5", "414200000201", 0},
+        {"Clientes", 10, 1, "1,234", "41420004d201", 0},
+        {"Clientes", 10, 2, "0", "414200010200", 0},
+        {"Clientes", 12, 2, "true", "00ffff01", 0},
+        {"Clientes", 12, 2, "-3", "00ffff01", 0},
+        {"Completa", 1, 0, "255", "255", 0},
+        // 80 00 reads back through the zero-byte rule as 128.
+        {"Completa", 1, 1, "-32768", "128", 0},
+        {"Completa", 1, 2, "-2147483648", "-2147483648", 0},
+        {"Completa", 1, 3, "12345678", "1.234568E+07", 0},
+        {"Completa", 1, 4, "Chau", "Chau", 0},
+        {"Completa", 1, 6, "12/31/2010 11:59:58 PM", "12/31/2010 11:59:58 PM", 0},
+        {"Completa", 1, 7, "fines", "fines", 0},
+        {"Clientes", 10, 1, "70000", {}, ErrorVB::Desbordamiento},
+        {"Clientes", 10, 1, "abc", {}, ErrorVB::TiposNoCoinciden},
+        {"Completa", 1, 7, QString::fromUtf8("\u03a9"), {}, ErrorTextoNoCodificable},
         // A NUL would end the text there and shift every later field.
-        {"Completa", 4, QString("A") + QChar(0) + "B",
-         modFuncionesConversion::ErrorTextoNoCodificable},
-        {"Clientes", 0, QString(QChar(0)), modFuncionesConversion::ErrorTextoNoCodificable},
+        {"Completa", 1, 4, QString("A") + QChar(0) + "B", {}, ErrorTextoNoCodificable},
         // The 16-bit field counter overflows before the schema runs out of fields.
-        {"Clientes", 32768, "1", ErrorVB::SubindiceFueraDeRango},
-        {"Clientes", 32769, "1", ErrorVB::Desbordamiento},
+        {"Clientes", 10, 32768, "1", {}, ErrorVB::SubindiceFueraDeRango},
+        {"Clientes", 10, 32769, "1", {}, ErrorVB::Desbordamiento},
     };
     for (const auto& caso : casos) {
+        GuardarClientes({"414200010201", "2020782000000500", "00ffff00"});
         const QByteArray antes = Bytes(caso.base);
-        const qint32 id = Archivo(caso.base).Registros[0].ID;
-        clsPalmPDB pdb(mFuente);
+        clsPalmPDB pdb(Fuente());
         ASSERT_TRUE(pdb.OpenFile(caso.base));
         QString texto;
-        ASSERT_TRUE(pdb.ReadRecordByID(id, texto, "\t"));
-        try {
-            pdb.UpdateRecord(id, caso.campo, caso.valor);
-            ADD_FAILURE() << caso.valor.toStdString();
-        } catch (const ErrorVB& error) {
-            EXPECT_EQ(error.Numero(), caso.numero) << caso.valor.toStdString();
+        ASSERT_TRUE(pdb.ReadRecordByID(caso.id, texto, "|"));
+        const ErrorVB error =
+            ErrorDe([&] { EXPECT_EQ(pdb.UpdateRecord(caso.id, caso.campo, caso.valor), caso.id); });
+        EXPECT_EQ(error.Numero(), caso.error) << caso.valor.toStdString();
+        if (caso.error != 0) {
+            EXPECT_EQ(Bytes(caso.base), antes) << caso.valor.toStdString();
+            continue;
         }
-        EXPECT_EQ(Bytes(caso.base), antes);
+        const clsArchivoPDB archivo = Archivo(caso.base);
+        if (QByteArray(caso.base) == "Clientes") {
+            EXPECT_EQ(archivo.Registros[caso.id - 10].Datos.toHex(), caso.hex)
+                << caso.valor.toStdString();
+            continue;
+        }
+        ASSERT_TRUE(pdb.ReadRecordByID(caso.id, texto, "|"));
+        EXPECT_EQ(texto.section('|', caso.campo, caso.campo), caso.hex) << caso.valor.toStdString();
     }
+    EXPECT_TRUE(Archivo("Completa").Registros[0].Datos.endsWith(QByteArray("fines\0\0", 7)));
 }
 
 // A blank record's first String grows from nothing to 30 bytes, more than its own offset: the
@@ -458,43 +403,6 @@ TEST_F(PalmPDBTest, ElPrimerTextoDeUnRegistroNuevoCrece) {
                                                          "00");
     for (int i = 0; i < 3; ++i)
         EXPECT_EQ(despues[i].Datos, antes[i].Datos) << i;
-}
-
-TEST_F(PalmPDBTest, UnTextoAlFinalDejaUnByteDeReserva) {
-    ASSERT_TRUE(mBase->OpenFile("Completa"));
-    QString texto;
-    ASSERT_TRUE(mBase->ReadRecordByID(1, texto, "|"));
-    mBase->UpdateRecord(1, 7, "fines");
-    EXPECT_TRUE(Archivo("Completa").Registros[0].Datos.endsWith(QByteArray("fines\0\0", 7)));
-}
-
-TEST_F(PalmPDBTest, LosTextosPasanPorLaPaginaDeCodigos) {
-    const struct {
-        const char* pagina;
-        QString valor;
-        QByteArray bytes;
-        QString leido;
-    } casos[] = {
-        {"windows-1252", QString::fromUtf8("caf\u00e9 \u20ac"), "636166e92080", ""},
-        {"ISO-8859-7", QString::fromUtf8("\u03a9"), "d9", ""},
-        {"Shift_JIS", QString::fromUtf8("\u65e5\u672c"), "93fa967b", ""},
-    };
-    for (const auto& caso : casos) {
-        Ajustes(QByteArray("[Handheld]\nEncoding=") + caso.pagina + "\n");
-        clsPalmPDB pdb(Fuente());
-        ASSERT_TRUE(pdb.OpenFile("Completa"));
-        QString texto;
-        ASSERT_TRUE(pdb.ReadRecordByID(1, texto, "|"));
-        pdb.UpdateRecord(1, 7, caso.valor);
-        EXPECT_TRUE(Archivo("Completa")
-                        .Registros[0]
-                        .Datos.mid(21)
-                        .startsWith(QByteArray::fromHex(caso.bytes) + '\0'))
-            << caso.pagina;
-        ASSERT_TRUE(pdb.ReadRecordByID(1, texto, "|"));
-        const QString esperado = caso.leido.isEmpty() ? caso.valor : caso.leido;
-        EXPECT_EQ(texto.section('|', 7, 7), esperado) << caso.pagina;
-    }
 }
 
 // A Japanese handheld: the database name, categories, field names and String fields are in

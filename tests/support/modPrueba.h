@@ -3,6 +3,7 @@
 #include "common/ErrorVB.h"
 
 #include <QString>
+#include <gtest/gtest.h>
 #include <ostream>
 
 // Readable failure messages for texts.
@@ -23,6 +24,17 @@ template <typename F> ErrorVB ErrorDe(F&& xAccion) {
         return error;
     }
     return ErrorVB(0, QString(), QStringLiteral("no error was raised"));
+}
+
+// Checks that xAccion raises the error numbered xNumero, from xFuente and with xTexto in its
+// description where they are given.
+template <typename F>
+void EsperarError(F&& xAccion, qint32 xNumero, const QString& xFuente = QString(),
+                  const QString& xTexto = QString()) {
+    const ErrorVB error = ErrorDe(std::forward<F>(xAccion));
+    EXPECT_EQ(error.Numero(), xNumero) << error.what();
+    EXPECT_TRUE(xFuente.isNull() || error.Fuente() == xFuente) << error.what();
+    EXPECT_TRUE(error.Descripcion().contains(xTexto)) << error.what();
 }
 
 } // namespace modPrueba
