@@ -1,5 +1,6 @@
 #include "constructor/clsConstructorBase.h"
 #include "constructor/modHandheldEstandar.h"
+#include "support/modPrueba.h"
 #include "support/modZipPrueba.h"
 
 #include <QDir>
@@ -21,11 +22,57 @@ struct Resultado {
     QString Errores;
 };
 
+QDateTime Fecha(int xAnio, int xMes, int xDia, int xHora = 0, int xMinuto = 0) {
+    return QDateTime(QDate(xAnio, xMes, xDia), QTime(xHora, xMinuto), Qt::UTC);
+}
+
+// The handheld of these tests:
+//   AFst: Stock (AppForge, 100 records, the first "Claw hammer") and its application StockApp
+//   PrLs: Prices (AppForge, 3 records)
+//   FNot: Notes (a record database without the AppForge marker)
+//   psys: Saved Preferences
+void CrearHandheld(const QString& xCarpeta) {
+    ASSERT_TRUE(QDir().mkpath(xCarpeta));
+    using C = clsConstructorBase;
+    C stock("Stock", "DATA", "AFst");
+    stock.Version(2);
+    stock.Fechas(Fecha(2004, 6, 7, 9), Fecha(2005, 3, 11, 18, 30), Fecha(2005, 3, 1, 8));
+    stock.Categorias({"Unfiled", "North", "South", "Key accounts"});
+    stock.EsquemaAppForge("Stock", {{"Name", C::String},
+                                    {"When", C::Date},
+                                    {"Qty", C::Int},
+                                    {"Note", C::String},
+                                    {"Price", C::Single},
+                                    {"Ok", C::Boolean}});
+    stock.AgregarRegistro({"Claw hammer", Fecha(2005, 2, 8, 12, 44), 20, "aisle 3", 37.49, true});
+    for (int i = 1; i < 100; ++i)
+        stock.AgregarRegistro(
+            {QString("Item %1").arg(i), Fecha(2005, 1, 1 + i % 28), i, "", i * 0.25, i % 2 == 0}, 0,
+            i % 4);
+    stock.Guardar(xCarpeta + "/Stock.pdb");
+    C aplicacion("StockApp", "appl", "AFst");
+    aplicacion.AgregarRecurso("code", 1, "code");
+    aplicacion.Guardar(xCarpeta + "/StockApp.prc");
+    C precios("Prices", "DATA", "PrLs");
+    precios.EsquemaAppForge("Prices", {{"Item", C::String}, {"Price", C::Single}});
+    for (const char* articulo : {"Item A1", "Item A2", "Item B1"})
+        precios.AgregarRegistro({articulo, 1.5});
+    precios.Guardar(xCarpeta + "/Prices.pdb");
+    C("Notes", "DATA", "FNot").Guardar(xCarpeta + "/Notes.pdb");
+    C("Saved Preferences", "sprf", "psys").Guardar(xCarpeta + "/Prefs.pdb");
+    QFile ini(xCarpeta + "/Handheld.ini");
+    ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
+    ini.write("[Card]\nNumber=0\nVersion=1\nCreationDate=2004-06-01T09:00:00\n"
+              "RomSize=4194304\nRamSize=16777216\nFreeRam=9437184\nName=PalmCard\n"
+              "Manufacturer=Palm Computing\nRomDbCount=58\n[User]\nName=Field Sales\n"
+              "LastSyncDate=2005-03-11T18:45:00\nLastSyncPC=1185468\nUserID=20871\n");
+}
+
 class PandrelCli : public ::testing::Test {
 protected:
     void SetUp() override {
         ASSERT_TRUE(mCarpeta.isValid());
-        ASSERT_EQ(QProcess::execute(PANDREL_MUESTRA, {Handheld()}), 0);
+        CrearHandheld(Handheld());
     }
 
     QString Handheld() const { return mCarpeta.path() + "/handheld"; }
@@ -48,17 +95,18 @@ TEST_F(PandrelCli, CataloguePrintsOneItemPerLine) {
         QStringList Argumentos;
         QString Salida;
     } casos[] = {
-        {{"creators"}, "InvT\nPrLs\nVsLg\n"},
-        {{"creators", "--kind", "appforge"}, "InvT\nPrLs\nVsLg\n"},
-        {{"creators", "--kind", "other"}, "FNot\nexps\npsys\n"},
-        {{"creators", "--kind", "all"}, "FNot\nInvT\nPrLs\nVsLg\nexps\npsys\n"},
-        {{"databases", "VsLg"}, "VisitLog\t4\nVisitLogDB\t1\nVisitLogPrefs\t1\n"},
+        {{"creators"}, "AFst\nPrLs\n"},
+        {{"creators", "--kind", "other"}, "FNot\npsys\n"},
+        {{"creators", "--kind", "all"}, "AFst\nFNot\nPrLs\npsys\n"},
+        {{"databases", "AFst"}, "Stock\t1\nStockApp\t4\n"},
         {{"databases", "psys"}, "Saved Preferences\t12\n"},
         {{"databases", "none"}, ""},
-        {{"schema", "VisitLogDB"},
-         "Customer\tString\nVisited\tDate\nMinutes\tInt\nNotes\tString\nFollowUp\tBoolean\n"
-         "Rating\tByte\n"},
-        {{"categories", "VisitLogDB"}, "Unfiled\nNorth\nSouth\nKey accounts\n"},
+        {{"schema", "Stock"},
+         "Name\tString\nWhen\tDate\nQty\tInt\nNote\tString\nPrice\tSingle\nOk\tBoolean\n"},
+        {{"categories", "Stock"}, "Unfiled\nNorth\nSouth\nKey accounts\n"},
+        {{"records", "Prices"},
+         "1048577\tItem A1\t1.5\n1048578\tItem A2\t1.5\n1048579\tItem B1\t1.5\n"},
+        {{"records", "StockApp"}, ""},
     };
     for (const auto& caso : casos) {
         const Resultado resultado = Ejecutar(caso.Argumentos);
@@ -67,66 +115,59 @@ TEST_F(PandrelCli, CataloguePrintsOneItemPerLine) {
     }
 }
 
-TEST_F(PandrelCli, HeaderShowsThePanelTexts) {
-    const QStringList lineas = Ejecutar({"header", "VisitLogDB"}).Salida.split('\n');
+TEST_F(PandrelCli, HeaderAndInfoShowThePanelTexts) {
+    const QStringList lineas = Ejecutar({"header", "Stock"}).Salida.split('\n');
     ASSERT_EQ(lineas.size(), 8);
-    EXPECT_EQ(lineas[0], "Type: DATA");
-    EXPECT_EQ(lineas[1], "Version: 2.00");
-    EXPECT_EQ(lineas[2], "Creation Date: 06/07/2004 09:00:00");
-    EXPECT_EQ(lineas[3], "Modification Date: 03/11/2005 18:30:00");
+    EXPECT_EQ(lineas.mid(0, 4),
+              QStringList({"Type: DATA", "Version: 2.00", "Creation Date: 06/07/2004 09:00:00",
+                           "Modification Date: 03/11/2005 18:30:00"}));
     EXPECT_TRUE(lineas[5].startsWith("Size: ")) << lineas[5].toStdString();
-    EXPECT_TRUE(lineas[5].endsWith(" KB"));
-    EXPECT_EQ(lineas[6], "Records: 42");
-}
+    EXPECT_EQ(lineas[6], "Records: 100");
 
-TEST_F(PandrelCli, RecordsReadEveryRecordWithItsID) {
-    const Resultado tab = Ejecutar({"records", "PriceListDB"});
-    ASSERT_EQ(tab.Estado, 0);
-    const QStringList lineas = tab.Salida.split('\n', Qt::SkipEmptyParts);
-    ASSERT_EQ(lineas.size(), 60);
-    EXPECT_EQ(lineas[0].section('\t', 1, 1), "Item A1");
-
-    // A resource database has no records.
-    EXPECT_EQ(Ejecutar({"records", "InvTrack"}).Salida, "");
+    const QStringList informacion = Ejecutar({"info"}).Salida.split('\n', Qt::SkipEmptyParts);
+    ASSERT_EQ(informacion.size(), 15);
+    EXPECT_EQ(informacion[0], "Card Name: PalmCard");
+    EXPECT_EQ(informacion[2], "Manufacturer: Palm Computing"); // in the order the card is read
+    EXPECT_EQ(informacion[10], "User Name: Field Sales");
 }
 
 TEST_F(PandrelCli, ChangesReachTheFile) {
-    const QString id = Ejecutar({"records", "VisitLogDB"}).Salida.section('\t', 0, 0);
-    const Resultado cambio = Ejecutar({"update", "VisitLogDB", id, "0", "Zinnia Florists"});
+    const QString id = Ejecutar({"records", "Stock"}).Salida.section('\t', 0, 0);
+    const Resultado cambio = Ejecutar({"update", "Stock", id, "0", "Zinnia Florists"});
     ASSERT_EQ(cambio.Estado, 0) << cambio.Errores.toStdString();
     EXPECT_EQ(cambio.Salida, id + "\n");
-    EXPECT_TRUE(Ejecutar({"get", "VisitLogDB", id}).Salida.startsWith("Zinnia Florists\t"));
+    EXPECT_TRUE(Ejecutar({"get", "Stock", id}).Salida.startsWith("Zinnia Florists\t"));
 
-    const QString nuevo = Ejecutar({"add", "VisitLogDB"}).Salida.trimmed();
+    const QString nuevo = Ejecutar({"add", "Stock"}).Salida.trimmed();
     EXPECT_GT(nuevo.toLongLong(), id.toLongLong());
-    EXPECT_EQ(Ejecutar({"header", "VisitLogDB"}).Salida.section('\n', 6, 6), "Records: 43");
-    EXPECT_EQ(Ejecutar({"delete", "VisitLogDB", nuevo}).Salida, "True\n");
-    EXPECT_EQ(Ejecutar({"delete", "VisitLogDB", nuevo}).Salida, "False\n");
+    EXPECT_EQ(Ejecutar({"header", "Stock"}).Salida.section('\n', 6, 6), "Records: 101");
+    EXPECT_EQ(Ejecutar({"delete", "Stock", nuevo}).Salida, "True\n");
+    EXPECT_EQ(Ejecutar({"delete", "Stock", nuevo}).Salida, "False\n");
 
-    EXPECT_EQ(Ejecutar({"attributes", "VisitLogDB", id, "16"}).Salida, "True\n");
-    EXPECT_EQ(Ejecutar({"attributes", "VisitLogDB", id}).Salida, "16\n");
+    EXPECT_EQ(Ejecutar({"attributes", "Stock", id, "16"}).Salida, "True\n");
+    EXPECT_EQ(Ejecutar({"attributes", "Stock", id}).Salida, "16\n");
 
-    EXPECT_EQ(Ejecutar({"delete-all", "VisitLogDB"}).Estado, 0);
-    EXPECT_EQ(Ejecutar({"records", "VisitLogDB"}).Salida, "");
+    EXPECT_EQ(Ejecutar({"delete-all", "Stock"}).Estado, 0);
+    EXPECT_EQ(Ejecutar({"records", "Stock"}).Salida, "");
 }
 
 TEST_F(PandrelCli, ErrorsPrintOneLineAndNothingOnStdout) {
-    const QString id = Ejecutar({"records", "VisitLogDB"}).Salida.section('\t', 0, 0);
+    const QString id = Ejecutar({"records", "Stock"}).Salida.section('\t', 0, 0);
     const struct {
         QStringList Argumentos;
         int Estado;
         QString Error;
     } casos[] = {
-        {{"update", "VisitLogDB", id, "2", "70000"}, 1, "Error 6: Overflow ["},
-        {{"update", "VisitLogDB", id, "1", "not a date"}, 1, "Error 13: Type mismatch ["},
-        {{"schema", "Field Notes"},
+        {{"update", "Stock", id, "2", "70000"}, 1, "Error 6: Overflow ["},
+        {{"update", "Stock", id, "1", "not a date"}, 1, "Error 13: Type mismatch ["},
+        {{"schema", "Notes"},
          1,
          "Error -2147220500: The Database selected have not Schema. [NumFields]"},
-        {{"get", "VisitLogDB", "99"}, 1, "Error "},
+        {{"get", "Stock", "99"}, 1, "Error "},
         {{"header", "NoSuchDB"}, 1, "Error "},
         {{"frobnicate"}, 2, "usage: pandrel-cli"},
-        {{"get", "VisitLogDB"}, 2, "usage: pandrel-cli"},
-        {{"get", "VisitLogDB", "x"}, 2, "usage: pandrel-cli"},
+        {{"get", "Stock"}, 2, "usage: pandrel-cli"},
+        {{"get", "Stock", "x"}, 2, "usage: pandrel-cli"},
         {{"creators", "--kind", "some"}, 2, "usage: pandrel-cli"},
     };
     for (const auto& caso : casos) {
@@ -138,7 +179,7 @@ TEST_F(PandrelCli, ErrorsPrintOneLineAndNothingOnStdout) {
             << comando << ": " << resultado.Errores.toStdString();
     }
     // The failed updates wrote nothing.
-    EXPECT_EQ(Ejecutar({"get", "VisitLogDB", id}).Salida.section('\t', 2, 2), "20");
+    EXPECT_EQ(Ejecutar({"get", "Stock", id}).Salida.section('\t', 2, 2), "20");
     EXPECT_TRUE(Ejecutar({"frobnicate"}).Errores.contains("SEP \\t stands for the tab character."));
 }
 
@@ -166,7 +207,7 @@ TEST_F(PandrelCli, EveryCommandEscapesTabsLineBreaksAndBackslashes) {
         QStringList Argumentos;
         QString Salida;
     } casos[] = {
-        {{"creators", "--kind", "all"}, "FNot\nInvT\nPrLs\nT\\tN\\n\nVsLg\nexps\npsys\n"},
+        {{"creators", "--kind", "all"}, "AFst\nFNot\nPrLs\nT\\tN\\n\npsys\n"},
         {{"databases", "T\tN\n"}, "Tab\\tName\\r\\n\t1\n"},
         {{"schema", "Tab\tName\r\n"}, "Note\\tA\tString\nCount\tInt\nB\tString\n"},
         {{"categories", "Tab\tName\r\n"}, "Unfiled\nPer\\\\sonal\nTravel\n"},
@@ -272,23 +313,20 @@ TEST_F(PandrelCli, ExportWritesEveryRecordToTheFile) {
         QString Archivo;
         QByteArray Linea2;
     } casos[] = {
-        {{},
-         "/inv.txt",
-         "INV-1000\tClaw hammer\t7\t-204\t7014\t37.49\tTrue\t08.02.2005 12:44:00\r\n"},
+        {{}, "/inv.txt", "Claw hammer\t08.02.2005 12:44:00\t20\taisle 3\t37.49\tTrue\r\n"},
         {{"--csv"},
          "/inv.csv",
-         "\"INV-1000\",\"Claw hammer\",7,-204,7014,37.49,True,08.02.2005 12:44:00\r\n"},
+         "\"Claw hammer\",08.02.2005 12:44:00,20,\"aisle 3\",37.49,True\r\n"},
     };
     for (const auto& caso : casos) {
-        const Resultado resultado =
-            Ejecutar(QStringList{"--locale", "de_DE", "export", "InvTrackDB", carpeta + "/inv."} +
-                     caso.Opciones);
+        const Resultado resultado = Ejecutar(
+            QStringList{"--locale", "de_DE", "export", "Stock", carpeta + "/inv."} + caso.Opciones);
         ASSERT_EQ(resultado.Estado, 0) << resultado.Errores.toStdString();
         EXPECT_EQ(resultado.Salida, carpeta + caso.Archivo + "\n");
         QFile archivo(carpeta + caso.Archivo);
         ASSERT_TRUE(archivo.open(QIODevice::ReadOnly));
         const QList<QByteArray> lineas = archivo.readAll().split('\n');
-        EXPECT_EQ(lineas.size(), 322) << "the header, 320 records and nothing after the last CR LF";
+        EXPECT_EQ(lineas.size(), 102) << "the header, 100 records and nothing after the last CR LF";
         EXPECT_EQ(lineas[1] + '\n', caso.Linea2);
     }
     const struct {
@@ -296,11 +334,9 @@ TEST_F(PandrelCli, ExportWritesEveryRecordToTheFile) {
         int Estado;
         QString Error;
     } fallos[] = {
-        {{"export", "InvTrackDB", " "},
-         1,
-         "Error 52: Invalid file name [ValidarArchivoExportacion]"},
-        {{"export", "Field Notes", carpeta + "/x"}, 1, "Error -2147220500: "},
-        {{"export", "InvTrackDB"}, 2, "usage: pandrel-cli"},
+        {{"export", "Stock", " "}, 1, "Error 52: Invalid file name [ValidarArchivoExportacion]"},
+        {{"export", "Notes", carpeta + "/x"}, 1, "Error -2147220500: "},
+        {{"export", "Stock"}, 2, "usage: pandrel-cli"},
     };
     for (const auto& fallo : fallos) {
         const Resultado resultado = Ejecutar(fallo.Argumentos);
@@ -403,26 +439,26 @@ TEST_F(PandrelCli, EncodingNamesTheCodePage) {
     }
 }
 
-// The report through the Qt printer: a page holds 41 rows and every later page 40, so the 320
-// records fill 8 pages; a report that cannot be written leaves no file.
+// The report through the Qt printer: a page holds 41 rows and every later page 40, so the 100
+// records fill 3 pages; a report that cannot be written leaves no file.
 TEST_F(PandrelCli, ReportPrintsThePagesToAPdfFile) {
     const QString archivo = mCarpeta.filePath("stock.pdf");
-    const Resultado resultado = Ejecutar({"report", "InvTrackDB", "--pdf", archivo});
+    const Resultado resultado = Ejecutar({"report", "Stock", "--pdf", archivo});
     ASSERT_EQ(resultado.Estado, 0) << resultado.Errores.toStdString();
     EXPECT_EQ(resultado.Salida + resultado.Errores, "");
     QFile pdf(archivo);
     ASSERT_TRUE(pdf.open(QIODevice::ReadOnly));
     const QByteArray contenido = pdf.readAll();
     EXPECT_TRUE(contenido.startsWith("%PDF"));
-    EXPECT_EQ(contenido.count("/Type /Page\n"), 8);
+    EXPECT_EQ(contenido.count("/Type /Page\n"), 3);
 
     const struct {
         QStringList Argumentos;
         int Estado;
     } fallos[] = {
-        {{"report", "InvTrackDB", "--pdf", mCarpeta.filePath("none/stock.pdf")}, 1},
-        {{"report", "Field Notes", "--pdf", mCarpeta.filePath("notes.pdf")}, 1},
-        {{"report", "InvTrackDB", archivo}, 2},
+        {{"report", "Stock", "--pdf", mCarpeta.filePath("none/stock.pdf")}, 1},
+        {{"report", "Notes", "--pdf", mCarpeta.filePath("notes.pdf")}, 1},
+        {{"report", "Stock", archivo}, 2},
     };
     for (const auto& fallo : fallos) {
         EXPECT_EQ(Ejecutar(fallo.Argumentos).Estado, fallo.Estado)
@@ -431,7 +467,7 @@ TEST_F(PandrelCli, ReportPrintsThePagesToAPdfFile) {
     // A batch prints one too.
     QProcess lote;
     lote.start(PANDREL_CLI, {"--handheld", Handheld(), "batch"});
-    lote.write("report InvTrackDB --pdf " + mCarpeta.filePath("batch.pdf").toUtf8() + "\n");
+    lote.write("report Stock --pdf " + mCarpeta.filePath("batch.pdf").toUtf8() + "\n");
     lote.closeWriteChannel();
     lote.waitForFinished(30000);
     EXPECT_EQ(lote.readAllStandardOutput(), "#end 0\n");
@@ -452,7 +488,7 @@ TEST_F(PandrelCli, ExportAndReportWriteOnlyWhereAFileBelongs) {
         QFile archivo(xArchivo);
         return archivo.open(QIODevice::ReadOnly) ? archivo.readAll() : QByteArray();
     };
-    const QString base = Handheld() + "/InvTrackDB.pdb";
+    const QString base = Handheld() + "/Stock.pdb";
     const QByteArray antes = bytes(base) + bytes(zip);
     // By handheld: the targets refused.
     QList<QPair<QString, QString>> rechazados = {{Handheld(), fifo},
@@ -463,8 +499,8 @@ TEST_F(PandrelCli, ExportAndReportWriteOnlyWhereAFileBelongs) {
     if (::mknod(QFile::encodeName(dispositivo).constData(), S_IFCHR | 0600, makedev(1, 3)) == 0)
         rechazados.append({Handheld(), dispositivo}); // only root makes a device
     for (const auto& [handheld, destino] : rechazados) {
-        for (const QStringList& orden : {QStringList{"export", "InvTrackDB", destino},
-                                         QStringList{"report", "InvTrackDB", "--pdf", destino}}) {
+        for (const QStringList& orden : {QStringList{"export", "Stock", destino},
+                                         QStringList{"report", "Stock", "--pdf", destino}}) {
             const Resultado resultado = Ejecutar(QStringList{"--handheld", handheld} + orden);
             EXPECT_EQ(resultado.Estado, 1) << orden.join(' ').toStdString();
             EXPECT_TRUE(resultado.Errores.startsWith("Error 75: "))
@@ -478,8 +514,8 @@ TEST_F(PandrelCli, ExportAndReportWriteOnlyWhereAFileBelongs) {
     // A link is followed by both: the file it leads to is written and the link stays.
     const QString enlace = mCarpeta.filePath("link.txt");
     ASSERT_TRUE(QFile::link(mCarpeta.filePath("real.txt"), enlace));
-    for (const QStringList& orden : {QStringList{"export", "InvTrackDB", enlace},
-                                     QStringList{"report", "InvTrackDB", "--pdf", enlace}}) {
+    for (const QStringList& orden : {QStringList{"export", "Stock", enlace},
+                                     QStringList{"report", "Stock", "--pdf", enlace}}) {
         ASSERT_EQ(Ejecutar(orden).Estado, 0) << orden.join(' ').toStdString();
         EXPECT_TRUE(QFileInfo(enlace).isSymLink());
         EXPECT_EQ(bytes(mCarpeta.filePath("real.txt")).startsWith("%PDF"), orden[0] == "report");
@@ -492,10 +528,10 @@ TEST_F(PandrelCli, AZipBackupReadsAsItsFolderAndTakesUpdates) {
     ASSERT_TRUE(modZipPrueba::GuardarZip(zip, modZipPrueba::DeCarpeta(Handheld())));
     const QList<QStringList> comandos = {{"creators", "--kind", "all"},
                                          {"databases", "VsLg"},
-                                         {"header", "InvTrackDB"},
-                                         {"categories", "VisitLogDB"},
-                                         {"records", "InvTrackDB"},
-                                         {"records", "VisitLogDB"},
+                                         {"header", "Stock"},
+                                         {"categories", "Stock"},
+                                         {"records", "Stock"},
+                                         {"records", "Stock"},
                                          {"info"}};
     for (const QStringList& comando : comandos) {
         const Resultado carpeta = Ejecutar(comando);
@@ -504,12 +540,12 @@ TEST_F(PandrelCli, AZipBackupReadsAsItsFolderAndTakesUpdates) {
         EXPECT_EQ(archivo.Salida, carpeta.Salida) << comando.join(' ').toStdString();
     }
     // The rewrite itself, every other entry kept as stored, is checked by the zip source's tests.
-    const QString id = Ejecutar({"records", "VisitLogDB"}).Salida.section('\t', 0, 0);
-    EXPECT_EQ(Ejecutar({"--handheld", zip, "update", "VisitLogDB", id, "0", "Zipped"}).Salida,
+    const QString id = Ejecutar({"records", "Stock"}).Salida.section('\t', 0, 0);
+    EXPECT_EQ(Ejecutar({"--handheld", zip, "update", "Stock", id, "0", "Zipped"}).Salida,
               id + "\n");
-    EXPECT_EQ(Ejecutar({"--handheld", zip, "get", "VisitLogDB", id}).Salida.section('\t', 0, 0),
+    EXPECT_EQ(Ejecutar({"--handheld", zip, "get", "Stock", id}).Salida.section('\t', 0, 0),
               "Zipped");
-    EXPECT_EQ(Ejecutar({"get", "VisitLogDB", id}).Salida.section('\t', 0, 0), "Alder & Sons")
+    EXPECT_EQ(Ejecutar({"get", "Stock", id}).Salida.section('\t', 0, 0), "Claw hammer")
         << "the folder the archive was made from is untouched";
 }
 
@@ -555,45 +591,45 @@ private:
 };
 
 TEST_F(PandrelCli, BatchRunsEachLineAsACommandAndKeepsItsDatabaseOpen) {
-    const QString id = Ejecutar({"records", "VisitLogDB"}).Salida.section('\t', 0, 0);
+    const QString id = Ejecutar({"records", "Stock"}).Salida.section('\t', 0, 0);
     const QByteArray ref = id.toUtf8();
-    const QString registro = Ejecutar({"get", "VisitLogDB", id}).Salida;
+    const QString registro = Ejecutar({"get", "Stock", id}).Salida;
     Lote lote(Handheld());
     const struct {
         QByteArray Lineas;
         QString Salida; // a text ending in '*' is a start
         int Estado;
     } casos[] = {
-        {"get VisitLogDB " + ref, registro, 0},
-        {"update VisitLogDB " + ref + " 0 'Zinnia  \"Florists\"'", id + "\n", 0},
-        {"get VisitLogDB " + ref, "Zinnia  \"Florists\"\t*", 0},
-        {"update VisitLogDB " + ref + " 0 \"a \\\"b\\\" \\\\ \\c $x\" # the rest is a comment",
+        {"get Stock " + ref, registro, 0},
+        {"update Stock " + ref + " 0 'Zinnia  \"Florists\"'", id + "\n", 0},
+        {"get Stock " + ref, "Zinnia  \"Florists\"\t*", 0},
+        {"update Stock " + ref + " 0 \"a \\\"b\\\" \\\\ \\c $x\" # the rest is a comment",
          id + "\n", 0},
-        {"get VisitLogDB " + ref, "a \"b\" \\\\ \\\\c $x\t*", 0}, // backslashes escaped
-        {"  # comment lines and blank lines are no commands\n\n\tupdate Visit\\\nLogDB " + ref +
+        {"get Stock " + ref, "a \"b\" \\\\ \\\\c $x\t*", 0}, // backslashes escaped
+        {"  # comment lines and blank lines are no commands\n\n\tupdate St\\\nock " + ref +
              " 0 O\\'Hara\\ Bros",
          id + "\n", 0},
-        {"get VisitLogDB " + ref, "O'Hara Bros\t*", 0},
-        {"update VisitLogDB " + ref + " 0 Item#2 # a # inside a word is the word's", id + "\n", 0},
-        {"get VisitLogDB " + ref, "Item#2\t*", 0},
+        {"get Stock " + ref, "O'Hara Bros\t*", 0},
+        {"update Stock " + ref + " 0 Item#2 # a # inside a word is the word's", id + "\n", 0},
+        {"get Stock " + ref, "Item#2\t*", 0},
         // A script written on Windows: the CR before the line feed ends the line.
-        {"update VisitLogDB " + ref + " 0 Crlf\r", id + "\n", 0},
-        {"get VisitLogDB " + ref + "\r", "Crlf\t*", 0},
-        {"update VisitLogDB " + ref + " 0 ''", id + "\n", 0},
-        {"get VisitLogDB " + ref + " --separator ,", "\"\",*", 0},
-        {"update VisitLogDB " + ref + " 3 'two\nlines' # one command", id + "\n", 0},
-        {"get VisitLogDB 99", "", 1},
-        {"update VisitLogDB " + ref + " 2 70000", "", 1},
+        {"update Stock " + ref + " 0 Crlf\r", id + "\n", 0},
+        {"get Stock " + ref + "\r", "Crlf\t*", 0},
+        {"update Stock " + ref + " 0 ''", id + "\n", 0},
+        {"get Stock " + ref + " --separator ,", "\"\",*", 0},
+        {"update Stock " + ref + " 3 'two\nlines' # one command", id + "\n", 0},
+        {"get Stock 99", "", 1},
+        {"update Stock " + ref + " 2 70000", "", 1},
         {"frobnicate", "", 2},
-        {"get VisitLogDB", "", 2},
+        {"get Stock", "", 2},
         {"batch", "", 2},
         // A NUL would end the text early and shift the fields after it: refused.
-        {"update VisitLogDB " + ref + " 0 " + QByteArray("A\0B", 3), "", 1},
+        {"update Stock " + ref + " 0 " + QByteArray("A\0B", 3), "", 1},
         {"\"bad\ncmd\"", "", 2},
         {QByteArray(1024 * 1024 + 1, 'x'), "", 2},
-        {"get VisitLogDB " + ref + " --separator ,", "\"\",*", 0},
-        {"creators", "InvT\nPrLs\nVsLg\n", 0},
-        {"header VisitLogDB", "Type: DATA\n*", 0},
+        {"get Stock " + ref + " --separator ,", "\"\",*", 0},
+        {"creators", "AFst\nPrLs\n", 0},
+        {"header Stock", "Type: DATA\n*", 0},
     };
     for (const auto& caso : casos) {
         const auto [salida, estado] = lote.Enviar(caso.Lineas);
@@ -606,16 +642,16 @@ TEST_F(PandrelCli, BatchRunsEachLineAsACommandAndKeepsItsDatabaseOpen) {
     }
 
     // The database stays open: another program's change shows once the batch opens it anew.
-    ASSERT_EQ(Ejecutar({"update", "VisitLogDB", id, "2", "77"}).Estado, 0);
-    EXPECT_EQ(lote.Enviar("get VisitLogDB " + ref).first.section('\t', 2, 2), "20");
-    EXPECT_EQ(lote.Enviar("schema PriceListDB").second, 0);
-    EXPECT_EQ(lote.Enviar("get VisitLogDB " + ref).first.section('\t', 2, 2), "77");
+    ASSERT_EQ(Ejecutar({"update", "Stock", id, "2", "77"}).Estado, 0);
+    EXPECT_EQ(lote.Enviar("get Stock " + ref).first.section('\t', 2, 2), "20");
+    EXPECT_EQ(lote.Enviar("schema Prices").second, 0);
+    EXPECT_EQ(lote.Enviar("get Stock " + ref).first.section('\t', 2, 2), "77");
 
     // The batch ends with the highest status of its commands, though its last one succeeded;
     // each error took one line.
     const auto [estado, salida, errores] = lote.Terminar("creators --kind other\n");
     EXPECT_EQ(estado, 2);
-    EXPECT_EQ(salida, "FNot\nexps\npsys\n#end 0\n");
+    EXPECT_EQ(salida, "FNot\npsys\n#end 0\n");
     const QStringList esperados = {"Error ",
                                    "Error 6: Overflow",
                                    "usage: unknown command",
@@ -630,7 +666,7 @@ TEST_F(PandrelCli, BatchRunsEachLineAsACommandAndKeepsItsDatabaseOpen) {
 
     // Input that ends inside a quote is one more failed command.
     const auto [estadoAbierta, salidaAbierta, erroresAbierta] =
-        Lote(Handheld()).Terminar("get 'VisitLogDB\n");
+        Lote(Handheld()).Terminar("get 'Stock\n");
     EXPECT_EQ(estadoAbierta, 2);
     EXPECT_EQ(salidaAbierta, "#end 2\n");
     EXPECT_EQ(erroresAbierta, QStringList({"usage: the input ends inside a quote or after a "
@@ -640,10 +676,10 @@ TEST_F(PandrelCli, BatchRunsEachLineAsACommandAndKeepsItsDatabaseOpen) {
 // A batch holds the database open while another process writes the same record: each write lands
 // on the record as it is on disk, and a file that now holds another database is not written.
 TEST_F(PandrelCli, TwoWritersOfOneRecordThroughBatch) {
-    const QString id = Ejecutar({"records", "VisitLogDB"}).Salida.section('\t', 0, 0);
+    const QString id = Ejecutar({"records", "Stock"}).Salida.section('\t', 0, 0);
     const QByteArray ref = id.toUtf8();
     Lote lote(Handheld());
-    ASSERT_EQ(lote.Enviar("get VisitLogDB " + ref).second, 0);
+    ASSERT_EQ(lote.Enviar("get Stock " + ref).second, 0);
     const struct {
         const char* Caso;
         QStringList Otro;   // the other process's update: field and value
@@ -654,28 +690,27 @@ TEST_F(PandrelCli, TwoWritersOfOneRecordThroughBatch) {
         {"the same field", {"0", "Theirs"}, "0 Ours", {"Ours", "77"}},
     };
     for (const auto& caso : casos) {
-        ASSERT_EQ(Ejecutar(QStringList{"update", "VisitLogDB", id} + caso.Otro).Estado, 0);
-        EXPECT_EQ(lote.Enviar("update VisitLogDB " + ref + " " + caso.Nuestro),
+        ASSERT_EQ(Ejecutar(QStringList{"update", "Stock", id} + caso.Otro).Estado, 0);
+        EXPECT_EQ(lote.Enviar("update Stock " + ref + " " + caso.Nuestro),
                   std::make_pair(id + "\n", 0))
             << caso.Caso;
-        const QString registro = Ejecutar({"get", "VisitLogDB", id}).Salida;
+        const QString registro = Ejecutar({"get", "Stock", id}).Salida;
         EXPECT_EQ(QStringList({registro.section('\t', 0, 0), registro.section('\t', 2, 2)}),
                   caso.Campos)
             << caso.Caso;
     }
 
-    QFile::remove(Handheld() + "/VisitLogDB.pdb");
-    ASSERT_TRUE(QFile::copy(Handheld() + "/PriceListDB.pdb", Handheld() + "/VisitLogDB.pdb"));
-    for (const QByteArray& escritura :
-         {"update VisitLogDB " + ref + " 0 Nope", QByteArray("add VisitLogDB"),
-          QByteArray("delete-all VisitLogDB")})
+    QFile::remove(Handheld() + "/Stock.pdb");
+    ASSERT_TRUE(QFile::copy(Handheld() + "/Prices.pdb", Handheld() + "/Stock.pdb"));
+    for (const QByteArray& escritura : {"update Stock " + ref + " 0 Nope", QByteArray("add Stock"),
+                                        QByteArray("delete-all Stock")})
         EXPECT_EQ(lote.Enviar(escritura), std::make_pair(QString(), 1)) << escritura.data();
     const QStringList errores = std::get<2>(lote.Terminar(""));
     ASSERT_EQ(errores.size(), 3);
     EXPECT_TRUE(errores[0].contains("changed on disk")) << errores[0].toStdString();
-    QFile archivo(Handheld() + "/VisitLogDB.pdb");
+    QFile archivo(Handheld() + "/Stock.pdb");
     ASSERT_TRUE(archivo.open(QIODevice::ReadOnly));
-    QFile original(Handheld() + "/PriceListDB.pdb");
+    QFile original(Handheld() + "/Prices.pdb");
     ASSERT_TRUE(original.open(QIODevice::ReadOnly));
     EXPECT_EQ(archivo.readAll(), original.readAll());
 }
