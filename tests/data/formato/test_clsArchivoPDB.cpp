@@ -2,7 +2,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QRandomGenerator>
 #include <QtEndian>
 #include <gtest/gtest.h>
 
@@ -87,6 +86,17 @@ TEST(clsArchivoPDB, UnRegistroVuelveIgualTrasEscribirYLeer) {
     EXPECT_EQ(leido.Registros[2].ID, 0x100003u);
     EXPECT_EQ(leido.Registros[2].Datos, original.Registros[2].Datos);
     EXPECT_EQ(leido.Escribir(), bytes);
+
+    // A resource database: no AppInfo, so its offset is 0.
+    const QByteArray recursos = BaseDeRecursos().Escribir();
+    const clsArchivoPDB programa = clsArchivoPDB::Leer(recursos);
+    ASSERT_TRUE(programa.EsRecursos());
+    ASSERT_EQ(programa.Recursos.size(), 2);
+    EXPECT_EQ(programa.Recursos[1].Tipo, 0x74465254u);
+    EXPECT_EQ(programa.Recursos[1].ID, 1000);
+    EXPECT_EQ(programa.Recursos[1].Datos, QByteArray("form"));
+    EXPECT_EQ(qFromBigEndian<quint32>(recursos.constData() + 52), 0u);
+    EXPECT_EQ(programa.Escribir(), recursos);
 }
 
 TEST(clsArchivoPDB, EscribirCalculaCadaDesplazamientoDesdeElContenido) {
@@ -100,19 +110,6 @@ TEST(clsArchivoPDB, EscribirCalculaCadaDesplazamientoDesdeElContenido) {
     EXPECT_EQ(qFromBigEndian<quint32>(bytes.constData() + DesdeRegistro(2)), appInfo + 282);
     EXPECT_EQ(bytes.size(), appInfo + 282 + 300);
     EXPECT_EQ(bytes.mid(finIndice, 2), Bytes({0, 0}));
-}
-
-TEST(clsArchivoPDB, UnaBaseDeRecursosVuelveIgual) {
-    const QByteArray bytes = BaseDeRecursos().Escribir();
-    const clsArchivoPDB leido = clsArchivoPDB::Leer(bytes);
-    ASSERT_TRUE(leido.EsRecursos());
-    ASSERT_EQ(leido.Recursos.size(), 2);
-    EXPECT_EQ(leido.Recursos[1].Tipo, 0x74465254u);
-    EXPECT_EQ(leido.Recursos[1].ID, 1000);
-    EXPECT_EQ(leido.Recursos[1].Datos, QByteArray("form"));
-    EXPECT_TRUE(leido.AppInfo.isEmpty());
-    EXPECT_EQ(qFromBigEndian<quint32>(bytes.constData() + 52), 0u);
-    EXPECT_EQ(leido.Escribir(), bytes);
 }
 
 TEST(clsArchivoPDB, LosBytesTrasElNombreSeConservanMientrasQuepan) {
@@ -278,13 +275,13 @@ TEST(clsArchivoPDB, UnArchivoMalFormadoSeRechazaConSuMotivo) {
         {"SortInfo after the records", con32(56, tamano - 1), "before the SortInfo block"},
     };
     for (const Caso& caso : casos) {
+        std::string motivo = "accepted";
         try {
             clsArchivoPDB::Leer(caso.Bytes());
-            ADD_FAILURE() << caso.Nombre << " was accepted";
         } catch (const ErrorFormatoPDB& error) {
-            EXPECT_NE(std::string(error.what()).find(caso.Motivo), std::string::npos)
-                << caso.Nombre << ": " << error.what();
+            motivo = error.what();
         }
+        EXPECT_NE(motivo.find(caso.Motivo), std::string::npos) << caso.Nombre << ": " << motivo;
     }
 }
 
@@ -299,31 +296,6 @@ TEST(clsArchivoPDB, CadaPrefijoDeUnArchivoSeRechazaOSeLeeDentroDeSusLimites) {
             }
         }
     }
-}
-
-TEST(clsArchivoPDB, BytesAlAzarNuncaLeenFueraDelBuffer) {
-    QRandomGenerator azar(20240611);
-    const QByteArray valido = BaseDeRegistros().Escribir();
-    int aceptados = 0;
-    for (int vuelta = 0; vuelta < 3000; ++vuelta) {
-        QByteArray bytes;
-        if (vuelta % 2 == 0) {
-            bytes.resize(azar.bounded(200));
-            for (char& c : bytes)
-                c = static_cast<char>(azar.bounded(256));
-        } else {
-            bytes = valido;
-            for (int k = 0; k < 4; ++k)
-                bytes[azar.bounded(102)] = static_cast<char>(azar.bounded(256));
-        }
-        try {
-            const DisposicionPDB disposicion = clsArchivoPDB::Analizar(bytes);
-            ComprobarDentro(disposicion, bytes.size());
-            ++aceptados;
-        } catch (const ErrorFormatoPDB&) {
-        }
-    }
-    EXPECT_GT(aceptados, 0); // some mutations leave a valid file, which must still be in bounds
 }
 
 TEST(clsArchivoPDB, AnalizarUnPrefijoCompruebaContraElTamanoDelArchivo) {
