@@ -1,6 +1,7 @@
 #include "common/ErrorVB.h"
 #include "common/modFunciones.h"
 #include "support/clsImpresoraGrabadora.h"
+#include "support/modPrueba.h"
 
 #include <gtest/gtest.h>
 
@@ -72,14 +73,9 @@ TEST(MultiLinea, MideEnLaEscalaDelDispositivo) {
 TEST(MultiLinea, LaFallaDelDispositivoSubeConSuRastro) {
     clsImpresoraGrabadora impresora = Dispositivo();
     impresora.FallarEn("TextWidth", ErrorVB(482, "Pandrel", "Printer error"));
-    try {
-        modFunciones::MultiLinea("one two", 70, 10, impresora.AnchoDe());
-        FAIL() << "the failure was swallowed";
-    } catch (const ErrorVB& error) {
-        EXPECT_EQ(error.Numero(), 482);
-        EXPECT_EQ(error.Descripcion(), "Printer error");
-        EXPECT_EQ(error.Fuente(), "Pandrel.modFunciones.MultiLinea\r\n");
-    }
+    modPrueba::EsperarError(
+        [&] { modFunciones::MultiLinea("one two", 70, 10, impresora.AnchoDe()); }, 482,
+        "Pandrel.modFunciones.MultiLinea\r\n", "Printer error");
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "common/ErrorVB.h"
 #include "common/clsConfiguracionRegional.h"
 #include "common/modFecha.h"
+#include "support/modPrueba.h"
 
 #include <QVariant>
 #include <algorithm>
@@ -208,11 +209,9 @@ TEST(FormatoFecha, LetrasDelEscritorio) {
 
 // The result of a conversion: its value, or the number of the error it raised.
 template <typename Tipo> QVariant Convertir(const std::function<Tipo()>& xConversion) {
-    try {
-        return QVariant::fromValue(xConversion());
-    } catch (const ErrorVB& error) {
-        return QStringLiteral("error %1").arg(error.Numero());
-    }
+    QVariant valor;
+    const ErrorVB error = modPrueba::ErrorDe([&] { valor = QVariant::fromValue(xConversion()); });
+    return error.Numero() == 0 ? valor : QStringLiteral("error %1").arg(error.Numero());
 }
 
 QVariant Error(qint32 xNumero) {
@@ -301,14 +300,8 @@ TEST(Conversiones, SeparadoresDelLocale) {
     EXPECT_EQ(aleman.CInt("2,5"), 2);
     EXPECT_EQ(aleman.CSng(" -0,25 "), -0.25f);
     EXPECT_THROW(aleman.CDbl("1,2,3"), ErrorVB);
-    try {
-        clsConfiguracionRegional(EnUS).CInt("x");
-        ADD_FAILURE();
-    } catch (const ErrorVB& error) {
-        EXPECT_EQ(error.Numero(), 13);
-        EXPECT_EQ(error.Descripcion(), "Type mismatch");
-        EXPECT_EQ(error.Fuente(), "CInt");
-    }
+    modPrueba::EsperarError([] { clsConfiguracionRegional(EnUS).CInt("x"); }, 13, "CInt",
+                            "Type mismatch");
 }
 
 TEST(Conversiones, Fechas) {

@@ -5,6 +5,7 @@
 #include "data/carpeta/clsFuenteCarpeta.h"
 #include "data/modHandheld.h"
 #include "estandar/modExportacionEstandar.h"
+#include "support/modPrueba.h"
 
 #include <QDir>
 #include <QFile>
@@ -188,13 +189,8 @@ TEST_F(ExportacionTest, UnFormatoQueNoLeVaALaBaseEsUnError) {
     for (const Caso& caso :
          {Caso{"MemoDB", "m.vcf"}, Caso{"MemoDB", "m.ics"}, Caso{"AddressDB", "a.ics"},
           Caso{"ToDoDB", "t.vcf"}, Caso{"AddressDB", "a.doc"}}) {
-        try {
-            Exportar(caso.Base, caso.Archivo);
-            ADD_FAILURE() << caso.Archivo;
-        } catch (const ErrorVB& error) {
-            EXPECT_EQ(error.Numero(), ErroresEstandar::FormatoNoAdmitido);
-            EXPECT_TRUE(error.Descripcion().contains(caso.Base));
-        }
+        modPrueba::EsperarError([&] { Exportar(caso.Base, caso.Archivo); },
+                                ErroresEstandar::FormatoNoAdmitido, {}, caso.Base);
         EXPECT_FALSE(QFile::exists(mCarpeta.filePath(QString("out/") + caso.Archivo)));
     }
     // A folder, or one of the handheld's own files, is no place for an export.

@@ -1,5 +1,6 @@
 #include "common/ErrorVB.h"
 #include "explorer/clsGrillaFlexible.h"
+#include "support/modPrueba.h"
 
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
@@ -61,16 +62,13 @@ TEST(clsGrillaFlexible, FixedCountsAlwaysLeaveAScrollingRowAndColumn) {
         clsGrillaFlexible grilla;
         grilla.SetCols(caso.Columnas);
         grilla.SetRows(caso.Filas);
-        bool valido = true;
-        try {
-            grilla.SetFixedRows(caso.FilasFijas);
-            grilla.SetFixedCols(caso.ColumnasFijas);
-        } catch (const ErrorVB& e) {
-            valido = false;
-            EXPECT_EQ(e.Numero(), ErrorVB::SubindiceFueraDeRango);
-        }
-        EXPECT_EQ(valido, caso.Valido) << caso.Filas << "x" << caso.Columnas << " fixed "
-                                       << caso.FilasFijas << "/" << caso.ColumnasFijas;
+        const qint32 numero = modPrueba::ErrorDe([&] {
+                                  grilla.SetFixedRows(caso.FilasFijas);
+                                  grilla.SetFixedCols(caso.ColumnasFijas);
+                              }).Numero();
+        EXPECT_EQ(numero, caso.Valido ? 0 : ErrorVB::SubindiceFueraDeRango)
+            << caso.Filas << "x" << caso.Columnas << " fixed " << caso.FilasFijas << "/"
+            << caso.ColumnasFijas;
     }
 }
 
@@ -112,12 +110,7 @@ TEST(clsGrillaFlexible, IndicesOutsideTheGridRaiseSubscriptOutOfRange) {
         [&] { grilla.Sort(clsGrillaFlexible::TextoAscendente, 2); },
     };
     for (const auto& acceso : accesos) {
-        try {
-            acceso();
-            ADD_FAILURE() << "no error raised";
-        } catch (const ErrorVB& e) {
-            EXPECT_EQ(e.Numero(), ErrorVB::SubindiceFueraDeRango);
-        }
+        EXPECT_EQ(modPrueba::ErrorDe(acceso).Numero(), ErrorVB::SubindiceFueraDeRango);
     }
 }
 

@@ -2,6 +2,7 @@
 #include "common/clsConfiguracionRegional.h"
 #include "explorer/clsGrillaFlexible.h"
 #include "explorer/modBuscarRegistro.h"
+#include "support/modPrueba.h"
 
 #include <gtest/gtest.h>
 
@@ -70,12 +71,10 @@ TEST(modBuscarRegistro, ADateThatDoesNotConvertEndsTheSearch) {
     clsConfiguracionRegional::EstablecerActual(QLocale(QLocale::English, QLocale::UnitedStates));
     clsGrillaFlexible grilla;
     Llenar(grilla, {"3/1/2004"});
-    try {
-        modBuscarRegistro::Buscar(grilla, 0, "Date", "not a date", false, false);
-        ADD_FAILURE() << "no error";
-    } catch (const ErrorVB& e) {
-        EXPECT_EQ(e.Numero(), ErrorVB::TiposNoCoinciden);
-    }
+    EXPECT_EQ(modPrueba::ErrorDe([&] {
+                  modBuscarRegistro::Buscar(grilla, 0, "Date", "not a date", false, false);
+              }).Numero(),
+              ErrorVB::TiposNoCoinciden);
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "common/ErrorVB.h"
 #include "support/clsImpresoraGrabadora.h"
+#include "support/modPrueba.h"
 
 #include <gtest/gtest.h>
 
@@ -107,12 +108,7 @@ TEST(clsImpresoraGrabadora, ValoresInvalidosNoCambianNada) {
     };
     for (const auto& cambiar : cambios) {
         clsImpresoraGrabadora impresora;
-        try {
-            cambiar(impresora);
-            ADD_FAILURE() << "accepted";
-        } catch (const ErrorVB& error) {
-            EXPECT_EQ(error.Numero(), 380);
-        }
+        EXPECT_EQ(modPrueba::ErrorDe([&] { cambiar(impresora); }).Numero(), 380);
         EXPECT_EQ(impresora.ScaleMode(), clsImpresora::EscalaTwips);
         EXPECT_DOUBLE_EQ(impresora.FontSize(), 10);
         EXPECT_EQ(impresora.Copies(), 1);

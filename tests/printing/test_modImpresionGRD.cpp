@@ -3,6 +3,7 @@
 #include "printing/modImpresionGRD.h"
 #include "support/clsGrillaPrueba.h"
 #include "support/clsImpresoraGrabadora.h"
+#include "support/modPrueba.h"
 
 #include <gtest/gtest.h>
 #include <numeric>
@@ -202,13 +203,7 @@ TEST(modImpresionGRD, FailuresCarryTheProcedureTag) {
         LlenarGrilla(grilla, caso.Llamada == "NewPage" ? 50 : 1);
         auto impresora = std::make_shared<clsImpresoraGrabadora>();
         impresora->FallarEn(caso.Llamada, ErrorVB(482, caso.Fuente, "Printer error"), caso.Vez);
-        try {
-            Imprimir(grilla, impresora);
-            ADD_FAILURE() << caso.Esperada.toStdString();
-        } catch (const ErrorVB& error) {
-            EXPECT_EQ(error.Fuente(), caso.Esperada);
-            EXPECT_EQ(error.Numero(), 482);
-        }
+        modPrueba::EsperarError([&] { Imprimir(grilla, impresora); }, 482, caso.Esperada);
     }
 }
 

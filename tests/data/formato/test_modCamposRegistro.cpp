@@ -1,6 +1,7 @@
 #include "common/ErrorVB.h"
 #include "common/modFecha.h"
 #include "data/formato/modCamposRegistro.h"
+#include "support/modPrueba.h"
 
 #include <cstring>
 #include <functional>
@@ -58,12 +59,7 @@ QString Textos(const QByteArray& xRegistro, const QString& xSeparador) {
 }
 
 qint32 NumeroDeError(const std::function<void()>& xAccion) {
-    try {
-        xAccion();
-        return 0;
-    } catch (const ErrorVB& error) {
-        return error.Numero();
-    }
+    return modPrueba::ErrorDe(xAccion).Numero();
 }
 
 class CamposRegistro : public ::testing::Test {

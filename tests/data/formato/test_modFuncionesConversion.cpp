@@ -1,6 +1,7 @@
 #include "common/ErrorVB.h"
 #include "common/modFecha.h"
 #include "data/formato/modFuncionesConversion.h"
+#include "support/modPrueba.h"
 
 #include <functional>
 #include <gtest/gtest.h>
@@ -12,14 +13,8 @@ namespace {
 
 constexpr qint32 SinError = 0;
 
-// Runs xAccion and returns the number of the error it raised, 0 when none.
 qint32 NumeroDeError(const std::function<void()>& xAccion) {
-    try {
-        xAccion();
-        return SinError;
-    } catch (const ErrorVB& error) {
-        return error.Numero();
-    }
+    return modPrueba::ErrorDe(xAccion).Numero();
 }
 
 TEST(LeerInt, JuntaLosBytesSaltandoLosCeros) {
@@ -279,14 +274,9 @@ TEST(TablaCodigoPagina, UnCaracterQueLaPaginaNoTieneSeRechaza) {
     for (const auto& caso : casos) {
         QByteArray buffer = QByteArray::fromHex("ffffffffffffffff");
         qint32 pos = 0;
-        try {
-            EscribirTexto(buffer, pos, caso.texto, TablaCodigoPagina::Para(caso.pagina));
-            ADD_FAILURE() << caso.pagina;
-        } catch (const ErrorVB& error) {
-            EXPECT_EQ(error.Numero(), ErrorTextoNoCodificable) << caso.pagina;
-            EXPECT_TRUE(error.Descripcion().contains(caso.caracter))
-                << error.Descripcion().toStdString();
-        }
+        modPrueba::EsperarError(
+            [&] { EscribirTexto(buffer, pos, caso.texto, TablaCodigoPagina::Para(caso.pagina)); },
+            ErrorTextoNoCodificable, {}, caso.caracter);
         EXPECT_EQ(buffer.toHex(), "ffffffffffffffff") << caso.pagina;
         EXPECT_EQ(pos, 0) << caso.pagina;
     }

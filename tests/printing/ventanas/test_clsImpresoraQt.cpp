@@ -1,5 +1,6 @@
 #include "common/ErrorVB.h"
 #include "printing/ventanas/clsImpresoraQt.h"
+#include "support/modPrueba.h"
 
 #include <QFile>
 #include <QPageLayout>
@@ -72,20 +73,12 @@ TEST(clsImpresoraQt, EscribeElDocumentoEnteroOFallaConUnError) {
 
     QPrinter pdf(QPrinter::HighResolution);
     PrepararPdf(pdf, carpeta.path());
-    try {
-        clsImpresoraQt::Para(pdf)->Print("lost");
-        ADD_FAILURE() << "a folder was taken for a PDF file";
-    } catch (const ErrorVB& error) {
-        EXPECT_EQ(error.Numero(), 75);
-    }
+    EXPECT_EQ(modPrueba::ErrorDe([&] { clsImpresoraQt::Para(pdf)->Print("lost"); }).Numero(), 75)
+        << "a folder is no PDF file";
     clsImpresoraQt impresora(pdf);
     PrepararPdf(pdf, "/nonexistent-folder/report.pdf");
-    try {
-        impresora.Print("lost");
-        ADD_FAILURE() << "printing on a printer that cannot start went unnoticed";
-    } catch (const ErrorVB& error) {
-        EXPECT_EQ(error.Numero(), 482);
-    }
+    EXPECT_EQ(modPrueba::ErrorDe([&] { impresora.Print("lost"); }).Numero(), 482)
+        << "a printer that cannot start";
 }
 
 } // namespace
