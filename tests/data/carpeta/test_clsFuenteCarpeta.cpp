@@ -468,9 +468,12 @@ TYPED_TEST(FuenteDeBases, SinBloqueDeCategoriasNoHayCategorias) {
     EXPECT_EQ(adaptador->Categorias().NombreCategoria(0), "");
 }
 
-TYPED_TEST(FuenteDeBases, EscribirUnRegistroDejaTodoLoDemasComoEstaba) {
-    const clsArchivoPDB antes = BaseVariada();
-    this->mFabrica.Poner("v.pdb", antes);
+// Every write changes its own record alone (or adds or removes it), the modification number and
+// date, and nothing else of the file, whose permissions stay; the information object follows and
+// no lock or temporary file is left. A new record takes the ID after the largest, and the seed
+// goes past it; a record deleted while reading leaves the reading on the next one.
+TYPED_TEST(FuenteDeBases, CadaEscrituraCambiaSoloLoSuyo) {
+    this->mFabrica.Poner("v.pdb", BaseVariada());
     const QString almacen = this->mFabrica.Almacen("v.pdb");
     ASSERT_TRUE(
         QFile::setPermissions(almacen, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup));
@@ -479,28 +482,89 @@ TYPED_TEST(FuenteDeBases, EscribirUnRegistroDejaTodoLoDemasComoEstaba) {
     auto gestor = fuente->CrearGestor();
     const auto info = gestor->BuscarBase("Variada");
     auto adaptador = gestor->AbrirBaseRegistros("Variada", "", 208);
+    const auto borrarLeyendo = [&] {
+        adaptador->IrAlPrincipio(0);
+        RegistroPalm registro;
+        for (int i = 0; i < 3; ++i)
+            adaptador->LeerSiguiente(registro);
+        adaptador->BorrarRegistro(registro.ID);
+        EXPECT_TRUE(adaptador->LeerSiguiente(registro));
+        return registro.ID;
+    };
+    using Registros = QVector<EntradaRegistroPDB>;
+    const struct {
+        const char* Caso;
+        std::function<qint32()> Escribir;
+        qint32 Devuelto;
+        std::function<void(Registros&)> Cambio;
+    } casos[] = {
+        {"update", [&] { return adaptador->EscribirRegistro(9, 4, 0x50, "DOS nuevo"); }, 9,
+         [](Registros& x) {
+             x[1] = {0x54, 9, "DOS nuevo"};
+         }},
+        {"add", [&] { return adaptador->EscribirRegistro(0, 3, 0, QByteArray(4, '\0')); }, 12,
+         [](Registros& x) {
+             x.append({0x03, 12, QByteArray(4, '\0')});
+         }},
+        {"add dirty", [&] { return adaptador->EscribirRegistro(0, 1, 0x40, "otro"); }, 13,
+         [](Registros& x) {
+             x.append({0x41, 13, "otro"});
+         }},
+        {"delete while reading", borrarLeyendo, 3, [](Registros& x) { x.remove(2); }},
+        {"delete all",
+         [&] {
+             adaptador->BorrarTodos(0, 255);
+             return 0;
+         },
+         0, [](Registros& x) { x.clear(); }},
+    };
+    clsArchivoPDB esperado = this->EnDisco("v.pdb");
     const QDateTime desde = QDateTime::currentDateTime().addSecs(-1);
-    EXPECT_EQ(adaptador->EscribirRegistro(9, 4, 0x50, "DOS nuevo"), 9);
-    const QDateTime hasta = QDateTime::currentDateTime().addSecs(1);
-
-    // The file as it would be with only the record, the modification number and date changed.
-    clsArchivoPDB esperado = clsArchivoPDB::Leer(antes.Escribir());
-    esperado.Registros[1] = {0x54, 9, "DOS nuevo"};
-    esperado.NumeroModificacion += 1;
-    const clsArchivoPDB despues = this->EnDisco("v.pdb");
-    esperado.FechaModificacion = despues.FechaModificacion;
-    EXPECT_EQ(despues.Escribir(), esperado.Escribir());
-    const QDateTime modificada = info->FechaModificacion(); // the header as the file is now
+    for (const auto& caso : casos) {
+        EXPECT_EQ(caso.Escribir(), caso.Devuelto) << caso.Caso;
+        caso.Cambio(esperado.Registros);
+        ++esperado.NumeroModificacion;
+        const clsArchivoPDB despues = this->EnDisco("v.pdb");
+        if (QByteArray(caso.Caso).startsWith("add")) {
+            EXPECT_GT(despues.SemillaID, quint32(caso.Devuelto)) << caso.Caso;
+        }
+        esperado.FechaModificacion = despues.FechaModificacion;
+        esperado.SemillaID = despues.SemillaID;
+        EXPECT_EQ(despues.Escribir(), esperado.Escribir()) << caso.Caso;
+        EXPECT_EQ(info->CantidadRegistros(), esperado.Registros.size()) << caso.Caso;
+        EXPECT_EQ(info->TamanoBase(), this->mFabrica.Contenido("v.pdb").size()) << caso.Caso;
+        EXPECT_EQ(this->mFabrica.Sobrantes(), QStringList()) << caso.Caso;
+    }
     const auto pared = [](const QDateTime& x) { return QDateTime(x.date(), x.time(), Qt::UTC); };
-    EXPECT_GE(modificada, pared(desde));
-    EXPECT_LE(modificada, pared(hasta));
-
-    const RegistroPalm leido = adaptador->LeerPorID(9);
-    EXPECT_EQ(leido.Bytes, QByteArray("DOS nuevo"));
-    EXPECT_EQ(leido.Categoria, 4);
-    EXPECT_EQ(leido.Atributos, 0x50);
-    EXPECT_EQ(this->mFabrica.Sobrantes(), QStringList()); // no lock or temporary left
+    EXPECT_GE(info->FechaModificacion(), pared(desde));
+    EXPECT_LE(info->FechaModificacion(), pared(QDateTime::currentDateTime().addSecs(1)));
     EXPECT_EQ(QFileInfo(almacen).permissions(), permisos);
+    // Records that are not there: nothing is written.
+    const QByteArray sinCambio = this->mFabrica.Contenido("v.pdb");
+    EsperarError([&] { adaptador->BorrarRegistro(7); }, ErroresFuente::RegistroNoEncontrado);
+    EsperarError([&] { adaptador->EscribirRegistro(99, 0, 0, "x"); },
+                 ErroresFuente::RegistroNoEncontrado);
+    EXPECT_EQ(this->mFabrica.Contenido("v.pdb"), sinCambio);
+}
+
+// Past the largest ID a file holds (24 bits), a new record takes the lowest one free.
+TYPED_TEST(FuenteDeBases, UnRegistroNuevoPasadoElMayorIDTomaElMenorLibre) {
+    const struct {
+        QVector<quint32> IDs;
+        qint32 Nuevo;
+    } vueltas[] = {{{0xFFFFFF}, 1}, {{2, 0xFFFFFF, 1, 4}, 3}, {{0xFFFFFE}, 0xFFFFFF}};
+    for (const auto& vuelta : vueltas) {
+        TypeParam fabrica;
+        clsArchivoPDB base = BaseDeRegistros("Llena");
+        for (quint32 id : vuelta.IDs)
+            base.Registros.append({0, id, "r"});
+        fabrica.Poner("l.pdb", base);
+        auto otra = fabrica.Crear();
+        EXPECT_EQ(otra->CrearGestor()
+                      ->AbrirBaseRegistros("Llena", "", 208)
+                      ->EscribirRegistro(0, 0, 0, "nuevo"),
+                  vuelta.Nuevo);
+    }
 }
 
 // A writer that finds another writer's lock waits for it, then applies its change over what the
@@ -522,100 +586,6 @@ TYPED_TEST(FuenteDeBases, UnaEscrituraEsperaAlEscritorQueTieneElCandado) {
     const clsArchivoPDB despues = this->EnDisco("v.pdb");
     EXPECT_EQ(despues.Registros[0].Datos, QByteArray("del otro"));
     EXPECT_EQ(despues.Registros[4].Datos, QByteArray("nuestro"));
-}
-
-TYPED_TEST(FuenteDeBases, UnRegistroNuevoRecibeElIDSiguienteAlMayor) {
-    this->mFabrica.Poner("v.pdb", BaseVariada());
-    auto fuente = this->mFabrica.Crear();
-    auto gestor = fuente->CrearGestor();
-    const auto info = gestor->BuscarBase("Variada");
-    auto adaptador = gestor->AbrirBaseRegistros("Variada", "", 208);
-    EXPECT_EQ(adaptador->EscribirRegistro(0, 3, 0, QByteArray(4, '\0')), 12);
-    EXPECT_EQ(adaptador->EscribirRegistro(0, 1, 0x40, "otro"), 13);
-    const clsArchivoPDB despues = this->EnDisco("v.pdb");
-    ASSERT_EQ(despues.Registros.size(), 7);
-    EXPECT_EQ(despues.Registros[5].ID, 12u);
-    EXPECT_EQ(despues.Registros[5].Atributos, 0x03);
-    EXPECT_EQ(despues.Registros[6].Atributos, 0x41);
-    EXPECT_GT(despues.SemillaID, 13u);
-    EXPECT_EQ(info->CantidadRegistros(), 7);
-    EXPECT_EQ(adaptador->LeerPorID(13).Indice, 6);
-    EsperarError([&] { adaptador->EscribirRegistro(99, 0, 0, "x"); },
-                 ErroresFuente::RegistroNoEncontrado);
-
-    // Past the largest ID a file holds (24 bits), a new record takes the lowest one free.
-    const struct {
-        QVector<quint32> IDs;
-        qint32 Nuevo;
-    } vueltas[] = {{{0xFFFFFF}, 1}, {{2, 0xFFFFFF, 1, 4}, 3}, {{0xFFFFFE}, 0xFFFFFF}};
-    for (const auto& vuelta : vueltas) {
-        TypeParam fabrica;
-        clsArchivoPDB base = BaseDeRegistros("Llena");
-        for (quint32 id : vuelta.IDs)
-            base.Registros.append({0, id, "r"});
-        fabrica.Poner("l.pdb", base);
-        auto otra = fabrica.Crear();
-        EXPECT_EQ(otra->CrearGestor()
-                      ->AbrirBaseRegistros("Llena", "", 208)
-                      ->EscribirRegistro(0, 0, 0, "nuevo"),
-                  vuelta.Nuevo);
-    }
-}
-
-TYPED_TEST(FuenteDeBases, BorrarQuitaElRegistroOTodos) {
-    const clsArchivoPDB antes = BaseVariada();
-    this->mFabrica.Poner("v.pdb", antes);
-    auto fuente = this->mFabrica.Crear();
-    auto adaptador = fuente->CrearGestor()->AbrirBaseRegistros("Variada", "", 208);
-    adaptador->IrAlPrincipio(0);
-    RegistroPalm registro;
-    for (int i = 0; i < 3; ++i)
-        ASSERT_TRUE(adaptador->LeerSiguiente(registro));
-    adaptador->BorrarRegistro(registro.ID); // the record just read: the read goes on after it
-    ASSERT_TRUE(adaptador->LeerSiguiente(registro));
-    EXPECT_EQ(registro.ID, 3);
-    clsArchivoPDB despues = this->EnDisco("v.pdb");
-    QVector<quint32> ids;
-    for (const auto& registro : despues.Registros)
-        ids.append(registro.ID);
-    EXPECT_EQ(ids, QVector<quint32>({5, 9, 3, 11}));
-    EXPECT_EQ(despues.Registros[3].Datos, QByteArray("cinco"));
-
-    const QByteArray sinCambio = this->mFabrica.Contenido("v.pdb");
-    EsperarError([&] { adaptador->BorrarRegistro(7); }, ErroresFuente::RegistroNoEncontrado);
-    EXPECT_EQ(this->mFabrica.Contenido("v.pdb"), sinCambio);
-
-    adaptador->BorrarTodos(0, 255);
-    despues = this->EnDisco("v.pdb");
-    EXPECT_TRUE(despues.Registros.isEmpty());
-    EXPECT_EQ(despues.AppInfo, antes.AppInfo);
-    EXPECT_EQ(despues.NumeroModificacion, antes.NumeroModificacion + 2);
-    adaptador->IrAlPrincipio(0);
-    EXPECT_TRUE(adaptador->FinDeRegistros());
-}
-
-// The information object of a database answers with what the last write of this program left.
-TYPED_TEST(FuenteDeBases, LaInformacionDeLaBaseSigueALasEscrituras) {
-    this->mFabrica.Poner("v.pdb", BaseVariada());
-    auto fuente = this->mFabrica.Crear();
-    auto gestor = fuente->CrearGestor();
-    const auto info = gestor->BuscarBase("Variada");
-    auto adaptador = gestor->AbrirBaseRegistros("Variada", "", 208);
-    const struct {
-        const char* Caso;
-        std::function<void()> Escribir;
-        qint32 Registros;
-    } casos[] = {
-        {"add", [&] { adaptador->EscribirRegistro(0, 0, 0, "seis"); }, 6},
-        {"delete", [&] { adaptador->BorrarRegistro(9); }, 5},
-        {"delete all", [&] { adaptador->BorrarTodos(0, 0); }, 0},
-    };
-    for (const auto& caso : casos) {
-        caso.Escribir();
-        EXPECT_EQ(info->CantidadRegistros(), caso.Registros) << caso.Caso;
-        EXPECT_EQ(info->TamanoBase(), this->mFabrica.Contenido("v.pdb").size()) << caso.Caso;
-        EXPECT_EQ(gestor->BuscarBase("Variada")->CantidadRegistros(), caso.Registros) << caso.Caso;
-    }
 }
 
 TYPED_TEST(FuenteDeBases, UnCambioDeOtroEscritorSobreviveALaEscrituraSiguiente) {
@@ -654,27 +624,58 @@ TYPED_TEST(FuenteDeBases, UnCambioDeOtroEscritorSobreviveALaEscrituraSiguiente) 
     }
 }
 
-// A file that holds another database now (replaced by a copy of another, say) is not written.
-TYPED_TEST(FuenteDeBases, UnaEscrituraNoCaeEnOtraBase) {
+// Every way a write can fail leaves the database as it was and nothing beside it, and says why:
+// the file now holds another database (replaced by a copy of another, say), or the system's
+// reason. A lock file that is not a regular file does not make it wait.
+TYPED_TEST(FuenteDeBases, UnaEscrituraQueFallaNoCambiaNada) {
+    const auto otra = [](std::function<void(clsArchivoPDB&)> xCambio) {
+        return [xCambio](TypeParam& x) {
+            clsArchivoPDB base = BaseVariada();
+            xCambio(base);
+            x.CambiarPorFuera("v.pdb", base);
+        };
+    };
+    const auto nada = [](TypeParam&) {};
+    const auto fifo = [](TypeParam& x) {
+        ASSERT_EQ(::mkfifo(QFile::encodeName(x.Candado("v.pdb")).constData(), 0600), 0);
+    };
+    const auto disco = [](rlim_t xBytes) {
+        return [xBytes](TypeParam&) { LimitarArchivos(xBytes); };
+    };
     const struct {
-        const char* Caso;
-        std::function<void(clsArchivoPDB&)> Cambiar;
+        const char* Nombre;
+        std::function<void(TypeParam&)> Impedir, Deshacer;
+        qint32 Error;
+        const char* Motivo;
     } casos[] = {
-        {"another name", [](clsArchivoPDB& x) { x.Nombre = "Beta"; }},
-        {"another type", [](clsArchivoPDB& x) { x.Tipo = Codigo("Data"); }},
-        {"another creator", [](clsArchivoPDB& x) { x.Creador = Codigo("OTRO"); }},
-        {"another creation date", [](clsArchivoPDB& x) { x.FechaCreacion += 1; }},
+        {"another name", otra([](clsArchivoPDB& x) { x.Nombre = "Beta"; }), nada,
+         ErroresFuente::BaseCambiada, "changed on disk"},
+        {"another type", otra([](clsArchivoPDB& x) { x.Tipo = Codigo("Data"); }), nada,
+         ErroresFuente::BaseCambiada, "changed on disk"},
+        {"another creator", otra([](clsArchivoPDB& x) { x.Creador = Codigo("OTRO"); }), nada,
+         ErroresFuente::BaseCambiada, "changed on disk"},
+        {"another creation date", otra([](clsArchivoPDB& x) { x.FechaCreacion += 1; }), nada,
+         ErroresFuente::BaseCambiada, "changed on disk"},
+        {"read-only file", [](TypeParam& x) { x.HacerSoloLectura("v.pdb"); }, nada,
+         ErroresFuente::EscrituraFallida, "read-only"},
+        {"read-only folder", [](TypeParam& x) { x.HacerCarpetaSoloLectura(); }, nada,
+         ErroresFuente::EscrituraFallida, "read-only"},
+        // The disk fills up: first with the new file, then already with the lock file.
+        {"full disk", disco(200), disco(RLIM_INFINITY), ErroresFuente::EscrituraFallida,
+         "File too large"},
+        {"no room for the lock", disco(8), disco(RLIM_INFINITY), ErroresFuente::EscrituraFallida,
+         "lock file cannot be made (File"},
+        {"a FIFO for a lock file", fifo, [](TypeParam& x) { QFile::remove(x.Candado("v.pdb")); },
+         ErroresFuente::EscrituraFallida, "is not a regular file"},
     };
     for (const auto& caso : casos) {
         TypeParam fabrica;
         fabrica.Poner("v.pdb", BaseVariada());
         auto fuente = fabrica.Crear();
         auto adaptador = fuente->CrearGestor()->AbrirBaseRegistros("Variada", "", 208);
-        clsArchivoPDB otra = BaseVariada();
-        caso.Cambiar(otra);
-        fabrica.CambiarPorFuera("v.pdb", otra);
+        caso.Impedir(fabrica);
         const QByteArray antes = fabrica.Contenido("v.pdb");
-        const std::vector<std::function<void()>> escrituras = {
+        const std::function<void()> escrituras[] = {
             [&] { adaptador->EscribirRegistro(9, 0, 0, "no"); },
             [&] { adaptador->EscribirRegistro(0, 0, 0, "no"); },
             [&] { adaptador->CambiarRegistro(9, [](RegistroPalm& x) { x.Bytes = "no"; }); },
@@ -682,51 +683,7 @@ TYPED_TEST(FuenteDeBases, UnaEscrituraNoCaeEnOtraBase) {
             [&] { adaptador->BorrarTodos(0, 255); },
         };
         for (const auto& escritura : escrituras)
-            EsperarError(escritura, ErroresFuente::BaseCambiada, {}, "changed on disk");
-        EXPECT_EQ(fabrica.Contenido("v.pdb"), antes) << caso.Caso;
-        EXPECT_EQ(fabrica.Sobrantes(), QStringList()) << caso.Caso;
-    }
-}
-
-// Every way a write can fail leaves the database as it was, says why in the system's words, and
-// leaves nothing beside it; a lock file that is not a regular file does not make it wait.
-TYPED_TEST(FuenteDeBases, UnaEscrituraQueFallaNoCambiaNada) {
-    struct Caso {
-        const char* Nombre;
-        std::function<void(TypeParam&)> Impedir;
-        std::function<void(TypeParam&)> Deshacer;
-        const char* Motivo;
-    };
-    const auto nada = [](TypeParam&) {};
-    const auto fifo = [](TypeParam& x) {
-        ASSERT_EQ(::mkfifo(QFile::encodeName(x.Candado("v.pdb")).constData(), 0600), 0);
-    };
-    const std::vector<Caso> casos = {
-        {"read-only file", [](TypeParam& x) { x.HacerSoloLectura("v.pdb"); }, nada, "read-only"},
-        {"read-only folder", [](TypeParam& x) { x.HacerCarpetaSoloLectura(); }, nada, "read-only"},
-        // The disk fills up: first with the new file, then already with the lock file.
-        {"full disk", [](TypeParam&) { LimitarArchivos(200); },
-         [](TypeParam&) { LimitarArchivos(RLIM_INFINITY); }, "File too large"},
-        {"no room for the lock", [](TypeParam&) { LimitarArchivos(8); },
-         [](TypeParam&) { LimitarArchivos(RLIM_INFINITY); }, "lock file cannot be made (File"},
-        {"a FIFO for a lock file", fifo, [](TypeParam& x) { QFile::remove(x.Candado("v.pdb")); },
-         "is not a regular file"},
-    };
-    for (const Caso& caso : casos) {
-        TypeParam fabrica;
-        fabrica.Poner("v.pdb", BaseVariada());
-        const QByteArray antes = fabrica.Contenido("v.pdb");
-        auto fuente = fabrica.Crear();
-        auto adaptador = fuente->CrearGestor()->AbrirBaseRegistros("Variada", "", 208);
-        caso.Impedir(fabrica);
-        const std::vector<std::function<void()>> escrituras = {
-            [&] { adaptador->EscribirRegistro(9, 0, 0, "no"); },
-            [&] { adaptador->EscribirRegistro(0, 0, 0, "no"); },
-            [&] { adaptador->BorrarRegistro(9); },
-            [&] { adaptador->BorrarTodos(0, 255); },
-        };
-        for (const auto& escritura : escrituras)
-            EsperarError(escritura, ErroresFuente::EscrituraFallida, {}, caso.Motivo);
+            EsperarError(escritura, caso.Error, {}, caso.Motivo);
         caso.Deshacer(fabrica);
         EXPECT_EQ(fabrica.Contenido("v.pdb"), antes) << caso.Nombre;
         EXPECT_EQ(adaptador->LeerPorID(9).Bytes, QByteArray("dos")) << caso.Nombre;
