@@ -394,78 +394,65 @@ TYPED_TEST(FuenteDeBases, ElFinLlegaConElUltimoRegistroYLeerPorIDNoMueveLaLectur
     EsperarError([&] { adaptador->LeerPorID(8); }, ErroresFuente::RegistroNoEncontrado, {}, "8");
 }
 
-TYPED_TEST(FuenteDeBases, BloquesYCategoriasSeLeenConLaPaginaDeCodigos) {
-    clsArchivoPDB base = BaseVariada();
-    base.Nombre = "Caf\xe9s";
-    this->mFabrica.Poner("v.pdb", base);
-    struct Caso {
-        QByteArray Ajustes;
-        QString Pagina, Base, Categoria3;
-    };
-    const Caso casos[] = {
-        {"", "windows-1252", QStringLiteral("Caf\u00e9s"), QStringLiteral("Caf\u00e9")},
-        {"[Handheld]\nEncoding=ISO-8859-7\n", "ISO-8859-7", QStringLiteral("Caf\u03b9s"),
-         QStringLiteral("Caf\u03b9")},
-        // An unknown code page is reported and the default one is used.
-        {"[Handheld]\nEncoding=klingon-1\n", "windows-1252", QStringLiteral("Caf\u00e9s"),
-         QStringLiteral("Caf\u00e9")},
-    };
-    for (const Caso& caso : casos) {
-        this->mFabrica.PonerAjustes(caso.Ajustes);
-        auto fuente = this->mFabrica.Crear();
-        EXPECT_EQ(fuente->CodigoPagina(), caso.Pagina);
-        EXPECT_EQ(TypeParam::Avisos(*fuente).filter("klingon-1").size(),
-                  caso.Ajustes.contains("klingon") ? 1 : 0);
-        EXPECT_EQ(this->Listar(*fuente), QStringList({caso.Base}));
-        auto adaptador = fuente->CrearGestor()->AbrirBaseRegistros(caso.Base, "", 208);
-        EXPECT_EQ(adaptador->LeerAppInfo(), base.AppInfo);
-        EXPECT_EQ(adaptador->LeerInfoOrden(), QByteArray("SORT"));
-        const clsCategoriasPalm& categorias = adaptador->Categorias();
-        // Slots 0, 1 and 3 have names: the count reaches the last of them.
-        EXPECT_EQ(categorias.CantidadCategorias(), 4);
-        EXPECT_EQ(categorias.NombreCategoria(0), "Unfiled");
-        EXPECT_EQ(categorias.NombreCategoria(2), "");
-        EXPECT_EQ(categorias.NombreCategoria(3), caso.Categoria3);
-        EXPECT_EQ(categorias.NombreCategoria(15), "");
-        EsperarError([&] { categorias.NombreCategoria(16); }, ErrorVB::SubindiceFueraDeRango);
-    }
-}
-
-// Without a code page named, the country the address book is made for tells: Japan's handhelds
-// write Shift_JIS. The database names read in that page.
-TYPED_TEST(FuenteDeBases, SinPaginaNombradaLaDaElPaisDeLaLibretaDeDirecciones) {
-    struct Caso {
-        QByteArray Ajustes;
-        char Pais;
-        QString Pagina, Nombre;
-    };
-    const Caso casos[] = {
-        {"", 13, "windows-932", QStringLiteral("\u65e5\u672c")},
-        {"", 23, "windows-1252", QStringLiteral("\u201c\u00fa\u2013{")},
-        {"[Handheld]\nEncoding=windows-1252\n", 13, "windows-1252",
-         QStringLiteral("\u201c\u00fa\u2013{")},
-    };
-    for (const Caso& caso : casos) {
-        clsArchivoPDB direcciones = BaseDeRegistros("AddressDB", "addr");
-        direcciones.AppInfo = BloqueCategorias({"Unfiled"}) + QByteArray(358, '\0');
-        direcciones.AppInfo += caso.Pais + QByteArray(3, '\0');
-        this->mFabrica.Poner("AddressDB.pdb", direcciones);
-        this->mFabrica.Poner("n.pdb", BaseDeRegistros("\x93\xfa\x96\x7b"));
-        this->mFabrica.PonerAjustes(caso.Ajustes);
-        auto fuente = this->mFabrica.Crear();
-        EXPECT_EQ(fuente->CodigoPagina(), caso.Pagina);
-        EXPECT_EQ(this->Listar(*fuente), QStringList({"AddressDB", caso.Nombre}));
-    }
-}
-
-TYPED_TEST(FuenteDeBases, SinBloqueDeCategoriasNoHayCategorias) {
-    clsArchivoPDB base = BaseVariada();
-    base.AppInfo = "corto";
-    this->mFabrica.Poner("v.pdb", base);
+TYPED_TEST(FuenteDeBases, LosBloquesYLasCategorias) {
+    clsArchivoPDB corta = BaseDeRegistros("Corta");
+    corta.AppInfo = "corto"; // no category block
+    this->mFabrica.Poner("v.pdb", BaseVariada());
+    this->mFabrica.Poner("c.pdb", corta);
     auto fuente = this->mFabrica.Crear();
     auto adaptador = fuente->CrearGestor()->AbrirBaseRegistros("Variada", "", 208);
-    EXPECT_EQ(adaptador->Categorias().CantidadCategorias(), 0);
-    EXPECT_EQ(adaptador->Categorias().NombreCategoria(0), "");
+    EXPECT_EQ(adaptador->LeerAppInfo(), BaseVariada().AppInfo);
+    EXPECT_EQ(adaptador->LeerInfoOrden(), QByteArray("SORT"));
+    const clsCategoriasPalm& categorias = adaptador->Categorias();
+    // Slots 0, 1 and 3 have names: the count reaches the last of them.
+    EXPECT_EQ(categorias.CantidadCategorias(), 4);
+    QStringList nombres;
+    for (qint32 i = 0; i < 16; ++i)
+        nombres << categorias.NombreCategoria(i);
+    EXPECT_EQ(nombres.mid(0, 5), QStringList({"Unfiled", "Business", "", "Caf\u00e9", ""}));
+    EXPECT_EQ(nombres.last(), "");
+    EsperarError([&] { categorias.NombreCategoria(16); }, ErrorVB::SubindiceFueraDeRango);
+    auto sinBloque = fuente->CrearGestor()->AbrirBaseRegistros("Corta", "", 208);
+    EXPECT_EQ(sinBloque->Categorias().CantidadCategorias(), 0);
+    EXPECT_EQ(sinBloque->Categorias().NombreCategoria(0), "");
+}
+
+// Texts read in the code page Handheld.ini names (an unknown one is reported and the usual one
+// taken); without one named, the country the address book is made for tells: Japan's handhelds
+// write Shift_JIS.
+TYPED_TEST(FuenteDeBases, LaPaginaDeCodigosDeLosTextos) {
+    const struct {
+        QByteArray Ajustes;
+        char Pais; // of an address book; 0: none
+        QByteArray Bytes;
+        QString Pagina, Nombre;
+    } casos[] = {
+        {"", 0, "Caf\xe9", "windows-1252", QStringLiteral("Caf\u00e9")},
+        {"[Handheld]\nEncoding=ISO-8859-7\n", 0, "Caf\xe9", "ISO-8859-7",
+         QStringLiteral("Caf\u03b9")},
+        {"[Handheld]\nEncoding=klingon-1\n", 0, "Caf\xe9", "windows-1252",
+         QStringLiteral("Caf\u00e9")},
+        {"", 13, "\x93\xfa\x96\x7b", "windows-932", QStringLiteral("\u65e5\u672c")},
+        {"", 23, "\x93\xfa\x96\x7b", "windows-1252", QStringLiteral("\u201c\u00fa\u2013{")},
+        {"[Handheld]\nEncoding=windows-1252\n", 13, "\x93\xfa\x96\x7b", "windows-1252",
+         QStringLiteral("\u201c\u00fa\u2013{")},
+    };
+    for (const auto& caso : casos) {
+        TypeParam fabrica;
+        fabrica.Poner("n.pdb", BaseDeRegistros(caso.Bytes));
+        if (caso.Pais) {
+            clsArchivoPDB direcciones = BaseDeRegistros("AddressDB", "addr");
+            direcciones.AppInfo = BloqueCategorias({"Unfiled"}) + QByteArray(358, '\0');
+            direcciones.AppInfo += caso.Pais + QByteArray(3, '\0');
+            fabrica.Poner("AddressDB.pdb", direcciones);
+        }
+        fabrica.PonerAjustes(caso.Ajustes);
+        auto fuente = fabrica.Crear();
+        EXPECT_EQ(fuente->CodigoPagina(), caso.Pagina) << caso.Ajustes.data();
+        EXPECT_TRUE(this->Listar(*fuente).contains(caso.Nombre)) << caso.Pagina.toStdString();
+        EXPECT_EQ(TypeParam::Avisos(*fuente).filter("klingon-1").size(),
+                  caso.Ajustes.contains("klingon") ? 1 : 0);
+    }
 }
 
 // Every write changes its own record alone (or adds or removes it), the modification number and
