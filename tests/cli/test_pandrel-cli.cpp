@@ -346,8 +346,8 @@ TEST_F(PandrelCli, ExportWritesEveryRecordToTheFile) {
     EXPECT_FALSE(QFile::exists(carpeta + "/x")) << "a failed export leaves no file";
 }
 
-// The built-in applications' databases: their field lists, their records escaped as every item,
-// the export their file's extension asks for, and no change to their records.
+// The built-in applications' databases: read as any other (their field lists and decoding are
+// clsEstandarPDB's), exported in the format the file's extension asks for, never changed.
 TEST_F(PandrelCli, TheBuiltInApplicationsDatabasesReadAndExport) {
     const QString estandar = mCarpeta.filePath("estandar");
     ASSERT_TRUE(QDir().mkpath(estandar));
@@ -355,16 +355,8 @@ TEST_F(PandrelCli, TheBuiltInApplicationsDatabasesReadAndExport) {
     const auto correr = [&](const QStringList& xArgumentos) {
         return Ejecutar(xArgumentos, estandar);
     };
-    EXPECT_EQ(correr({"schema", "ToDoDB"}).Salida,
-              "Description\tString\nDue Date\tDate\nPriority\tByte\nCompleted\tBoolean\n"
-              "Note\tString\nCategory\tString\nPrivate\tBoolean\n");
-    EXPECT_EQ(correr({"records", "MemoDB"}).Salida.section('\n', 0, 1),
-              "1048577\tShopping\tShopping\\nEggs, milk; bread\tPersonal\tFalse\n"
-              "1048578\tIdeas for the garden\tIdeas for the garden\\n- roses\\n\\t- "
-              "tulips\tUnfiled\tFalse");
     EXPECT_EQ(correr({"get", "ToDoDB", "1048578", "--separator", ","}).Salida,
               "\"Call plumber\",,3,False,\"\",\"Unfiled\",False\n");
-
     const struct {
         const char* Base;
         QString Archivo;
@@ -372,14 +364,10 @@ TEST_F(PandrelCli, TheBuiltInApplicationsDatabasesReadAndExport) {
         QByteArray Inicio; // of the file written, or of the error
     } casos[] = {
         {"AddressDB", "a.vcf", {}, "BEGIN:VCARD\r\nVERSION:3.0\r\nN:Alvarez;"},
-        {"DatebookDB", "d.ICS", {}, "BEGIN:VCALENDAR\r\n"},
-        {"MemoDB", "m.csv", {}, "Title,Memo,Category,Private\r\nShopping,\"Shopping\n"},
         {"MemoDB",
          "m.txt",
          {"--csv"},
-         "Title,Memo,Category,Private\r\n\"Shopping\",\"Shopping\xb6"
-         "Eggs"},
-        {"MemoDB", "m.vcf", {}, "Error -2147213295: \"MemoDB\" is a Memo Pad database"},
+         "Title,Memo,Category,Private\r\n\"Shopping\",\"Shopping\xb6"},
         {"AddressDB", "a.csv", {"--rfc4180"}, "Error -2147213295: --csv and --rfc4180"},
     };
     for (const auto& caso : casos) {
@@ -392,19 +380,11 @@ TEST_F(PandrelCli, TheBuiltInApplicationsDatabasesReadAndExport) {
         EXPECT_TRUE((hay ? escrito.readAll() : resultado.Errores.toUtf8()).startsWith(caso.Inicio))
             << resultado.Errores.toStdString();
     }
-
-    QFile memos(estandar + "/MemoDB.pdb");
-    ASSERT_TRUE(memos.open(QIODevice::ReadOnly));
-    const QByteArray antes = memos.readAll();
-    for (const QStringList& cambio :
-         {QStringList{"update", "MemoDB", "1048577", "0", "x"}, QStringList{"add", "MemoDB"},
-          QStringList{"delete-all", "MemoDB"}}) {
-        const Resultado resultado = correr(cambio);
-        EXPECT_EQ(resultado.Estado, 1);
-        EXPECT_TRUE(resultado.Errores.contains("can be read and exported, not changed"));
-    }
-    memos.seek(0);
-    EXPECT_EQ(memos.readAll(), antes);
+    const Resultado cambio = correr({"update", "MemoDB", "1048577", "0", "x"});
+    EXPECT_EQ(cambio.Estado, 1);
+    EXPECT_TRUE(cambio.Errores.startsWith("Error -2147213294: The records of \"MemoDB\" can be "
+                                          "read and exported, not changed."))
+        << cambio.Errores.toStdString();
 }
 
 // --encoding overrides the code page of Handheld.ini; the output is UTF-8 whatever the page.

@@ -85,27 +85,6 @@ TEST_F(frmMensajeErrorTest, ImprimeLaFallaQueMuestra) {
     EXPECT_EQ(mImpresora->DocumentosTerminados(), 1);
 }
 
-TEST_F(frmMensajeErrorTest, DialogoCanceladoTerminaEnSilencio) {
-    int impresoras = 0;
-    modDialogos::ResponderImpresora([](QPrinter&) { return false; });
-    clsImpresoraQt::Sustituir([&](QPrinter&) {
-        ++impresoras;
-        return mImpresora;
-    });
-    frmMensajeError ventana;
-    ventana.Component(9, "Subscript out of range", "Pandrel", "frmPandrel", "CargarTabla");
-    int ventanas = 0;
-    ConVentanas(
-        [&] { QTest::mouseClick(ventana.findChild<QPushButton*>("cmdImprimir"), Qt::LeftButton); },
-        [&](frmMensajeError* otra, int) {
-            ++ventanas;
-            Pulsar(otra, "cmdOk");
-        });
-    EXPECT_EQ(impresoras, 0);
-    EXPECT_EQ(ventanas, 0);
-    EXPECT_TRUE(mImpresora->Llamadas().isEmpty());
-}
-
 // Two failures in a row: two windows, one after the other, each released when closed.
 TEST_F(frmMensajeErrorTest, MostrarMensajeErrorEsModalYLiberaLaVentana) {
     const QRegularExpression fechaHora(R"(^\d\d/\d\d/\d{4} \d\d:\d\d:\d\d$)");
