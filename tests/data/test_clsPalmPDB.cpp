@@ -156,13 +156,11 @@ TEST_F(PalmPDBTest, CadaOperacionExigeUnaBaseAbierta) {
         {"CategoriesCount", [](clsPalmPDB& b) { b.CategoriesCount(); }},
         {"CategoryName", [](clsPalmPDB& b) { b.CategoryName(0); }},
     };
-    for (const auto& [fuente, accion] : casos) {
+    // After a database was opened and closed again.
+    mBase->OpenFile("Clientes");
+    mBase->CloseDatabase();
+    for (const auto& [fuente, accion] : casos)
         EsperarError([&] { accion(*mBase); }, Cerrada, fuente, "Database its close.");
-        // The same after a database was opened and closed again.
-        mBase->OpenFile("Clientes");
-        mBase->CloseDatabase();
-        EsperarError([&] { accion(*mBase); }, Cerrada, fuente);
-    }
 }
 
 TEST_F(PalmPDBTest, AbrirDosVecesFallaYDejaLaPrimeraAbierta) {
@@ -302,17 +300,6 @@ TEST_F(PalmPDBTest, RecorreLosRegistrosConSusFiltros) {
         EXPECT_EQ(ids, caso.ids) << caso.nombre;
         EXPECT_EQ(texto, "") << caso.nombre;
     }
-}
-
-TEST_F(PalmPDBTest, LeerPorIdentificador) {
-    ASSERT_TRUE(mBase->OpenFile("Clientes"));
-    QString texto;
-    EXPECT_TRUE(mBase->ReadRecordByID(12, texto, "\t"));
-    EXPECT_EQ(texto, "\t-1\tFalse");
-    EXPECT_TRUE(mBase->ReadRecordByID(10, texto, ","));
-    EXPECT_EQ(texto, "\"AB\",258,True");
-    EsperarError([&] { mBase->ReadRecordByID(99, texto, "\t"); },
-                 ErroresFuente::RegistroNoEncontrado, "LeerPorID");
 }
 
 // An update encodes its field alone into the record as it is: a text grows or shrinks the record
@@ -553,12 +540,17 @@ TEST_F(PalmPDBTest, DatosDeCadaRegistro) {
         EXPECT_EQ(mBase->RecordIndex(caso.id), caso.indice);
         EXPECT_EQ(mBase->RecordLength(caso.id), caso.largo);
     }
+    QString texto;
+    EXPECT_TRUE(mBase->ReadRecordByID(10, texto, ","));
+    EXPECT_EQ(texto, "\"AB\",258,True");
     // An unknown record gives each property's failure value; its length is an error.
     EXPECT_EQ(mBase->RecordAttributes(99), -1);
     EXPECT_EQ(mBase->CategoryID(99), 0);
     EXPECT_EQ(mBase->RecordIndex(99), 0);
     EsperarError([&] { mBase->RecordLength(99); }, ErroresFuente::RegistroNoEncontrado,
                  "LeerPorID");
+    EsperarError([&] { mBase->ReadRecordByID(99, texto, "\t"); },
+                 ErroresFuente::RegistroNoEncontrado, "LeerPorID");
     EsperarError([&] { mBase->WriteRecordAttributes(99, 0x40); },
                  ErroresFuente::RegistroNoEncontrado, "LeerPorID");
     EXPECT_EQ(mBase->RetrieveSortInfo(), QByteArray::fromHex("0102"));
