@@ -500,28 +500,6 @@ TEST_F(PandrelCli, ExportAndReportWriteOnlyWhereAFileBelongs) {
     }
 }
 
-// The sample zipped reads as its folder does and takes an update.
-TEST_F(PandrelCli, AZipBackupReadsAsItsFolderAndTakesUpdates) {
-    const QString zip = mCarpeta.filePath("sample.zip");
-    ASSERT_TRUE(modZipPrueba::GuardarZip(zip, modZipPrueba::DeCarpeta(Handheld())));
-    const QList<QStringList> comandos = {
-        {"creators", "--kind", "all"}, {"header", "Stock"}, {"records", "Stock"}, {"info"}};
-    for (const QStringList& comando : comandos) {
-        const Resultado carpeta = Ejecutar(comando);
-        const Resultado archivo = Ejecutar(QStringList{"--handheld", zip} + comando);
-        EXPECT_EQ(archivo.Estado, 0) << archivo.Errores.toStdString();
-        EXPECT_EQ(archivo.Salida, carpeta.Salida) << comando.join(' ').toStdString();
-    }
-    // The rewrite itself, every other entry kept as stored, is checked by the zip source's tests.
-    const QString id = Ejecutar({"records", "Stock"}).Salida.section('\t', 0, 0);
-    EXPECT_EQ(Ejecutar({"--handheld", zip, "update", "Stock", id, "0", "Zipped"}).Salida,
-              id + "\n");
-    EXPECT_EQ(Ejecutar({"--handheld", zip, "get", "Stock", id}).Salida.section('\t', 0, 0),
-              "Zipped");
-    EXPECT_EQ(Ejecutar({"get", "Stock", id}).Salida.section('\t', 0, 0), "Claw hammer")
-        << "the folder the archive was made from is untouched";
-}
-
 // A batch process driven a command at a time, as a script on the other end of a pipe drives it.
 class Lote {
 public:

@@ -106,22 +106,6 @@ TEST(Val, ElNumeroAlPrincipioDelTexto) {
         EXPECT_EQ(modFunciones::Val(QString::fromLatin1(caso.Texto)), caso.Valor) << caso.Texto;
 }
 
-TEST(CrearCarpeta, CreaCadaNivelYFallaSobreUnArchivo) {
-    QTemporaryDir base;
-    ASSERT_TRUE(base.isValid());
-    const QString profunda = base.filePath("uno/dos/tres");
-    modFunciones::CrearCarpeta(profunda);
-    EXPECT_TRUE(QDir(profunda).exists());
-    EXPECT_NO_THROW(modFunciones::CrearCarpeta(profunda)) << "an existing folder is fine";
-
-    QFile archivo(base.filePath("archivo"));
-    ASSERT_TRUE(archivo.open(QIODevice::WriteOnly));
-    archivo.close();
-    const QString malas[] = {base.filePath("archivo"), base.filePath("archivo/debajo"), "", "   "};
-    for (const QString& mala : malas)
-        EXPECT_THROW(modFunciones::CrearCarpeta(mala), ErrorVB) << mala.toStdString();
-}
-
 TEST(NombreUsuario, UnNombreLargoSeCortaEnSuDecimoquintoCaracter) {
     const struct {
         QString Nombre, Cortado;
@@ -131,16 +115,6 @@ TEST(NombreUsuario, UnNombreLargoSeCortaEnSuDecimoquintoCaracter) {
                  {QString(300, 'a'), ""}};
     for (const auto& caso : casos)
         EXPECT_EQ(modFunciones::CortarNombreUsuario(caso.Nombre), caso.Cortado);
-}
-
-TEST(NombreUsuario, DevuelveElUsuarioDeLaSesion) {
-    const QString nombre = modFunciones::NombreUsuario();
-    EXPECT_FALSE(nombre.isEmpty());
-    EXPECT_LE(nombre.size(), 255);
-    const QString usuario = qEnvironmentVariable("USER");
-    if (!usuario.isEmpty()) {
-        EXPECT_EQ(nombre, modFunciones::CortarNombreUsuario(usuario));
-    }
 }
 
 } // namespace

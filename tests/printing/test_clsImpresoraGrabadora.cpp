@@ -46,35 +46,6 @@ TEST(clsImpresoraGrabadora, MedidasYPosicionesEnCadaEscala) {
     }
 }
 
-TEST(clsImpresoraGrabadora, PrintEscribeYPasaALaLineaSiguiente) {
-    clsImpresoraGrabadora impresora;
-    impresora.SetScaleMode(clsImpresora::EscalaCaracteres);
-    impresora.SetCurrentX(10);
-    impresora.SetCurrentY(11);
-    impresora.Print("first\r\n  second");
-    EXPECT_DOUBLE_EQ(impresora.CurrentX(), 0);
-    EXPECT_DOUBLE_EQ(impresora.CurrentY(), 13);
-    impresora.Print(); // an empty line only moves down
-    impresora.SetFontBold(true);
-    impresora.Print("third");
-
-    struct Esperado {
-        double X, Y;
-        QString Texto;
-        bool Negrita;
-    };
-    const Esperado esperados[] = {
-        {10, 11, "first", false}, {0, 12, "  second", false}, {0, 14, "third", true}};
-    ASSERT_EQ(impresora.Textos().size(), 3);
-    for (int i = 0; i < 3; ++i) {
-        const auto& texto = impresora.Textos()[i];
-        EXPECT_DOUBLE_EQ(texto.X, esperados[i].X) << i;
-        EXPECT_DOUBLE_EQ(texto.Y, esperados[i].Y) << i;
-        EXPECT_EQ(texto.Texto, esperados[i].Texto);
-        EXPECT_EQ(texto.Negrita, esperados[i].Negrita);
-    }
-}
-
 TEST(clsImpresoraGrabadora, PaginasLineasYDocumento) {
     clsImpresoraGrabadora impresora;
     impresora.SetScaleMode(clsImpresora::EscalaCaracteres);

@@ -97,27 +97,6 @@ TEST_F(frmInicioTest, EachFileDebuggerCommandOpensAnotherExplorer) {
     EXPECT_TRUE(Mensajes.isEmpty());
 }
 
-TEST_F(frmInicioTest, TheMenuActsOnlyThroughAnEnabledToolbarButton) {
-    struct Caso {
-        const char* Menu;
-        const char* Boton;
-    };
-    const Caso casos[] = {{"mnuFileDebugger", "Archivos"},
-                          {"mnuSystemInfo", "Informacion"},
-                          {"mnuHelpExit", "Volver"}};
-    for (const Caso& caso : casos) {
-        mInicio->Boton(caso.Boton)->setEnabled(false);
-        const QStringList modales = ConModales([&] { Menu(caso.Menu)->trigger(); });
-        EXPECT_TRUE(modales.isEmpty()) << caso.Menu;
-        mInicio->Boton(caso.Boton)->setEnabled(true);
-    }
-    EXPECT_TRUE(Hijas().isEmpty());
-    EXPECT_TRUE(mInicio->isVisible());
-
-    Menu("mnuHelpExit")->trigger();
-    EXPECT_FALSE(mInicio->isVisible());
-}
-
 TEST_F(frmInicioTest, InformationAndAboutOpenTheirWindowsModally) {
     struct Caso {
         std::function<void()> Accion;
@@ -282,32 +261,6 @@ TEST_F(frmInicioTest, ExportStandardDataWritesTheHandheldsFilesAndSaysSo) {
               "The folder already holds contacts.vcf, todos.ics, memos.csv. Replace them?");
     EXPECT_EQ(Mensajes.size(), 2);
     EXPECT_FALSE(QFile::exists(destino.filePath("calendar.ics")));
-}
-
-// An explorer opens showing a typical schema's eight columns where the frame has the room, and
-// within the frame where it has not.
-TEST_F(frmInicioTest, AnExplorerOpensShowingATypicalSchemasColumns) {
-    clsConstructorBase base("Stock", "DATA", "AFst");
-    QVector<clsConstructorBase::Campo> campos;
-    const QStringList nombres =
-        QString("Code Description Bin Qty Supplier Price Ok When").split(' ');
-    for (const int tipo : {5, 5, 1, 2, 3, 4, 6, 7})
-        campos.append({nombres[campos.size()], clsConstructorBase::TipoCampo(tipo)});
-    base.EsquemaAppForge("Stock", campos);
-    base.AgregarRegistro({"INV-1000", "Wall paint white 4L (lot 1)", 7, -204, 7014, 37.49, true,
-                          QDateTime(QDate(2005, 12, 28), QTime(12, 44))});
-    base.Guardar(mCarpeta + "/Stock.pdb");
-    mInicio->showNormal(); // the test screen is smaller than the frame's first size
-    for (const int ancho : {1400, 900}) {
-        mInicio->resize(ancho, 980);
-        mInicio->AbrirBase("Stock");
-        QMdiSubWindow* hija = Hijas().last();
-        EXPECT_LE(hija->width(), mInicio->findChild<QMdiArea*>()->viewport()->width());
-        auto* tabla = hija->findChild<QTableView*>("grdTabla");
-        const int columnas = tabla->columnViewportPosition(7) + tabla->columnWidth(7);
-        EXPECT_EQ(columnas <= tabla->viewport()->width(), ancho == 1400) << columnas;
-        hija->close();
-    }
 }
 
 } // namespace

@@ -247,51 +247,6 @@ TEST_F(frmPandrelTest, ChoosingAnAppForgeDatabaseShowsItsHeaderSchemaAndRecords)
     EXPECT_TRUE(Mensajes.isEmpty());
 }
 
-TEST_F(frmPandrelTest, TheBatchSizeBoxSaysHowManyRecordsTheFirstBatchReads) {
-    CrearHandheld(mCarpeta.path());
-    Abrir();
-    const std::pair<QString, int> casos[] = {{"-1", 3}, {"0", 0}, {"1x", 1}};
-    for (const auto& [cantidad, filas] : casos) {
-        Control<QLineEdit>("txtRegistrosARecuperar")->setText(cantidad);
-        Elegir(Base("AFa1", "Clients"));
-        EXPECT_EQ(Grilla("grdTabla").Rows() - 1, filas) << cantidad.toStdString();
-        EXPECT_EQ(Texto("lblTotalRecuperado"), QString::number(filas));
-    }
-    // A count beyond 16 bits is an overflow: the choice ends in a message and stays busy.
-    Control<QLineEdit>("txtRegistrosARecuperar")->setText("40000");
-    Elegir(Base("AFa1", "Clients"));
-    ASSERT_EQ(Mensajes.size(), 1);
-    EXPECT_EQ(Mensajes[0].Texto, "Overflow");
-    EXPECT_EQ(Mensajes[0].Titulo, "Clients");
-    EXPECT_TRUE(mVentana->Ocupado());
-    EXPECT_EQ(mVentana->cursor().shape(), Qt::WaitCursor);
-}
-
-// The panel of an application: a row per database of its creator (their texts are
-// modTextosPanel's) and the totals.
-TEST_F(frmPandrelTest, ChoosingAnApplicationListsTheDatabasesOfItsCreator) {
-    CrearHandheld(mCarpeta.path());
-    Abrir(std::make_shared<clsFuenteCarpetaRara>(mCarpeta.path(),
-                                                 Rarezas{{{"Orders", ErroresFuente::BaseEnUso}}}));
-    Elegir(Base("AFa1", "ClientsApp"));
-
-    EXPECT_TRUE(Control<QGroupBox>("fraRecursos")->isVisible());
-    EXPECT_FALSE(Control<QGroupBox>("fraDataBase")->isVisible());
-    const clsGrillaFlexible& recursos = Grilla("grdRecursos");
-    ASSERT_EQ(recursos.Rows(), 4);
-    EXPECT_EQ(Fila(recursos, 0),
-              (QStringList{"File", "Type", "Record Count", "Size", "Version", "Creation Date",
-                           "Modification Date", "Backup Date", ""}));
-    EXPECT_EQ(Fila(recursos, 2).mid(0, 4), (QStringList{"ClientsApp", "appl", "0", "1.5"}));
-    EXPECT_EQ(recursos.TextMatrix(3, 0), "Orders (file in use) ");
-    EXPECT_EQ(recursos.ColAlignment(2), clsGrillaFlexible::DerechaCentro);
-    EXPECT_EQ(Texto("lblCantidadObjetos"), "3");
-    EXPECT_EQ(Texto("lblTotalRegistros"), "3");
-    EXPECT_EQ(Texto("lblTamanioAplicacion"), "4.50 KB");
-    EXPECT_EQ(Texto("lblTamanio"), "1.5 KB");
-    EXPECT_FALSE(mVentana->Ocupado());
-}
-
 // A record database without the marker gets the notice; "Open Records" shows a built-in
 // application's records instead, read-only but for their attributes.
 TEST_F(frmPandrelTest, OpenRecordsShowsABuiltInApplicationsRecords) {

@@ -144,29 +144,6 @@ TEST_F(frmPandrelRegistrosTest, BatchesUntilTheEndKeepTheCurrentRow) {
     EXPECT_EQ(Texto("lblRecordID"), QString::number(Tabla().RowData(5)));
 }
 
-TEST_F(frmPandrelRegistrosTest, AttributeBoxesWriteTheRecord) {
-    mGrilla->SetRow(2);
-    const qint32 id = Tabla().RowData(2);
-    EXPECT_EQ(Texto("lblRecordID"), QString::number(id));
-    EXPECT_EQ(Texto("lblCategoria"), "1");
-    // Moving between rows fills the boxes and writes nothing.
-    const QByteArray antes = EnDisco().Registros.join('\n').toUtf8();
-    mGrilla->SetRow(1);
-    EXPECT_TRUE(mVentana->findChild<QCheckBox*>("chkDirty")->isChecked());
-    mGrilla->SetRow(2);
-    EXPECT_EQ(AtributosEnDisco(id), 0);
-    struct Caso {
-        const char* Casilla;
-        qint32 Atributos;
-    } casos[] = {{"chkSecret", 0x10}, {"chkDirty", 0x50}};
-    for (const Caso& c : casos) {
-        mVentana->findChild<QCheckBox*>(c.Casilla)->click();
-        EXPECT_EQ(AtributosEnDisco(id), c.Atributos) << c.Casilla;
-    }
-    EXPECT_EQ(EnDisco().Registros.join('\n').toUtf8(), antes);
-    EXPECT_TRUE(Mensajes.isEmpty());
-}
-
 TEST_F(frmPandrelRegistrosTest, KeysAddDeleteAndEscapeDoesNothing) {
     mVentana->findChild<QLineEdit*>("txtRegistrosARecuperar")->setText("-1");
     Tecla(mGrilla, Qt::Key_Escape);
@@ -199,19 +176,6 @@ TEST_F(frmPandrelRegistrosTest, KeysAddDeleteAndEscapeDoesNothing) {
         EXPECT_FALSE(EnDisco().Ids.contains(id));
     }
     EXPECT_EQ(Texto("lblCantidadRegistros"), "Record 39/ 43");
-}
-
-TEST_F(frmPandrelRegistrosTest, DeleteAllReloadsTheEmptyLayout) {
-    Respuesta = QMessageBox::No;
-    Boton("EliminarTodos");
-    EXPECT_EQ(EnDisco().Ids.size(), kRegistros);
-    Respuesta = QMessageBox::Yes;
-    Boton("EliminarTodos");
-    EXPECT_EQ(Mensajes.last().Texto, "Are you sure you want to delete all  Records in this table?");
-    EXPECT_TRUE(EnDisco().Ids.isEmpty());
-    EXPECT_EQ(Tabla().Rows(), 1);
-    EXPECT_EQ(Tabla().FixedRows(), 0);
-    EXPECT_EQ(Texto("lblCantidadRegistros"), "Record 0/ 0");
 }
 
 TEST_F(frmPandrelRegistrosTest, TheUpdateDialogWritesOrRefuses) {
