@@ -746,18 +746,4 @@ TEST_F(CatalogoTest, LasListasSeGuardan) {
     EXPECT_TRUE(pdb.OpenFile("zeta"));
 }
 
-// Blank creator codes make a kept list of blanks and tabs, which is kept all the same.
-TEST_F(CarpetaTest, UnaListaDeCreadoresEnBlancoSeGuarda) {
-    const auto AppForge = [this](const char* xNombre, const char* xCreador) {
-        clsConstructorBase base(xNombre, "DATA", xCreador);
-        base.EsquemaAppForge("T", {{"A", C::Int}});
-        Guardar(base);
-    };
-    AppForge("Blanca", "    ");
-    clsPalmPDB pdb(Fuente());
-    EXPECT_EQ(pdb.RetrieveCreatorsID(0, "\t"), "    \t");
-    AppForge("Nueva", "NEW1");
-    EXPECT_EQ(pdb.RetrieveCreatorsID(0, "\t"), "    \t");
-}
-
 } // namespace

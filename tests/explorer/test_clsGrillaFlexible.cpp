@@ -25,30 +25,6 @@ QStringList Columna(const clsGrillaFlexible& xGrilla, qint32 xColumna) {
     return textos;
 }
 
-TEST(clsGrillaFlexible, AddItemSplitsTheTextIntoTheColumns) {
-    struct Caso {
-        qint32 Columnas;
-        QString Texto;
-        QStringList Celdas;
-    };
-    const Caso casos[] = {
-        {3, "a\t\tc", {"a", "", "c"}},
-        {2, "a\tb\tc", {"a", "b"}},
-        {3, "a", {"a", "", ""}},
-        {2, " x \t", {" x ", ""}},
-    };
-    for (const Caso& caso : casos) {
-        clsGrillaFlexible grilla;
-        grilla.SetCols(caso.Columnas);
-        const qint32 fila = grilla.AddItem(caso.Texto);
-        EXPECT_EQ(fila, 0);
-        QStringList celdas;
-        for (qint32 c = 0; c < grilla.Cols(); ++c)
-            celdas << grilla.TextMatrix(fila, c);
-        EXPECT_EQ(celdas, caso.Celdas) << caso.Texto.toStdString();
-    }
-}
-
 TEST(clsGrillaFlexible, FixedCountsAlwaysLeaveAScrollingRowAndColumn) {
     struct Caso {
         qint32 Filas, Columnas, FilasFijas, ColumnasFijas;
@@ -228,27 +204,6 @@ TEST(clsGrillaFlexible, TheFirstFixedRowIsTheHeadingAndFixedCellsAreMarked) {
     grilla.SetTextMatrix(0, 1, "Kind");
     EXPECT_EQ(grilla.headerData(1, Qt::Horizontal).toString(), "Kind");
     EXPECT_EQ(grilla.data(grilla.index(1, 0), clsGrillaFlexible::RolDato).toInt(), 101);
-}
-
-TEST(clsGrillaFlexible, ABatchOfRowsArrivesInOneInsertion) {
-    clsGrillaFlexible grilla;
-    grilla.SetCols(4);
-    grilla.AddItem("A\tB\tC");
-    QStringList textos;
-    QVector<qint32> datos;
-    for (qint32 i = 0; i < 65535; ++i) {
-        textos << QStringLiteral("%1\tName %1\tTrue").arg(i);
-        datos << i + 1;
-    }
-    QSignalSpy insertadas(&grilla, &QAbstractItemModel::rowsInserted);
-    grilla.AddItems(textos, datos);
-    ASSERT_EQ(insertadas.count(), 1);
-    EXPECT_EQ(insertadas.at(0).at(1).toInt(), 1);
-    EXPECT_EQ(insertadas.at(0).at(2).toInt(), 65535);
-    EXPECT_EQ(grilla.Rows(), 65536);
-    EXPECT_EQ(grilla.TextMatrix(65535, 1), "Name 65534");
-    EXPECT_EQ(grilla.TextMatrix(65535, 3), "");
-    EXPECT_EQ(grilla.RowData(65535), 65535);
 }
 
 TEST(clsGrillaFlexible, TheModelKeepsQtsRulesThroughEveryChange) {

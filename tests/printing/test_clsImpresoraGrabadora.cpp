@@ -46,31 +46,6 @@ TEST(clsImpresoraGrabadora, MedidasYPosicionesEnCadaEscala) {
     }
 }
 
-TEST(clsImpresoraGrabadora, PaginasLineasYDocumento) {
-    clsImpresoraGrabadora impresora;
-    impresora.SetScaleMode(clsImpresora::EscalaCaracteres);
-    impresora.Line(0, 2, 50, 2);
-    EXPECT_DOUBLE_EQ(impresora.CurrentX(), 50); // a line leaves the position at its end
-    impresora.SetCurrentY(0);
-    for (int i = 0; i < 64; ++i) // 63 lines of 10-point type fit; the 64th opens page 2
-        impresora.Print(QString::number(i));
-    ASSERT_EQ(impresora.Textos().size(), 64);
-    EXPECT_EQ(impresora.Textos()[62].Pagina, 1);
-    EXPECT_EQ(impresora.Textos()[63].Pagina, 2);
-    EXPECT_DOUBLE_EQ(impresora.Textos()[63].Y, 0);
-    impresora.NewPage();
-    EXPECT_EQ(impresora.Page(), 3);
-    EXPECT_DOUBLE_EQ(impresora.CurrentY(), 0);
-    impresora.EndDoc();
-    EXPECT_EQ(impresora.Page(), 1);
-    EXPECT_EQ(impresora.PaginasPasadas(), 2);
-    EXPECT_EQ(impresora.DocumentosTerminados(), 1);
-    ASSERT_EQ(impresora.Lineas().size(), 1);
-    EXPECT_DOUBLE_EQ(impresora.Lineas()[0].X2, 6000); // recorded in twips
-    EXPECT_EQ(impresora.Llamadas().mid(impresora.Llamadas().size() - 2),
-              QStringList({"NewPage", "EndDoc"}));
-}
-
 TEST(clsImpresoraGrabadora, ValoresInvalidosNoCambianNada) {
     const std::function<void(clsImpresora&)> cambios[] = {
         [](clsImpresora& i) { i.SetScaleMode(3); },

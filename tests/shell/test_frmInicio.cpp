@@ -121,50 +121,6 @@ TEST_F(frmInicioTest, TheNoticeAnExplorerAsksForShowsModally) {
               QStringList{"frmMensajeConstruccion"});
 }
 
-// Tiles share the area, but never go below an explorer's minimum size nor over each other: in a
-// small frame they run on past its edge and the area scrolls. A new explorer opens offset from
-// the last one.
-TEST_F(frmInicioTest, TheWindowMenuArrangesTheExplorers) {
-    for (int i = 0; i < 3; ++i)
-        Menu("mnuFileDebugger")->trigger();
-    ASSERT_EQ(Hijas().size(), 3);
-    for (int i = 1; i < 3; ++i)
-        EXPECT_NE(Hijas()[i]->pos(), Hijas()[i - 1]->pos()) << i;
-    const QSize minimo = Hijas()[0]->widget()->minimumSize();
-    ASSERT_GT(minimo.width(), 0);
-
-    struct Caso {
-        QSize Marco;
-        const char* Menu;
-    } casos[] = {{{2400, 2000}, "mnuWindowTileHorizontal"}, {{900, 700}, "mnuWindowTileVertical"}};
-    for (const Caso& c : casos) {
-        mInicio->resize(c.Marco);
-        QApplication::processEvents();
-        Menu(c.Menu)->trigger();
-        const QRect area = mInicio->findChild<QMdiArea*>()->viewport()->rect();
-        const bool horizontal = QString(c.Menu).contains("Horizontal");
-        int lugar = 0;
-        for (QMdiSubWindow* hija : Hijas()) {
-            const QRect r = hija->geometry();
-            const QSize contenido = hija->widget()->size();
-            EXPECT_GE(contenido.width(), minimo.width()) << c.Menu;
-            EXPECT_GE(contenido.height(), minimo.height()) << c.Menu;
-            // Each starts where the one before ends, and together they fill the area.
-            EXPECT_EQ(horizontal ? r.top() : r.left(), lugar) << c.Menu;
-            EXPECT_EQ(horizontal ? r.left() : r.top(), 0) << c.Menu;
-            EXPECT_GE(horizontal ? r.width() : r.height(),
-                      horizontal ? area.width() : area.height());
-            lugar += horizontal ? r.height() : r.width();
-        }
-        EXPECT_GE(lugar, (horizontal ? area.height() : area.width()) - 2) << c.Menu;
-    }
-
-    Menu("mnuWindowCascade")->trigger();
-    const QRect a = Hijas()[0]->geometry(), b = Hijas()[1]->geometry();
-    EXPECT_GT(std::abs(b.top() - a.top()), 0);
-    EXPECT_GT(std::abs(b.left() - a.left()), 0);
-}
-
 TEST_F(frmInicioTest, AHandheldThatCannotBeReadEndsInConnectionError) {
     modHandheld::EstablecerFuente(std::make_shared<clsFuenteCarpeta>(mCarpeta + "/missing"));
     Menu("mnuFileDebugger")->trigger();

@@ -1,25 +1,14 @@
 #include "shell/frmMensajeConstruccion.h"
 #include "shell/frmSplash.h"
 
-#include <QDesktopServices>
 #include <QElapsedTimer>
 #include <QLabel>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
-#include <QUrl>
 #include <gtest/gtest.h>
 
 #include <functional>
-
-// Takes the desktop's "open" action in place of the mail program and the browser.
-class AbridorPrueba : public QObject {
-    Q_OBJECT
-public:
-    QStringList Abiertos;
-public slots:
-    void Abrir(const QUrl& xUrl) { Abiertos << xUrl.toString(); }
-};
 
 namespace {
 
@@ -58,34 +47,6 @@ TEST(frmSplash, CualquierTeclaLaCierra) {
     }
 }
 
-TEST(frmSplash, LosEnlacesAbrenSinCerrarla) {
-    AbridorPrueba abridor;
-    for (const char* esquema : {"mailto", "http", "https"})
-        QDesktopServices::setUrlHandler(esquema, &abridor, "Abrir");
-    struct Caso {
-        const char* Control;
-        QString Abierto;
-    };
-    const Caso casos[] = {
-        {"lblMail", "mailto:sales@pandrel.example"},
-        {"lblWebSite", "http://www.pandrel.example"},
-        {"Image1", ""},
-    };
-    for (const Caso& caso : casos) {
-        abridor.Abiertos.clear();
-        frmSplash ventana;
-        ventana.Parametros(true);
-        ventana.show();
-        QTest::mouseClick(ventana.findChild<QLabel*>(caso.Control), Qt::LeftButton);
-        EXPECT_TRUE(ventana.isVisible()) << caso.Control;
-        EXPECT_TRUE(ventana.findChild<QTimer*>("tmrReloj")->isActive()) << caso.Control;
-        EXPECT_EQ(abridor.Abiertos,
-                  caso.Abierto.isEmpty() ? QStringList() : QStringList(caso.Abierto));
-    }
-    for (const char* esquema : {"mailto", "http", "https"})
-        QDesktopServices::unsetUrlHandler(esquema);
-}
-
 TEST(frmMensajeConstruccion, ElBotonLaCierra) {
     frmMensajeConstruccion ventana;
     auto* cerrar = ventana.findChild<QPushButton*>("CTRBotClose");
@@ -99,4 +60,3 @@ TEST(frmMensajeConstruccion, ElBotonLaCierra) {
 } // namespace
 
 #include "support/modPrueba.h"
-#include "test_frmSplash.moc"

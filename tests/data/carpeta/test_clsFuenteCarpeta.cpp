@@ -811,17 +811,3 @@ TEST(CarpetaDeBases, UnaEscrituraNoTocaElArchivoAnterior) {
     EXPECT_EQ(fabrica.Sobrantes(), QStringList({"anterior"})); // no lock or temporary left
 }
 
-// A hidden file (a copy an editor or a sync tool leaves) is no database of the handheld, even
-// when it comes first in file-name order.
-TEST(CarpetaDeBases, UnArchivoOcultoNoEsUnaBase) {
-    FabricaCarpeta fabrica;
-    clsArchivoPDB oculta = BaseVariada();
-    oculta.Registros[0].Datos = "oculta";
-    fabrica.Poner(".Variada.pdb", oculta);
-    fabrica.Poner("Variada.pdb", BaseVariada());
-    auto fuente = fabrica.Crear();
-    EXPECT_EQ(fuente->CrearGestor()->ListarBases(-1), QStringList({"Variada"}));
-    EXPECT_TRUE(FabricaCarpeta::Avisos(*fuente).isEmpty());
-    EXPECT_EQ(fuente->CrearGestor()->AbrirBaseRegistros("Variada", "", 208)->LeerPorID(5).Bytes,
-              QByteArray("uno"));
-}
