@@ -47,29 +47,6 @@ TEST(MultiLinea, EnvuelvePorPalabras) {
     }
 }
 
-// The error report: 9-point type in character cells, 70 wide, 10 blanks in. Each character is
-// 0.9 of a cell, so at most 77 characters fit on a line.
-TEST(MultiLinea, MideEnLaEscalaDelDispositivo) {
-    QStringList palabras;
-    for (int i = 0; i < 19; ++i)
-        palabras << QString(9, QChar('a' + i));
-    const clsImpresoraGrabadora impresora = Dispositivo(9);
-    const QStringList lineas =
-        modFunciones::MultiLinea(palabras.join(' '), 70, 10, impresora.AnchoDe()).split("\r\n");
-
-    ASSERT_EQ(lineas.size(), 3);
-    EXPECT_EQ(lineas[0], palabras.mid(0, 7).join(' '));                    // 69 characters
-    EXPECT_EQ(lineas[1], QString(10, ' ') + palabras.mid(7, 6).join(' ')); // 69 with the indent
-    EXPECT_EQ(lineas[2], QString(10, ' ') + palabras.mid(13).join(' '));
-    for (const QString& linea : lineas)
-        EXPECT_LE(impresora.TextWidth(linea), 70);
-
-    // The same text in twips is measured in twips: 70 twips hold no character at all.
-    clsImpresoraGrabadora enTwips;
-    enTwips.SetFontSize(9);
-    EXPECT_EQ(modFunciones::MultiLinea("ab cd", 70, 0, enTwips.AnchoDe()), "a-\r\nb\r\nc-\r\nd");
-}
-
 TEST(MultiLinea, LaFallaDelDispositivoSubeConSuRastro) {
     clsImpresoraGrabadora impresora = Dispositivo();
     impresora.FallarEn("TextWidth", ErrorVB(482, "Pandrel", "Printer error"));

@@ -162,30 +162,6 @@ TEST(clsGrillaFlexible, NumericSortReadsTheGridsLocale) {
     EXPECT_EQ(Columna(grilla, 0), (QStringList{"2,25", "2,5", "10"}));
 }
 
-TEST(clsGrillaFlexible, AlignmentCodesBecomeQtAlignments) {
-    struct Caso {
-        qint32 Codigo;
-        QString Texto;
-        Qt::Alignment Esperada;
-    };
-    const Caso casos[] = {
-        {clsGrillaFlexible::IzquierdaArriba, "x", Qt::AlignLeft | Qt::AlignTop},
-        {clsGrillaFlexible::CentroCentro, "x", Qt::AlignHCenter | Qt::AlignVCenter},
-        {clsGrillaFlexible::CentroAbajo, "x", Qt::AlignHCenter | Qt::AlignBottom},
-        {clsGrillaFlexible::DerechaAbajo, "x", Qt::AlignRight | Qt::AlignBottom},
-        {clsGrillaFlexible::General, "12.5", Qt::AlignRight | Qt::AlignVCenter},
-        {clsGrillaFlexible::General, "Notes", Qt::AlignLeft | Qt::AlignVCenter},
-    };
-    for (const Caso& caso : casos) {
-        clsGrillaFlexible grilla;
-        Llenar(grilla, 1, {caso.Texto});
-        grilla.SetColAlignment(0, caso.Codigo);
-        const auto alineacion =
-            grilla.data(grilla.index(0, 0), Qt::TextAlignmentRole).value<Qt::Alignment>();
-        EXPECT_EQ(alineacion, caso.Esperada) << caso.Codigo << " " << caso.Texto.toStdString();
-    }
-}
-
 TEST(clsGrillaFlexible, TheFirstFixedRowIsTheHeadingAndFixedCellsAreMarked) {
     clsGrillaFlexible grilla;
     Llenar(grilla, 3, {"Field\tType", "Name\tString"});
