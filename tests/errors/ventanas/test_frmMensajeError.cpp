@@ -88,7 +88,7 @@ TEST_F(frmMensajeErrorTest, ImprimeLaFallaQueMuestra) {
 // Two failures in a row: two windows, one after the other, each released when closed.
 TEST_F(frmMensajeErrorTest, MostrarMensajeErrorEsModalYLiberaLaVentana) {
     const QRegularExpression fechaHora(R"(^\d\d/\d\d/\d{4} \d\d:\d\d:\d\d$)");
-    for (int vez = 0; vez < 2; ++vez) {
+    for (int vez = 0; vez < 2; ++vez) { // each released when closed
         QStringList vistos;
         ConVentanas(
             [] {
@@ -118,7 +118,6 @@ TEST_F(frmMensajeErrorTest, UnaFallaAlImprimirAbreOtraVentanaEncima) {
         QString Fuente;
     };
     const Caso casos[] = {
-        {"Print", 3, "Printer"},
         {"TextWidth", 2, "Printer.modFunciones.MultiLinea\r\n"}, // the first measure in the wrap
         {"EndDoc", 1, "Printer"},
     };
