@@ -2,9 +2,6 @@
 #include "common/clsConfiguracionRegional.h"
 #include "common/modFunciones.h"
 
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 namespace {

@@ -9,7 +9,6 @@
 #include "support/modPrueba.h"
 
 #include <QFile>
-#include <QFileInfo>
 #include <QTemporaryDir>
 #include <functional>
 #include <gtest/gtest.h>

@@ -4,10 +4,7 @@
 #include "constructor/modHandheldEstandar.h"
 #include "data/MensajesError.h"
 #include "data/carpeta/clsFuenteCarpeta.h"
-#include "estandar/clsDecodificadorAgenda.h"
 #include "estandar/clsDecodificadorDirecciones.h"
-#include "estandar/clsDecodificadorMemos.h"
-#include "estandar/clsDecodificadorTareas.h"
 #include "estandar/clsEstandarPDB.h"
 #include "support/modPrueba.h"
 

@@ -13,10 +13,8 @@
 #include <QAction>
 #include <QMdiArea>
 #include <QMdiSubWindow>
-#include <QMenuBar>
 #include <QPointer>
 #include <QSettings>
-#include <QTableView>
 #include <memory>
 
 namespace {

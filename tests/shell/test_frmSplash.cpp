@@ -2,7 +2,6 @@
 #include "shell/frmSplash.h"
 
 #include <QElapsedTimer>
-#include <QLabel>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>

@@ -9,7 +9,6 @@
 #include "explorer/ventanas/frmBuscarRegistro.h"
 #include "explorer/ventanas/frmPandrel.h"
 #include "printing/ventanas/clsImpresoraQt.h"
-#include "support/clsFuenteCarpetaRara.h"
 #include "support/clsImpresoraGrabadora.h"
 #include "support/ventanas/clsPruebaVentana.h"
 
