@@ -558,16 +558,9 @@ TYPED_TEST(FuenteDeBases, UnCambioDeOtroEscritorSobreviveALaEscrituraSiguiente) 
     const std::vector<Caso> casos = {
         {"another source", [&] { otro->EscribirRegistro(5, 1, 0x40, "de otra ventana"); },
          "de otra ventana"},
-        {"another program",
-         [&] {
-             clsArchivoPDB base = this->EnDisco("v.pdb");
-             base.Registros[0].Datos = "de otro programa";
-             this->mFabrica.CambiarPorFuera("v.pdb", base);
-         },
-         "de otro programa"},
         {"another program, in place with the time set back",
-         [&] { this->mFabrica.CambiarEnSuSitio("v.pdb", "de otro programa", "DE OTRO PROGRAMA"); },
-         "DE OTRO PROGRAMA"},
+         [&] { this->mFabrica.CambiarEnSuSitio("v.pdb", "de otra ventana", "DE OTRA VENTANA"); },
+         "DE OTRA VENTANA"},
     };
     for (const Caso& caso : casos) {
         caso.OtroEscritor();
@@ -810,4 +803,3 @@ TEST(CarpetaDeBases, UnaEscrituraNoTocaElArchivoAnterior) {
     EXPECT_NE(fabrica.Contenido("v.pdb"), antes);
     EXPECT_EQ(fabrica.Sobrantes(), QStringList({"anterior"})); // no lock or temporary left
 }
-
