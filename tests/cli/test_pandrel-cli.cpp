@@ -123,22 +123,6 @@ TEST_F(PandrelCli, CataloguePrintsOneItemPerLine) {
     }
 }
 
-TEST_F(PandrelCli, HeaderAndInfoShowThePanelTexts) {
-    const QStringList lineas = Ejecutar({"header", "Stock"}).Salida.split('\n');
-    ASSERT_EQ(lineas.size(), 8);
-    EXPECT_EQ(lineas.mid(0, 4),
-              QStringList({"Type: DATA", "Version: 2.00", "Creation Date: 06/07/2004 09:00:00",
-                           "Modification Date: 03/11/2005 18:30:00"}));
-    EXPECT_TRUE(lineas[5].startsWith("Size: ")) << lineas[5].toStdString();
-    EXPECT_EQ(lineas[6], "Records: 100");
-
-    const QStringList informacion = Ejecutar({"info"}).Salida.split('\n', Qt::SkipEmptyParts);
-    ASSERT_EQ(informacion.size(), 15);
-    EXPECT_EQ(informacion[0], "Card Name: PalmCard");
-    EXPECT_EQ(informacion[2], "Manufacturer: Palm Computing"); // in the order the card is read
-    EXPECT_EQ(informacion[10], "User Name: Field Sales");
-}
-
 TEST_F(PandrelCli, ChangesReachTheFile) {
     const QString id = Ejecutar({"records", "Stock"}).Salida.section('\t', 0, 0);
     const Resultado cambio = Ejecutar({"update", "Stock", id, "0", "Zinnia Florists"});

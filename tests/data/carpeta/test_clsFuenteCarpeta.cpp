@@ -639,20 +639,6 @@ TYPED_TEST(FuenteDeBases, UnaEscrituraQueFallaNoCambiaNada) {
     }
 }
 
-TYPED_TEST(FuenteDeBases, LaTarjetaYElUsuarioVienenDeLosAjustes) {
-    this->mFabrica.Poner("v.pdb", BaseVariada());
-    this->mFabrica.PonerAjustes("[Card]\nNumber=1\nVersion=3.5\nCreationDate=2003-04-05 06:07:08\n"
-                                "RomSize=4194304\nRamSize=16777216\nFreeRam=1536\nName=Visor\n"
-                                "Manufacturer=Acme\nRomDbCount=40\nRamDbCount=12\n"
-                                "[User]\nName=Ana Diaz\nPassword=secreto\n"
-                                "LastSyncDate=2004-01-02T03:04:05\nLastSyncPC=77\nUserID=1234\n");
-    auto fuente = this->mFabrica.Crear();
-    EXPECT_EQ(Describir(*fuente), QStringList({"1", "3.5", "2003-04-05T06:07:08Z", "4194304",
-                                               "16777216", "Visor", "Acme", "40", "12", "Ana Diaz",
-                                               "secreto", "2004-01-02T03:04:05Z", "77", "1234"}));
-    EXPECT_EQ(fuente->CrearSistema()->TarjetaMemoria()->RamLibre(), 1536);
-}
-
 TYPED_TEST(FuenteDeBases, SinAjustesLosValoresSeDerivanDelHandheld) {
     this->mFabrica.ComoRespaldoDe("Juan Perez");
     clsArchivoPDB vieja = BaseDeRegistros("Vieja");
