@@ -65,12 +65,11 @@ void CrearHandheld(const QString& xCarpeta) {
     chino.AgregarRegistro({QString::fromUtf8("\u4e2d\u6587")});
     chino.Guardar(xCarpeta + "/Chino.pdb");
     C("Saved Preferences", "sprf", "psys").Guardar(xCarpeta + "/Prefs.pdb");
-    QFile ini(xCarpeta + "/Handheld.ini");
-    ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
-    ini.write("[Card]\nNumber=0\nVersion=1\nCreationDate=2004-06-01T09:00:00\n"
-              "RomSize=4194304\nRamSize=16777216\nFreeRam=9437184\nName=PalmCard\n"
-              "Manufacturer=Palm Computing\nRomDbCount=58\n[User]\nName=Field Sales\n"
-              "LastSyncDate=2005-03-11T18:45:00\nLastSyncPC=1185468\nUserID=20871\n");
+    modPrueba::Poner(xCarpeta + "/Handheld.ini",
+                     "[Card]\nNumber=0\nVersion=1\nCreationDate=2004-06-01T09:00:00\n"
+                     "RomSize=4194304\nRamSize=16777216\nFreeRam=9437184\nName=PalmCard\n"
+                     "Manufacturer=Palm Computing\nRomDbCount=58\n[User]\nName=Field Sales\n"
+                     "LastSyncDate=2005-03-11T18:45:00\nLastSyncPC=1185468\nUserID=20871\n");
 }
 
 class PandrelCli : public ::testing::Test {
@@ -192,10 +191,7 @@ TEST_F(PandrelCli, EveryCommandEscapesTabsLineBreaksAndBackslashes) {
     // Three copies of one database: two warnings, each once per command.
     for (const char* archivo : {"/Tabs.pdb", "/Tabs2.pdb", "/Tabs3.pdb"})
         base.Guardar(Handheld() + archivo);
-    QFile basura(Handheld() + "/bad\tfile.pdb");
-    ASSERT_TRUE(basura.open(QIODevice::WriteOnly));
-    basura.write("not a database");
-    basura.close();
+    modPrueba::Poner(Handheld() + "/bad\tfile.pdb", "not a database");
 
     const QString id = QString::number(0x100001);
     const QString id2 = QString::number(0x100002);
@@ -273,9 +269,7 @@ TEST_F(PandrelCli, ALargeListingComesOutWholeOrNotAtAll) {
 
     const QString archivo = mCarpeta.filePath("grande.txt");
     ASSERT_EQ(Ejecutar({"export", "Exportable", archivo}).Estado, 0);
-    QFile exportado(archivo);
-    ASSERT_TRUE(exportado.open(QIODevice::ReadOnly));
-    const QList<QByteArray> filas = exportado.readAll().split('\n');
+    const QList<QByteArray> filas = modPrueba::Leer(archivo).split('\n');
     ASSERT_EQ(filas.size(), Registros + 2);
     EXPECT_EQ(filas[0], "Nombre\tN\r");
     for (int i = 0; i < Registros; ++i)
@@ -319,9 +313,7 @@ TEST_F(PandrelCli, ExportWritesEveryRecordToTheFile) {
             QStringList{"--locale", "de_DE", "export", "Stock", carpeta + "/inv."} + caso.Opciones);
         ASSERT_EQ(resultado.Estado, 0) << resultado.Errores.toStdString();
         EXPECT_EQ(resultado.Salida, carpeta + caso.Archivo + "\n");
-        QFile archivo(carpeta + caso.Archivo);
-        ASSERT_TRUE(archivo.open(QIODevice::ReadOnly));
-        const QList<QByteArray> lineas = archivo.readAll().split('\n');
+        const QList<QByteArray> lineas = modPrueba::Leer(carpeta + caso.Archivo).split('\n');
         EXPECT_EQ(lineas.size(), 102) << "the header, 100 records and nothing after the last CR LF";
         EXPECT_EQ(lineas[1] + '\n', caso.Linea2);
     }
@@ -370,10 +362,10 @@ TEST_F(PandrelCli, TheBuiltInApplicationsDatabasesReadAndExport) {
         const QString archivo = mCarpeta.filePath(caso.Archivo);
         const Resultado resultado =
             correr(QStringList{"export", caso.Base, archivo} + caso.Opciones);
-        QFile escrito(archivo);
-        const bool hay = escrito.open(QIODevice::ReadOnly);
+        const bool hay = QFile::exists(archivo);
         EXPECT_EQ(hay, resultado.Estado == 0) << caso.Archivo.toStdString();
-        EXPECT_TRUE((hay ? escrito.readAll() : resultado.Errores.toUtf8()).startsWith(caso.Inicio))
+        EXPECT_TRUE(
+            (hay ? modPrueba::Leer(archivo) : resultado.Errores.toUtf8()).startsWith(caso.Inicio))
             << resultado.Errores.toStdString();
     }
     const Resultado cambio = correr({"update", "MemoDB", "1048577", "0", "x"});
@@ -390,9 +382,7 @@ TEST_F(PandrelCli, ReportPrintsThePagesToAPdfFile) {
     const Resultado resultado = Ejecutar({"report", "Stock", "--pdf", archivo});
     ASSERT_EQ(resultado.Estado, 0) << resultado.Errores.toStdString();
     EXPECT_EQ(resultado.Salida + resultado.Errores, "");
-    QFile pdf(archivo);
-    ASSERT_TRUE(pdf.open(QIODevice::ReadOnly));
-    const QByteArray contenido = pdf.readAll();
+    const QByteArray contenido = modPrueba::Leer(archivo);
     EXPECT_TRUE(contenido.startsWith("%PDF"));
     EXPECT_EQ(contenido.count("/Type /Page\n"), 3);
 
@@ -428,10 +418,7 @@ TEST_F(PandrelCli, ExportAndReportWriteOnlyWhereAFileBelongs) {
     const QString dispositivo = mCarpeta.filePath("null.txt");
     ASSERT_EQ(::mkfifo(QFile::encodeName(fifo).constData(), 0600), 0);
     QDir(mCarpeta.path()).mkdir("folder.txt");
-    const auto bytes = [](const QString& xArchivo) {
-        QFile archivo(xArchivo);
-        return archivo.open(QIODevice::ReadOnly) ? archivo.readAll() : QByteArray();
-    };
+    const auto bytes = modPrueba::Leer;
     const QString base = Handheld() + "/Stock.pdb";
     const QByteArray antes = bytes(base) + bytes(zip);
     // By handheld: the targets refused.

@@ -42,10 +42,7 @@ protected:
         const clsArchivoPDB& archivo = xBase.Archivo();
         xBase.Guardar(Ruta(QString::fromLatin1(archivo.Nombre), archivo.EsRecursos()));
     }
-    QByteArray Bytes(const QString& xNombre) const {
-        QFile archivo(Ruta(xNombre));
-        return archivo.open(QIODevice::ReadOnly) ? archivo.readAll() : QByteArray();
-    }
+    QByteArray Bytes(const QString& xNombre) const { return modPrueba::Leer(Ruta(xNombre)); }
     clsArchivoPDB Archivo(const QString& xNombre) const {
         return clsArchivoPDB::Leer(Bytes(xNombre));
     }
@@ -53,9 +50,7 @@ protected:
         return std::make_shared<clsFuenteCarpetaRara>(mCarpeta.path(), std::move(xRarezas));
     }
     void Ajustes(const QByteArray& xTexto) {
-        QFile ini(mCarpeta.filePath("Handheld.ini"));
-        ASSERT_TRUE(ini.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        ini.write(xTexto);
+        modPrueba::Poner(mCarpeta.filePath("Handheld.ini"), xTexto);
     }
 
     QTemporaryDir mCarpeta;
@@ -427,10 +422,7 @@ TEST_F(PalmPDBTest, UnRegistroNuevo) {
     clsArchivoPDB completa = Archivo("Completa");
     completa.AppInfo[295] = 1;
     completa.AppInfo[296] = 1;
-    QFile salida(Ruta("Completa"));
-    ASSERT_TRUE(salida.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    salida.write(completa.Escribir());
-    salida.close();
+    modPrueba::Poner(Ruta("Completa"), completa.Escribir());
     clsPalmPDB otra(Fuente());
     ASSERT_TRUE(otra.OpenFile("Completa"));
     EsperarError([&] { otra.NewRecord(); }, ErrorVB::Desbordamiento, "NewRecord");

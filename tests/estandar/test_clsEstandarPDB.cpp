@@ -150,19 +150,14 @@ TEST_F(EstandarTest, UnHandheldJaponesLeeShiftJISYSeparaLasLecturas) {
 TEST_F(EstandarTest, SoloLosAtributosSeEscriben) {
     modHandheldEstandar::Guardar(mCarpeta.path());
     const QString archivo = mCarpeta.filePath("MemoDB.pdb");
-    QFile leido(archivo);
-    ASSERT_TRUE(leido.open(QIODevice::ReadOnly));
-    const QByteArray antes = leido.readAll();
-    leido.close();
+    const QByteArray antes = modPrueba::Leer(archivo);
     clsEstandarPDB base(Fuente(mCarpeta.path()));
     base.OpenFile("MemoDB");
     EXPECT_EQ(base.UpdateRecord(Primero, 0, "changed"), -1);
     EXPECT_EQ(base.NewRecord(), -1);
     EXPECT_FALSE(base.DeleteRecord(Primero));
     base.DeleteAllRecords();
-    ASSERT_TRUE(leido.open(QIODevice::ReadOnly));
-    EXPECT_EQ(leido.readAll(), antes);
-    leido.close();
+    EXPECT_EQ(modPrueba::Leer(archivo), antes);
 
     EXPECT_EQ(base.RecordAttributes(Primero), 0);
     EXPECT_TRUE(base.WriteRecordAttributes(Primero, 0x10));

@@ -18,10 +18,7 @@ namespace {
 
 using modExportacionEstandar::Formato;
 
-QByteArray Leer(const QString& xArchivo) {
-    QFile archivo(xArchivo);
-    return archivo.open(QIODevice::ReadOnly) ? archivo.readAll() : QByteArray();
-}
+using modPrueba::Leer;
 
 QString TextoTiempo(const icaltimetype& xTiempo) {
     if (xTiempo.is_date)

@@ -1,6 +1,7 @@
 #include "common/ErrorVB.h"
 #include "explorer/clsGrillaFlexible.h"
 #include "explorer/modExportacion.h"
+#include "support/modPrueba.h"
 
 #include <QDir>
 #include <QFile>
@@ -10,13 +11,10 @@
 
 namespace {
 
+using modPrueba::Leer;
+
 using modExportacion::Formato;
 using modFuncionesConversion::TablaCodigoPagina;
-
-QByteArray Leer(const QString& xArchivo) {
-    QFile archivo(xArchivo);
-    return archivo.open(QIODevice::ReadOnly) ? archivo.readAll() : QByteArray("<missing>");
-}
 
 // A records grid of every field type plus the spare column, which holds text that must never
 // be written; a title holds a lone carriage return.

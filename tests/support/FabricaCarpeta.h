@@ -2,6 +2,7 @@
 
 #include "data/carpeta/clsFuenteCarpeta.h"
 #include "data/formato/clsArchivoPDB.h"
+#include "support/modPrueba.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -29,19 +30,14 @@ public:
     QString NombreHandheld() const { return QDir(mCarpeta).dirName(); }
 
     void Poner(const QString& xArchivo, const QByteArray& xBytes) {
-        QFile archivo(Ruta(xArchivo));
-        ASSERT_TRUE(archivo.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        archivo.write(xBytes);
+        modPrueba::Poner(Ruta(xArchivo), xBytes);
         mPuestos.append(xArchivo);
     }
     void Poner(const QString& xArchivo, const clsArchivoPDB& xBase) {
         Poner(xArchivo, xBase.Escribir());
     }
     void PonerAjustes(const QByteArray& xTexto) { Poner(QStringLiteral("Handheld.ini"), xTexto); }
-    QByteArray Contenido(const QString& xArchivo) const {
-        QFile archivo(Ruta(xArchivo));
-        return archivo.open(QIODevice::ReadOnly) ? archivo.readAll() : QByteArray();
-    }
+    QByteArray Contenido(const QString& xArchivo) const { return modPrueba::Leer(Ruta(xArchivo)); }
     // Another program changes the database behind the source's back.
     void CambiarPorFuera(const QString& xArchivo, const clsArchivoPDB& xBase) {
         Poner(xArchivo, xBase);

@@ -2,6 +2,7 @@
 
 #include "common/ErrorVB.h"
 
+#include <QFile>
 #include <QString>
 #include <gtest/gtest.h>
 #include <ostream>
@@ -35,6 +36,20 @@ void EsperarError(F&& xAccion, qint32 xNumero, const QString& xFuente = QString(
     EXPECT_EQ(error.Numero(), xNumero) << error.what();
     EXPECT_TRUE(xFuente.isNull() || error.Fuente() == xFuente) << error.what();
     EXPECT_TRUE(error.Descripcion().contains(xTexto)) << error.what();
+}
+
+// The bytes of a file; none when it cannot be read.
+inline QByteArray Leer(const QString& xRuta) {
+    QFile archivo(xRuta);
+    return archivo.open(QIODevice::ReadOnly) ? archivo.readAll() : QByteArray();
+}
+
+// Makes xBytes the whole of the file.
+inline void Poner(const QString& xRuta, const QByteArray& xBytes) {
+    QFile archivo(xRuta);
+    const bool escrito = archivo.open(QIODevice::WriteOnly | QIODevice::Truncate) &&
+                         archivo.write(xBytes) == xBytes.size();
+    EXPECT_TRUE(escrito) << xRuta.toStdString();
 }
 
 } // namespace modPrueba

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/modPrueba.h"
+
 #include <QByteArray>
 #include <QDir>
 #include <QFile>
@@ -39,8 +41,7 @@ inline Entradas DeCarpeta(const QString& xCarpeta) {
     Entradas entradas;
     const QDir carpeta(xCarpeta);
     for (const QString& nombre : carpeta.entryList(QDir::Files, QDir::Name)) {
-        QFile archivo(carpeta.filePath(nombre));
-        if (archivo.open(QIODevice::ReadOnly)) entradas.append({nombre, archivo.readAll()});
+        entradas.append({nombre, modPrueba::Leer(carpeta.filePath(nombre))});
     }
     return entradas;
 }

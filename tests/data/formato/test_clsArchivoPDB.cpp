@@ -1,4 +1,5 @@
 #include "data/formato/clsArchivoPDB.h"
+#include "support/modPrueba.h"
 
 #include <QDir>
 #include <QFile>
@@ -308,9 +309,8 @@ TEST(clsArchivoPDB, LosArchivosDeUnHandheldRealVuelvenByteAByte) {
     const QStringList archivos = carpeta.entryList({"*.pdb", "*.prc"}, QDir::Files);
     ASSERT_FALSE(archivos.isEmpty());
     for (const QString& nombre : archivos) {
-        QFile archivo(carpeta.filePath(nombre));
-        ASSERT_TRUE(archivo.open(QIODevice::ReadOnly)) << nombre.toStdString();
-        const QByteArray bytes = archivo.readAll();
+        const QByteArray bytes = modPrueba::Leer(carpeta.filePath(nombre));
+        ASSERT_FALSE(bytes.isEmpty()) << nombre.toStdString();
         EXPECT_EQ(clsArchivoPDB::Leer(bytes).Escribir(), bytes) << nombre.toStdString();
     }
 }

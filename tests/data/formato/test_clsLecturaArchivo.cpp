@@ -1,4 +1,5 @@
 #include "data/formato/clsLecturaArchivo.h"
+#include "support/modPrueba.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -10,11 +11,7 @@ namespace {
 
 constexpr qint64 Nano = 1000000000;
 
-void Poner(const QString& xRuta, const QByteArray& xBytes) {
-    QFile archivo(xRuta);
-    ASSERT_TRUE(archivo.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    ASSERT_EQ(archivo.write(xBytes), xBytes.size());
-}
+using modPrueba::Poner;
 
 } // namespace
 

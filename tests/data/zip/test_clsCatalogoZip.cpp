@@ -54,9 +54,7 @@ TEST_F(ZipTest, LasEntradasHostilesSeAvisanSinSalirDelArchivo) {
         QTemporaryDir otra;
         ASSERT_TRUE(
             modZipPrueba::GuardarZip(otra.filePath("i.zip"), {{"Oculta.pdb", Base("Oculta")}}));
-        QFile archivo(otra.filePath("i.zip"));
-        ASSERT_TRUE(archivo.open(QIODevice::ReadOnly));
-        interior = archivo.readAll();
+        interior = modPrueba::Leer(otra.filePath("i.zip"));
     }
     ASSERT_TRUE(modZipPrueba::GuardarZip(Ruta(),
                                          {{"Palm/Backup/buena.PDB", Base("Buena")},
@@ -120,16 +118,10 @@ TEST_F(ZipTest, LasEntradasHostilesSeAvisanSinSalirDelArchivo) {
 TEST_F(ZipTest, UnArchivoCortadoEsUnErrorNumerado) {
     ASSERT_TRUE(
         modZipPrueba::GuardarZip(Ruta(), {{"a.pdb", Base("Alfa")}, {"b.pdb", Base("Beta")}}));
-    QFile archivo(Ruta());
-    ASSERT_TRUE(archivo.open(QIODevice::ReadOnly));
-    const QByteArray entero = archivo.readAll();
-    archivo.close();
+    const QByteArray entero = modPrueba::Leer(Ruta());
     for (const QByteArray& roto : {entero.left(entero.size() - 30), entero.left(entero.size() / 2),
                                    QByteArray("PK\x05\x06"), QByteArray()}) {
-        QFile::remove(Ruta());
-        ASSERT_TRUE(archivo.open(QIODevice::WriteOnly));
-        archivo.write(roto);
-        archivo.close();
+        modPrueba::Poner(Ruta(), roto);
         clsFuenteZip fuente(Ruta());
         modPrueba::EsperarError([&] { Listar(fuente); }, ErroresFuente::HandheldInaccesible, {},
                                 "cannot be read");
@@ -189,8 +181,7 @@ TEST_F(ZipTest, UnaEscrituraLlegaAlArchivoYQuitaLosTemporalesAbandonados) {
     const QStringList ajenos = {".Palm.zip." + vivo + "-Ab12Cd", ".Palm.zip.backup",
                                 "Palm.zip.txt"};
     for (const QString& nombre : abandonados + ajenos) {
-        QFile archivo(mCarpeta.filePath("real/" + nombre));
-        ASSERT_TRUE(archivo.open(QIODevice::WriteOnly));
+        modPrueba::Poner(mCarpeta.filePath("real/" + nombre), {});
     }
 
     clsFuenteZip fuente(Ruta());

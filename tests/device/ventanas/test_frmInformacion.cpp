@@ -2,6 +2,7 @@
 #include "data/carpeta/clsFuenteCarpeta.h"
 #include "data/modHandheld.h"
 #include "device/ventanas/frmInformacion.h"
+#include "support/modPrueba.h"
 #include "support/ventanas/clsPruebaVentana.h"
 
 #include <QDir>
@@ -58,10 +59,7 @@ TEST_F(frmInformacionTest, LeeElHandheldYAvisaUnaVezSiFalla) {
         const QString carpeta = mCarpeta.filePath(caso.Nombre);
         QDir().mkpath(carpeta);
         clsConstructorBase("MemoDB", "DATA", "memo").Guardar(carpeta + "/MemoDB.pdb");
-        QFile ini(carpeta + "/Handheld.ini");
-        ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
-        ini.write(caso.Ini);
-        ini.close();
+        modPrueba::Poner(carpeta + "/Handheld.ini", caso.Ini);
         modHandheld::EstablecerFuente(
             caso.Ini.isEmpty() ? nullptr : std::make_shared<clsFuenteCarpeta>(carpeta));
         frmInformacion ventana;

@@ -10,6 +10,7 @@
 #include "explorer/ventanas/frmPandrel.h"
 #include "printing/ventanas/clsImpresoraQt.h"
 #include "support/clsImpresoraGrabadora.h"
+#include "support/modPrueba.h"
 #include "support/ventanas/clsPruebaVentana.h"
 
 #include <QAction>
@@ -104,9 +105,8 @@ void CrearHandheld(const QString& xCarpeta) {
     clsConstructorBase preferencias("Prefs", "pref", "othr");
     Guardar(xCarpeta, preferencias);
 
-    QFile ini(xCarpeta + "/Handheld.ini");
-    ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
-    ini.write("[Card]\nRomSize=1536\nRamSize=2097152\nFreeRam=1000000\n");
+    modPrueba::Poner(xCarpeta + "/Handheld.ini",
+                     "[Card]\nRomSize=1536\nRamSize=2097152\nFreeRam=1000000\n");
 }
 
 class frmPandrelTest : public clsPruebaVentana {
@@ -286,9 +286,7 @@ TEST_F(frmPandrelTest, OpenRecordsShowsABuiltInApplicationsRecords) {
     EXPECT_EQ(Fila(Grilla("grdTabla"), 1), QStringList({"hello", "hello", "Unfiled", "False", ""}));
 
     const auto enDisco = [this] {
-        QFile leido(mCarpeta.filePath("MemoDB.pdb"));
-        return leido.open(QIODevice::ReadOnly) ? clsArchivoPDB::Leer(leido.readAll())
-                                               : clsArchivoPDB();
+        return clsArchivoPDB::Leer(modPrueba::Leer(mCarpeta.filePath("MemoDB.pdb")));
     };
     const QByteArray antes = enDisco().Registros[0].Datos;
     for (QAction* boton : Control<QToolBar>("tlbOpciones")->actions())
@@ -320,9 +318,7 @@ TEST_F(frmPandrelTest, AStartThatFailsLeavesTheTreeEmpty) {
         QTemporaryDir carpeta;
         if (!caso.Ini.isEmpty()) {
             CrearHandheld(carpeta.path());
-            QFile ini(carpeta.filePath("Handheld.ini"));
-            ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
-            ini.write(caso.Ini);
+            modPrueba::Poner(carpeta.filePath("Handheld.ini"), caso.Ini);
         }
         Mensajes.clear();
         Estados.clear();
@@ -564,9 +560,7 @@ TEST_F(frmPandrelRegistrosTest, ExportWritesEveryRecordToTheChosenFile) {
     EXPECT_EQ(TextosMensajes(), QStringList({pregunta, pregunta}));
     // The format the chosen filter names; the bytes are modExportacion's.
     for (const char* archivo : {"stock.txt", "stock.csv"}) {
-        QFile escrito(carpeta + archivo);
-        ASSERT_TRUE(escrito.open(QIODevice::ReadOnly)) << archivo;
-        const QByteArray bytes = escrito.readAll();
+        const QByteArray bytes = modPrueba::Leer(carpeta + archivo);
         EXPECT_TRUE(bytes.startsWith(QString(archivo).endsWith("csv") ? "Name," : "Name\t"));
         EXPECT_EQ(bytes.count("\r\n"), kRegistros + 1);
     }
@@ -646,9 +640,7 @@ TEST_F(frmPandrelRegistrosTest, AWriteToAFileThatNowHoldsAnotherDatabaseReloadsT
         escribir();
         QApplication::processEvents();
         EXPECT_TRUE(informe.contains("changed on disk")) << caso << ": " << qPrintable(informe);
-        QFile enDisco(archivo);
-        ASSERT_TRUE(enDisco.open(QIODevice::ReadOnly));
-        EXPECT_EQ(enDisco.readAll(), otra.Archivo().Escribir()) << caso;
+        EXPECT_EQ(modPrueba::Leer(archivo), otra.Archivo().Escribir()) << caso;
         EXPECT_FALSE(mGrilla->isVisible()) << caso;
         EXPECT_EQ(mVentana->windowTitle(), "Explorer") << caso;
         // The creators again, each with its databases still to be read.

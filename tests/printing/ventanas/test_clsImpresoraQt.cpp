@@ -51,10 +51,7 @@ TEST(clsImpresoraQt, EscribeElDocumentoEnteroOFallaConUnError) {
     QTemporaryDir carpeta;
     const QString archivo = carpeta.filePath("informe.pdf");
     for (const bool terminar : {false, true}) {
-        QFile escrito(archivo);
-        ASSERT_TRUE(escrito.open(QIODevice::WriteOnly));
-        escrito.write("old");
-        escrito.close();
+        modPrueba::Poner(archivo, "old");
         QPrinter pdf(QPrinter::HighResolution);
         PrepararPdf(pdf, archivo);
         {
@@ -65,8 +62,7 @@ TEST(clsImpresoraQt, EscribeElDocumentoEnteroOFallaConUnError) {
             impresora->Print("second page");
             if (terminar) impresora->EndDoc();
         }
-        ASSERT_TRUE(escrito.open(QIODevice::ReadOnly));
-        const QByteArray contenido = escrito.readAll();
+        const QByteArray contenido = modPrueba::Leer(archivo);
         EXPECT_EQ(contenido.startsWith("%PDF"), terminar);
         EXPECT_EQ(contenido.count("/Type /Page\n"), terminar ? 2 : 0);
     }
