@@ -1,3 +1,4 @@
+#include "common/modFecha.h"
 #include "constructor/clsConstructorBase.h"
 #include "constructor/modHandheldEstandar.h"
 #include "support/modPrueba.h"
@@ -22,10 +23,6 @@ struct Resultado {
     QString Errores;
 };
 
-QDateTime Fecha(int xAnio, int xMes, int xDia, int xHora = 0, int xMinuto = 0) {
-    return QDateTime(QDate(xAnio, xMes, xDia), QTime(xHora, xMinuto), Qt::UTC);
-}
-
 // The handheld of these tests:
 //   AFst: Stock (AppForge, 100 records, the first "Claw hammer") and its application StockApp
 //   PrLs: Prices (AppForge, 3 records)
@@ -37,7 +34,8 @@ void CrearHandheld(const QString& xCarpeta) {
     using C = clsConstructorBase;
     C stock("Stock", "DATA", "AFst");
     stock.Version(2);
-    stock.Fechas(Fecha(2004, 6, 7, 9), Fecha(2005, 3, 11, 18, 30), Fecha(2005, 3, 1, 8));
+    stock.Fechas(modFecha::Crear(2004, 6, 7, 9), modFecha::Crear(2005, 3, 11, 18, 30),
+                 modFecha::Crear(2005, 3, 1, 8));
     stock.Categorias({"Unfiled", "North", "South", "Key accounts"});
     stock.EsquemaAppForge("Stock", {{"Name", C::String},
                                     {"When", C::Date},
@@ -45,11 +43,12 @@ void CrearHandheld(const QString& xCarpeta) {
                                     {"Note", C::String},
                                     {"Price", C::Single},
                                     {"Ok", C::Boolean}});
-    stock.AgregarRegistro({"Claw hammer", Fecha(2005, 2, 8, 12, 44), 20, "aisle 3", 37.49, true});
+    stock.AgregarRegistro(
+        {"Claw hammer", modFecha::Crear(2005, 2, 8, 12, 44), 20, "aisle 3", 37.49, true});
     for (int i = 1; i < 100; ++i)
-        stock.AgregarRegistro(
-            {QString("Item %1").arg(i), Fecha(2005, 1, 1 + i % 28), i, "", i * 0.25, i % 2 == 0}, 0,
-            i % 4);
+        stock.AgregarRegistro({QString("Item %1").arg(i), modFecha::Crear(2005, 1, 1 + i % 28), i,
+                               "", i * 0.25, i % 2 == 0},
+                              0, i % 4);
     stock.Guardar(xCarpeta + "/Stock.pdb");
     C aplicacion("StockApp", "appl", "AFst");
     aplicacion.AgregarRecurso("code", 1, "code");
@@ -156,6 +155,9 @@ TEST_F(PandrelCli, ErrorsPrintOneLineAndNothingOnStdout) {
          "Error -2147220500: The Database selected have not Schema. [NumFields]"},
         {{"get", "Stock", "99"}, 1, "Error "},
         {{"header", "NoSuchDB"}, 1, "Error "},
+        {{"export", "Stock", " "}, 1, "Error 52: Invalid file name [ValidarArchivoExportacion]"},
+        {{"export", "Notes", mCarpeta.filePath("x")}, 1, "Error -2147220500: "},
+        {{"export", "Stock"}, 2, "usage: pandrel-cli"},
         {{"frobnicate"}, 2, "usage: pandrel-cli"},
         {{"get", "Stock"}, 2, "usage: pandrel-cli"},
         {{"get", "Stock", "x"}, 2, "usage: pandrel-cli"},
@@ -173,6 +175,7 @@ TEST_F(PandrelCli, ErrorsPrintOneLineAndNothingOnStdout) {
         EXPECT_TRUE(resultado.Errores.startsWith(caso.Error))
             << comando << ": " << resultado.Errores.toStdString();
     }
+    EXPECT_FALSE(QFile::exists(mCarpeta.filePath("x"))) << "a failed export leaves no file";
     // The failed updates wrote nothing.
     EXPECT_EQ(Ejecutar({"get", "Stock", id}).Salida.section('\t', 2, 2), "20");
     EXPECT_TRUE(Ejecutar({"frobnicate"}).Errores.contains("SEP \\t stands for the tab character."));
@@ -317,21 +320,6 @@ TEST_F(PandrelCli, ExportWritesEveryRecordToTheFile) {
         EXPECT_EQ(lineas.size(), 102) << "the header, 100 records and nothing after the last CR LF";
         EXPECT_EQ(lineas[1] + '\n', caso.Linea2);
     }
-    const struct {
-        QStringList Argumentos;
-        int Estado;
-        QString Error;
-    } fallos[] = {
-        {{"export", "Stock", " "}, 1, "Error 52: Invalid file name [ValidarArchivoExportacion]"},
-        {{"export", "Notes", carpeta + "/x"}, 1, "Error -2147220500: "},
-        {{"export", "Stock"}, 2, "usage: pandrel-cli"},
-    };
-    for (const auto& fallo : fallos) {
-        const Resultado resultado = Ejecutar(fallo.Argumentos);
-        EXPECT_EQ(resultado.Estado, fallo.Estado) << fallo.Argumentos.join(' ').toStdString();
-        EXPECT_TRUE(resultado.Errores.startsWith(fallo.Error)) << resultado.Errores.toStdString();
-    }
-    EXPECT_FALSE(QFile::exists(carpeta + "/x")) << "a failed export leaves no file";
 }
 
 // The built-in applications' databases: read as any other (their field lists and decoding are
@@ -398,14 +386,7 @@ TEST_F(PandrelCli, ReportPrintsThePagesToAPdfFile) {
         EXPECT_EQ(Ejecutar(fallo.Argumentos).Estado, fallo.Estado)
             << fallo.Argumentos.join(' ').toStdString();
     }
-    // A batch prints one too.
-    QProcess lote;
-    lote.start(PANDREL_CLI, {"--handheld", Handheld(), "batch"});
-    lote.write("report Stock --pdf " + mCarpeta.filePath("batch.pdf").toUtf8() + "\n");
-    lote.closeWriteChannel();
-    lote.waitForFinished(30000);
-    EXPECT_EQ(lote.readAllStandardOutput(), "#end 0\n");
-    EXPECT_EQ(QDir(mCarpeta.path()).entryList({"*.pdf*"}), QStringList({"batch.pdf", "stock.pdf"}));
+    EXPECT_EQ(QDir(mCarpeta.path()).entryList({"*.pdf*"}), QStringList({"stock.pdf"}));
 }
 
 // export and report write only a regular file or a new name, and follow a link alike; anything

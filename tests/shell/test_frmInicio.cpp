@@ -89,7 +89,7 @@ TEST_F(frmInicioTest, EachFileDebuggerCommandOpensAnotherExplorer) {
     EXPECT_TRUE(Mensajes.isEmpty());
 }
 
-TEST_F(frmInicioTest, InformationAndAboutOpenTheirWindowsModally) {
+TEST_F(frmInicioTest, InformationAboutAndTheNoticeOpenTheirWindowsModally) {
     struct Caso {
         std::function<void()> Accion;
         QString Ventana;
@@ -99,28 +99,15 @@ TEST_F(frmInicioTest, InformationAndAboutOpenTheirWindowsModally) {
         {[this] { mInicio->tlbOpciones_ButtonClick(mInicio->Boton("Informacion")); },
          "frmInformacion"},
         {[this] { Menu("mnuHelpAbout")->trigger(); }, "frmSplash"},
+        // The explorer asks for the "under construction" notice; the frame shows it.
+        {[this] {
+             Menu("mnuFileDebugger")->trigger();
+             emit qobject_cast<frmPandrel*>(Hijas().last()->widget())->AvisoConstruccion();
+         },
+         "frmMensajeConstruccion"},
     };
     for (const Caso& caso : casos)
         EXPECT_EQ(ConModales(caso.Accion), QStringList{caso.Ventana});
-}
-
-// The explorer asks for the "under construction" notice; the frame shows it over the explorer.
-TEST_F(frmInicioTest, TheNoticeAnExplorerAsksForShowsModally) {
-    Menu("mnuFileDebugger")->trigger();
-    ASSERT_EQ(Hijas().size(), 1);
-    auto* explorador = qobject_cast<frmPandrel*>(Hijas()[0]->widget());
-    EXPECT_EQ(ConModales([explorador] { emit explorador->AvisoConstruccion(); }),
-              QStringList{"frmMensajeConstruccion"});
-}
-
-TEST_F(frmInicioTest, AHandheldThatCannotBeReadEndsInConnectionError) {
-    modHandheld::EstablecerFuente(std::make_shared<clsFuenteCarpeta>(mCarpeta + "/missing"));
-    Menu("mnuFileDebugger")->trigger();
-    EXPECT_EQ(Mensaje(), "Connection error");
-    EXPECT_EQ(mInicio->cursor().shape(), Qt::ArrowCursor);
-    EXPECT_EQ(TextosMensajes(), QStringList{"Palm Database connection error."});
-    // The window stays open with what was built.
-    EXPECT_EQ(Hijas().size(), 1);
 }
 
 // Opening a backup asks before closing the explorers of the handheld open now; the new handheld
