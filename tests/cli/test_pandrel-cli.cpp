@@ -340,10 +340,6 @@ TEST_F(PandrelCli, TheBuiltInApplicationsDatabasesReadAndExport) {
         QByteArray Inicio; // of the file written, or of the error
     } casos[] = {
         {"AddressDB", "a.vcf", {}, "BEGIN:VCARD\r\nVERSION:3.0\r\nN:Alvarez;"},
-        {"MemoDB",
-         "m.txt",
-         {"--csv"},
-         "Title,Memo,Category,Private\r\n\"Shopping\",\"Shopping\xb6"},
         {"AddressDB", "a.csv", {"--rfc4180"}, "Error -2147213295: --csv and --rfc4180"},
     };
     for (const auto& caso : casos) {

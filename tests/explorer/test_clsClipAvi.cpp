@@ -38,30 +38,6 @@ TEST(clsClipAvi, ReadsBackWhatWasWritten) {
     }
 }
 
-// An RLE8 frame that skips pixels keeps those of the frame before it.
-TEST(clsClipAvi, AnRle8SkipKeepsThePreviousPixels) {
-    clsConstructorAvi constructor(5, 3, 50, {0, 0xffffff});
-    constructor.AgregarCuadro(Cuadros().at(0));
-    QByteArray avi = constructor.Escribir(true);
-    // A second frame: skip to the top row (the last stored), paint two pixels of index 1, end.
-    const QByteArray delta("\x00\x02\x01\x02\x02\x01\x00\x01", 8);
-    const qsizetype movi = avi.indexOf("movi");
-    QByteArray trozo("00dc", 4);
-    trozo.append("\x08\0\0\0", 4);
-    trozo += delta;
-    avi.insert(avi.indexOf("idx1"), trozo);
-    qToLittleEndian<quint32>(avi.size() - 8, avi.data() + 4);
-    const qsizetype lista = movi - 8;
-    qToLittleEndian<quint32>(qFromLittleEndian<quint32>(avi.constData() + lista + 4) + 16,
-                             avi.data() + lista + 4);
-    clsClipAvi clip;
-    ASSERT_TRUE(clip.Leer(avi)) << clip.Error().toStdString();
-    ASSERT_EQ(clip.Cuadros().size(), 2);
-    QByteArray esperado = Cuadros().at(0);
-    esperado[1] = esperado[2] = 1;
-    EXPECT_EQ(clip.Cuadros().at(1), esperado);
-}
-
 TEST(clsClipAvi, RefusesWhatIsNotSuchAClip) {
     const QByteArray bueno = Clip(true);
     QByteArray veinticuatro = bueno;

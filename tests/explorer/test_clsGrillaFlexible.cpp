@@ -48,27 +48,6 @@ TEST(clsGrillaFlexible, FixedCountsAlwaysLeaveAScrollingRowAndColumn) {
     }
 }
 
-TEST(clsGrillaFlexible, CuttingRowsOrColumnsTakesFixedOnesAlong) {
-    clsGrillaFlexible grilla;
-    Llenar(grilla, 4, {"T1\tT2\tT3\tT4", "a\tb\tc\td", "e\tf\tg\th"});
-    grilla.SetFixedRows(1);
-    grilla.SetFixedCols(3);
-
-    grilla.SetRows(1);
-    EXPECT_EQ(grilla.FixedRows(), 0);
-    EXPECT_EQ(grilla.TextMatrix(0, 3), "T4");
-    grilla.SetCols(2);
-    EXPECT_EQ(grilla.FixedCols(), 1);
-
-    // Widening again brings empty cells back, not the texts that were cut.
-    grilla.SetCols(4);
-    EXPECT_EQ(grilla.TextMatrix(0, 2), "");
-    EXPECT_EQ(grilla.ColWidth(3), clsGrillaFlexible::AnchoPredeterminado);
-    grilla.SetRows(2);
-    EXPECT_EQ(grilla.TextMatrix(1, 0), "");
-    EXPECT_EQ(grilla.RowData(1), 0);
-}
-
 TEST(clsGrillaFlexible, IndicesOutsideTheGridRaiseSubscriptOutOfRange) {
     clsGrillaFlexible grilla;
     Llenar(grilla, 2, {"a\tb"});

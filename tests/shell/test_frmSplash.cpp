@@ -1,9 +1,6 @@
-#include "shell/frmMensajeConstruccion.h"
 #include "shell/frmSplash.h"
 
 #include <QElapsedTimer>
-#include <QPushButton>
-#include <QTest>
 #include <QTimer>
 #include <gtest/gtest.h>
 
@@ -34,26 +31,6 @@ TEST(frmSplash, ElRelojLaCierraSegunSuModo) {
         EXPECT_GE(abierta, caso.Intervalo - 50) << caso.AcercaDe;
         EXPECT_LT(abierta, caso.Intervalo + 2000) << caso.AcercaDe;
     }
-}
-
-TEST(frmSplash, CualquierTeclaLaCierra) {
-    for (const Qt::Key tecla : {Qt::Key_A, Qt::Key_Escape}) {
-        frmSplash ventana;
-        ventana.Parametros(true);
-        const qint64 abierta = Ejecutar(ventana, [&] { QTest::keyClick(&ventana, tecla); });
-        EXPECT_LT(abierta, 1500) << tecla;
-        EXPECT_EQ(ventana.result(), QDialog::Accepted) << tecla;
-    }
-}
-
-TEST(frmMensajeConstruccion, ElBotonLaCierra) {
-    frmMensajeConstruccion ventana;
-    auto* cerrar = ventana.findChild<QPushButton*>("CTRBotClose");
-    ASSERT_TRUE(cerrar);
-    const qint64 abierta =
-        Ejecutar(ventana, [cerrar] { QTest::mouseClick(cerrar, Qt::LeftButton); });
-    EXPECT_LT(abierta, 1500);
-    EXPECT_EQ(ventana.result(), QDialog::Accepted);
 }
 
 } // namespace
