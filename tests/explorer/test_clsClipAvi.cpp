@@ -1,7 +1,6 @@
 #include "constructor/clsConstructorAvi.h"
 #include "explorer/clsClipAvi.h"
 
-#include <QtEndian>
 #include <gtest/gtest.h>
 
 namespace {
