@@ -260,34 +260,6 @@ TEST_F(PalmPDBTest, ElEsquema) {
     EXPECT_EQ(mBase->FieldName(-1), "");
 }
 
-TEST_F(PalmPDBTest, RecorreLosRegistrosConSusFiltros) {
-    ASSERT_TRUE(mBase->OpenFile("Clientes"));
-    const struct {
-        const char* nombre;
-        qint32 categoria;
-        bool modificados;
-        std::vector<qint32> ids;
-    } casos[] = {
-        {"todos", -1, false, {10, 11, 12}},     {"categoria1", 1, false, {11, 12}},
-        {"categoria0", 0, false, {10}},         {"modificados", -1, true, {11}},
-        {"modificadosCategoria0", 0, true, {}},
-    };
-    for (const auto& caso : casos) {
-        std::vector<qint32> ids;
-        bool alPrincipio = true;
-        QString texto;
-        for (qint32 id; (id = mBase->ReadRecord(alPrincipio, texto, "\t", caso.categoria,
-                                                caso.modificados)) != -1;) {
-            ids.push_back(id);
-            EXPECT_FALSE(texto.isEmpty());
-            // The read itself clears the move-to-start flag, so the loop goes on.
-            ASSERT_LT(ids.size(), 10u);
-        }
-        EXPECT_EQ(ids, caso.ids) << caso.nombre;
-        EXPECT_EQ(texto, "") << caso.nombre;
-    }
-}
-
 // An update encodes its field alone into the record as it is: a text grows or shrinks the record
 // by its bytes, a number or a date goes through the regional settings, a String at the end keeps
 // a spare byte; a value the field cannot take writes nothing. Clientes 10 is "AB", 258, True and
