@@ -439,34 +439,6 @@ TEST_F(PalmPDBTest, UnRegistroDeID0SeEscribeEnSuLugar) {
     EXPECT_EQ(archivo.Registros[1].Datos.toHex(), "4200000200");
 }
 
-// Reading by place in the file gives what the sequential reading gives, record for record, and
-// ends where it ends: a record whose ID is 0 is read in the middle, but taken for the end last.
-TEST_F(PalmPDBTest, LaLecturaPorLugarEsLaSecuencial) {
-    for (const int conID0 : {-1, 0, 2}) {
-        GuardarClientes({"4100000101", "4200000200", "4300000001"}, 1,
-                        [conID0](clsConstructorBase& xBase) {
-                            if (conID0 >= 0) xBase.Archivo().Registros[conID0].ID = 0;
-                        });
-        clsPalmPDB pdb(Fuente());
-        ASSERT_TRUE(pdb.OpenFile("Clientes"));
-        for (const QString& separador : {QStringLiteral("\t"), QStringLiteral(",")}) {
-            QStringList secuencial;
-            QString texto;
-            bool alPrincipio = true;
-            for (qint32 id; (id = pdb.ReadRecord(alPrincipio, texto, separador)) != -1;)
-                secuencial << QString::number(id) + ':' + texto;
-            QStringList porLugar;
-            clsPalmPDB::LecturaIndice lectura;
-            for (qint32 i = 0, id; (id = pdb.TextoEnIndice(i, separador, lectura, texto)) != -1;
-                 ++i)
-                porLugar << QString::number(id) + ':' + texto;
-            EXPECT_EQ(porLugar, secuencial) << conID0;
-            EXPECT_EQ(porLugar.size(), conID0 == 2 ? 2 : 3) << conID0;
-        }
-        pdb.CloseDatabase();
-    }
-}
-
 TEST_F(PalmPDBTest, DatosDeCadaRegistro) {
     ASSERT_TRUE(mBase->OpenFile("Clientes"));
     const struct {
@@ -556,15 +528,11 @@ TEST_F(PalmPDBTest, UnaBaseDeRecursos) {
     EXPECT_FALSE(mBase->IsAppForgeDB());
     EXPECT_EQ(mBase->NumRecords(), 0);
     EXPECT_EQ(mBase->CategoriesCount(), 0);
-    EXPECT_EQ(mBase->CategoryName(0), "");
-    EXPECT_EQ(mBase->DBType(), "appl");
     QString texto = "previo";
     bool alPrincipio = true;
     EXPECT_EQ(mBase->ReadRecord(alPrincipio, texto, "\t"), 0);
     EXPECT_EQ(texto, "previo");
-    EXPECT_FALSE(mBase->ReadRecordByID(1, texto, "\t"));
     EXPECT_FALSE(mBase->DeleteRecord(1));
-    EXPECT_EQ(mBase->RecordAttributes(1), -1);
 }
 
 TEST_F(PalmPDBTest, LaCabecera) {
@@ -579,11 +547,7 @@ TEST_F(PalmPDBTest, LaCabecera) {
         EXPECT_FLOAT_EQ(pdb.DBVersion(), caso.esperada);
     }
     // The other header facts pass through as the source's information object gives them (see the
-    // source's own suite); closing keeps the kind of the last database.
-    ASSERT_TRUE(mBase->OpenFile("Clientes"));
-    mBase->CloseDatabase();
-    EXPECT_TRUE(mBase->IsAppForgeDB());
-    EXPECT_TRUE(mBase->IsDataBase());
+    // source's own suite).
 }
 
 class CatalogoTest : public CarpetaTest {
@@ -647,28 +611,6 @@ TEST_F(CatalogoTest, LosCreadoresPorClase) {
         clsPalmPDB pdb(Fuente({{{"Ocupada", ErroresFuente::BaseEnUso}}}));
         EXPECT_EQ(pdb.RetrieveCreatorsID(caso.clase, "\t"), caso.esperado) << caso.clase;
     }
-    // The other kinds after the first, on one object, give the same lists.
-    clsPalmPDB pdb(mFuente);
-    for (const auto& caso : casos)
-        EXPECT_EQ(pdb.RetrieveCreatorsID(caso.clase, "\t"), caso.esperado) << caso.clase;
-}
-
-TEST_F(CatalogoTest, LasListasSeGuardan) {
-    clsPalmPDB pdb(mFuente);
-    const QString primera = pdb.RetrieveCreatorsID(0, "\t");
-    // A new AppForge database does not reach the list already made, nor does another separator.
-    clsConstructorBase nueva("Nueva", "DATA", "NEW1");
-    nueva.EsquemaAppForge("T", {{"A", C::Int}});
-    Guardar(nueva);
-    EXPECT_EQ(pdb.RetrieveCreatorsID(0, "\t"), primera);
-    EXPECT_EQ(pdb.RetrieveCreatorsID(0, "|"), primera);
-    EXPECT_TRUE(pdb.RetrieveCreatorsID(2, "\t").contains("NEW1\t"));
-    EsperarError([&] { pdb.RetrieveCreatorsID(3, "\t"); }, ErrorVB::SubindiceFueraDeRango,
-                 "RetrieveCreatorsID");
-    // Listing leaves the last database it looked at open.
-    EsperarError([&] { pdb.OpenFile("zeta"); }, YaAbierta, "OpenFile");
-    pdb.CloseDatabase();
-    EXPECT_TRUE(pdb.OpenFile("zeta"));
 }
 
 } // namespace

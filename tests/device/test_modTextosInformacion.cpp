@@ -1,7 +1,6 @@
 #include "common/clsConfiguracionRegional.h"
 #include "common/modFecha.h"
 #include "device/modTextosInformacion.h"
-#include "support/modPrueba.h"
 
 #include <gtest/gtest.h>
 

@@ -9,7 +9,6 @@
 #include "support/modPrueba.h"
 
 #include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 

@@ -1,4 +1,3 @@
-#include "common/ErrorVB.h"
 #include "common/clsConfiguracionRegional.h"
 #include "constructor/modHandheldEstandar.h"
 #include "data/MensajesError.h"
@@ -190,14 +189,6 @@ TEST_F(ExportacionTest, UnFormatoQueNoLeVaALaBaseEsUnError) {
                                 ErroresEstandar::FormatoNoAdmitido, {}, caso.Base);
         EXPECT_FALSE(QFile::exists(mCarpeta.filePath(QString("out/") + caso.Archivo)));
     }
-    // A folder, or one of the handheld's own files, is no place for an export.
-    QDir().mkpath(mCarpeta.filePath("out/folder.csv"));
-    EXPECT_THROW(Exportar("MemoDB", "folder.csv"), ErrorVB);
-    clsEstandarPDB base(mFuente);
-    base.OpenFile("ToDoDB");
-    EXPECT_THROW(modExportacionEstandar::Exportar(base, mCarpeta.filePath("MemoDB.pdb"),
-                                                  modExportacionEstandar::Formato::CSV),
-                 ErrorVB);
 }
 
 // Export Standard Data: a file per application, and a line for what the handheld lacks.

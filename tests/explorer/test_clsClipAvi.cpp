@@ -24,20 +24,14 @@ QByteArray Clip(bool xRle8) {
     return clip.Escribir(xRle8);
 }
 
-TEST(clsClipAvi, ReadsBackWhatWasWritten) {
+// A clip reads back frame for frame, whether its frames are RLE8 or not; what is not such a clip
+// is refused with its reason and no frame.
+TEST(clsClipAvi, ReadsItsFramesAndRefusesWhatIsNotSuchAClip) {
     for (const bool rle8 : {true, false}) {
         clsClipAvi clip;
         ASSERT_TRUE(clip.Leer(Clip(rle8))) << clip.Error().toStdString();
-        EXPECT_EQ(clip.Ancho(), 5);
-        EXPECT_EQ(clip.Alto(), 3);
-        EXPECT_EQ(clip.MicrosegundosPorCuadro(), 50000);
-        EXPECT_EQ(clip.Paleta().at(1), 0xffff0000u);
-        EXPECT_EQ(clip.Paleta().at(3), 0xff0000ffu);
         EXPECT_EQ(clip.Cuadros(), Cuadros()) << rle8;
     }
-}
-
-TEST(clsClipAvi, RefusesWhatIsNotSuchAClip) {
     const QByteArray bueno = Clip(true);
     QByteArray veinticuatro = bueno;
     veinticuatro[veinticuatro.indexOf("strf") + 8 + 14] = 24;

@@ -25,29 +25,6 @@ QStringList Columna(const clsGrillaFlexible& xGrilla, qint32 xColumna) {
     return textos;
 }
 
-TEST(clsGrillaFlexible, FixedCountsAlwaysLeaveAScrollingRowAndColumn) {
-    struct Caso {
-        qint32 Filas, Columnas, FilasFijas, ColumnasFijas;
-        bool Valido;
-    };
-    const Caso casos[] = {
-        {2, 3, 1, 2, true}, {1, 3, 0, 2, true}, {1, 3, 1, 0, false},  {2, 3, 0, 3, false},
-        {0, 0, 0, 0, true}, {5, 1, 4, 0, true}, {2, 2, -1, 0, false}, {2, 2, 0, -1, false},
-    };
-    for (const Caso& caso : casos) {
-        clsGrillaFlexible grilla;
-        grilla.SetCols(caso.Columnas);
-        grilla.SetRows(caso.Filas);
-        const qint32 numero = modPrueba::ErrorDe([&] {
-                                  grilla.SetFixedRows(caso.FilasFijas);
-                                  grilla.SetFixedCols(caso.ColumnasFijas);
-                              }).Numero();
-        EXPECT_EQ(numero, caso.Valido ? 0 : ErrorVB::SubindiceFueraDeRango)
-            << caso.Filas << "x" << caso.Columnas << " fixed " << caso.FilasFijas << "/"
-            << caso.ColumnasFijas;
-    }
-}
-
 TEST(clsGrillaFlexible, IndicesOutsideTheGridRaiseSubscriptOutOfRange) {
     clsGrillaFlexible grilla;
     Llenar(grilla, 2, {"a\tb"});

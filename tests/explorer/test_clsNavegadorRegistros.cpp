@@ -6,7 +6,6 @@
 #include "data/clsPalmPDB.h"
 #include "explorer/clsGrillaFlexible.h"
 #include "explorer/clsNavegadorRegistros.h"
-#include "support/modPrueba.h"
 
 #include <QAbstractItemModelTester>
 #include <QDir>

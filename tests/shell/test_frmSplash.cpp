@@ -35,4 +35,3 @@ TEST(frmSplash, ElRelojLaCierraSegunSuModo) {
 
 } // namespace
 
-#include "support/modPrueba.h"

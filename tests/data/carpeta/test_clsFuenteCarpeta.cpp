@@ -1,4 +1,3 @@
-#include "common/ErrorVB.h"
 #include "common/modFecha.h"
 #include "data/carpeta/clsFuenteCarpeta.h"
 #include "data/formato/clsArchivoPDB.h"
@@ -198,7 +197,6 @@ TYPED_TEST(FuenteDeBases, EnumerarFiltraPorCreadorYTipo) {
         {"", "appl", {"Cuatro"}},
         {"", "", {"Uno", "Dos", "Tres", "Cuatro"}},
         {"MEMO", "", {}},
-        {"none", "", {}},
     };
     auto gestor = fuente->CrearGestor();
     for (const Caso& caso : casos) {
@@ -259,10 +257,8 @@ TYPED_TEST(FuenteDeBases, UnHandheldInaccesibleLoDiceEnCadaPuerta) {
     auto fuente = this->mFabrica.CrearInaccesible();
     const std::vector<std::function<void()>> puertas = {
         [&] { fuente->CrearGestor()->ListarBases(-1); },
-        [&] { fuente->CrearGestor()->EnumerarBases("", "", true); },
         [&] { fuente->CrearGestor()->BuscarBase("MemoDB"); },
         [&] { fuente->CrearGestor()->AbrirBaseRegistros("MemoDB", "", 208); },
-        [&] { fuente->CrearSistema()->TarjetaMemoria(); },
         [&] { fuente->CrearSistema()->InformacionUsuario(); },
     };
     for (const auto& puerta : puertas)
@@ -356,29 +352,6 @@ TYPED_TEST(FuenteDeBases, LasLecturasSecuencialesFiltranYTerminan) {
     EsperarError([&] { a.LeerPorID(8); }, ErroresFuente::RegistroNoEncontrado, {}, "8");
 }
 
-TYPED_TEST(FuenteDeBases, LosBloquesYLasCategorias) {
-    clsArchivoPDB corta = BaseDeRegistros("Corta");
-    corta.AppInfo = "corto"; // no category block
-    this->mFabrica.Poner("v.pdb", BaseVariada());
-    this->mFabrica.Poner("c.pdb", corta);
-    auto fuente = this->mFabrica.Crear();
-    auto adaptador = fuente->CrearGestor()->AbrirBaseRegistros("Variada", "", 208);
-    EXPECT_EQ(adaptador->LeerAppInfo(), BaseVariada().AppInfo);
-    EXPECT_EQ(adaptador->LeerInfoOrden(), QByteArray("SORT"));
-    const clsCategoriasPalm& categorias = adaptador->Categorias();
-    // Slots 0, 1 and 3 have names: the count reaches the last of them.
-    EXPECT_EQ(categorias.CantidadCategorias(), 4);
-    QStringList nombres;
-    for (qint32 i = 0; i < 16; ++i)
-        nombres << categorias.NombreCategoria(i);
-    EXPECT_EQ(nombres.mid(0, 5), QStringList({"Unfiled", "Business", "", "Caf\u00e9", ""}));
-    EXPECT_EQ(nombres.last(), "");
-    EsperarError([&] { categorias.NombreCategoria(16); }, ErrorVB::SubindiceFueraDeRango);
-    auto sinBloque = fuente->CrearGestor()->AbrirBaseRegistros("Corta", "", 208);
-    EXPECT_EQ(sinBloque->Categorias().CantidadCategorias(), 0);
-    EXPECT_EQ(sinBloque->Categorias().NombreCategoria(0), "");
-}
-
 // Texts read in the code page Handheld.ini names (an unknown one is reported and the usual one
 // taken); without one named, the country the address book is made for tells: Japan's handhelds
 // write Shift_JIS.
@@ -390,8 +363,6 @@ TYPED_TEST(FuenteDeBases, LaPaginaDeCodigosDeLosTextos) {
         QString Pagina, Nombre;
     } casos[] = {
         {"", 0, "Caf\xe9", "windows-1252", QStringLiteral("Caf\u00e9")},
-        {"[Handheld]\nEncoding=ISO-8859-7\n", 0, "Caf\xe9", "ISO-8859-7",
-         QStringLiteral("Caf\u03b9")},
         {"[Handheld]\nEncoding=klingon-1\n", 0, "Caf\xe9", "windows-1252",
          QStringLiteral("Caf\u00e9")},
         {"", 13, "\x93\xfa\x96\x7b", "windows-932", QStringLiteral("\u65e5\u672c")},
@@ -659,42 +630,6 @@ TYPED_TEST(FuenteDeBases, SinAjustesLosValoresSeDerivanDelHandheld) {
         EXPECT_EQ(fabrica.Crear()->CrearSistema()->InformacionUsuario()->Nombre(), usuario)
             << respaldo.toStdString();
     }
-}
-
-// A value that is not of its kind fails when it is read; the others are read all the same.
-TYPED_TEST(FuenteDeBases, UnAjusteQueNoEsDeSuClaseFallaAlLeerlo) {
-    using Lectura = std::function<void(clsSistemaPalm&)>;
-    const struct {
-        const char* Ajustes;
-        Lectura Mala;
-    } casos[] = {
-        {"[Card]\nNumber=uno\n", [](clsSistemaPalm& x) { x.TarjetaMemoria()->Numero(); }},
-        {"[Card]\nRomSize=abc\n", [](clsSistemaPalm& x) { x.TarjetaMemoria()->TamanoRom(); }},
-        {"[User]\nLastSyncDate=2004-13-45 00:00:00\n",
-         [](clsSistemaPalm& x) { x.InformacionUsuario()->FechaUltimaSincronizacion(); }},
-    };
-    for (const auto& caso : casos) {
-        this->mFabrica.PonerAjustes(QByteArray(caso.Ajustes) + "[Card]\nName=Visor\n");
-        auto sistema = this->mFabrica.Crear()->CrearSistema();
-        EsperarError([&] { caso.Mala(*sistema); }, ErroresFuente::HandheldInaccesible, {},
-                     "Handheld.ini");
-        EXPECT_EQ(sistema->TarjetaMemoria()->Nombre(), "Visor") << caso.Ajustes;
-        EXPECT_EQ(sistema->InformacionUsuario()->Clave(), "") << caso.Ajustes;
-    }
-}
-
-TYPED_TEST(FuenteDeBases, ElAdaptadorDeRecursosDaCadaRecurso) {
-    this->mFabrica.Poner("p.prc", BaseDeRecursos("Programa"));
-    auto fuente = this->mFabrica.Crear();
-    auto adaptador = fuente->CrearGestor()->AbrirBaseRecursos("Programa", "", 208);
-    ASSERT_EQ(adaptador->CantidadRecursos(), 2);
-    const RecursoPalm recurso = adaptador->LeerRecurso(1);
-    EXPECT_EQ(recurso.Indice, 1);
-    EXPECT_EQ(fuente->CodigoATexto(recurso.Tipo, -1), "tFRM");
-    EXPECT_EQ(recurso.ID, 1000);
-    EXPECT_EQ(recurso.Bytes, QByteArray("forma"));
-    EsperarError([&] { adaptador->LeerRecurso(2); }, ErroresFuente::RegistroNoEncontrado);
-    EsperarError([&] { adaptador->LeerRecurso(-1); }, ErroresFuente::RegistroNoEncontrado);
 }
 
 // What stands in the folder under a database's name but is not a regular file (a FIFO, a link to

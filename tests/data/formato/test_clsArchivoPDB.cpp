@@ -2,7 +2,6 @@
 #include "support/modPrueba.h"
 
 #include <QDir>
-#include <QFile>
 #include <QtEndian>
 #include <gtest/gtest.h>
 

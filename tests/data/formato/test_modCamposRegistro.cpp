@@ -1,4 +1,3 @@
-#include "common/ErrorVB.h"
 #include "common/modFecha.h"
 #include "data/formato/modCamposRegistro.h"
 #include "support/modPrueba.h"

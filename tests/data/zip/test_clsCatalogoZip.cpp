@@ -1,4 +1,3 @@
-#include "common/ErrorVB.h"
 #include "data/formato/clsArchivoPDB.h"
 #include "data/zip/clsFuenteZip.h"
 #include "support/modPrueba.h"

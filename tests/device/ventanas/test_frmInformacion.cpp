@@ -6,7 +6,6 @@
 #include "support/ventanas/clsPruebaVentana.h"
 
 #include <QDir>
-#include <QFile>
 
 namespace {
 

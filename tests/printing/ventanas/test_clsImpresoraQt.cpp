@@ -1,8 +1,6 @@
-#include "common/ErrorVB.h"
 #include "printing/ventanas/clsImpresoraQt.h"
 #include "support/modPrueba.h"
 
-#include <QFile>
 #include <QPageLayout>
 #include <QPageSize>
 #include <QPrinter>
