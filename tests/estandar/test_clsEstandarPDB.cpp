@@ -1,8 +1,6 @@
 #include "common/ErrorVB.h"
-#include "common/clsConfiguracionRegional.h"
 #include "constructor/clsConstructorEstandar.h"
 #include "constructor/modHandheldEstandar.h"
-#include "data/MensajesError.h"
 #include "data/carpeta/clsFuenteCarpeta.h"
 #include "estandar/clsDecodificadorDirecciones.h"
 #include "estandar/clsEstandarPDB.h"
@@ -18,10 +16,7 @@ constexpr qint32 Primero = 0x100001; // the first ID the builder gives
 
 class EstandarTest : public ::testing::Test {
 protected:
-    void SetUp() override {
-        CargarMensajes();
-        clsConfiguracionRegional::EstablecerActual(QLocale("en_US"));
-    }
+    void SetUp() override { modPrueba::PrepararTextos(); }
     std::shared_ptr<clsFuenteCarpeta> Fuente(const QString& xCarpeta) {
         return std::make_shared<clsFuenteCarpeta>(xCarpeta);
     }

@@ -1,6 +1,4 @@
-#include "common/clsConfiguracionRegional.h"
 #include "constructor/modHandheldEstandar.h"
-#include "data/MensajesError.h"
 #include "data/carpeta/clsFuenteCarpeta.h"
 #include "data/modHandheld.h"
 #include "estandar/modExportacionEstandar.h"
@@ -68,8 +66,7 @@ std::map<QString, Evento> EventosDe(const QByteArray& xTexto) {
 class ExportacionTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        CargarMensajes();
-        clsConfiguracionRegional::EstablecerActual(QLocale("en_US"));
+        modPrueba::PrepararTextos();
         modHandheldEstandar::Guardar(mCarpeta.path());
         mFuente = std::make_shared<clsFuenteCarpeta>(mCarpeta.path());
         modHandheld::EstablecerFuente(mFuente);

@@ -1,11 +1,10 @@
 #include "common/ErrorVB.h"
-#include "common/clsConfiguracionRegional.h"
 #include "constructor/clsConstructorBase.h"
-#include "data/MensajesError.h"
 #include "data/carpeta/clsFuenteCarpeta.h"
 #include "data/clsPalmPDB.h"
 #include "explorer/clsGrillaFlexible.h"
 #include "explorer/clsNavegadorRegistros.h"
+#include "support/modPrueba.h"
 
 #include <QAbstractItemModelTester>
 #include <QDir>
@@ -27,9 +26,7 @@ QDateTime Fecha(int a, int m, int d) {
 class NavegadorTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        CargarMensajes();
-        clsConfiguracionRegional::EstablecerActual(
-            QLocale(QLocale::English, QLocale::UnitedStates));
+        modPrueba::PrepararTextos();
         ASSERT_TRUE(mCarpeta.isValid());
         Crear(5);
         mBase = std::make_unique<clsPalmPDB>(std::make_shared<clsFuenteCarpeta>(mCarpeta.path()));

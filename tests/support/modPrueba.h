@@ -1,6 +1,8 @@
 #pragma once
 
 #include "common/ErrorVB.h"
+#include "common/clsConfiguracionRegional.h"
+#include "data/MensajesError.h"
 
 #include <QFile>
 #include <QString>
@@ -36,6 +38,12 @@ void EsperarError(F&& xAccion, qint32 xNumero, const QString& xFuente = QString(
     EXPECT_EQ(error.Numero(), xNumero) << error.what();
     EXPECT_TRUE(xFuente.isNull() || error.Fuente() == xFuente) << error.what();
     EXPECT_TRUE(error.Descripcion().contains(xTexto)) << error.what();
+}
+
+// The error texts loaded and the regional settings the expected texts are written in (US English).
+inline void PrepararTextos() {
+    CargarMensajes();
+    clsConfiguracionRegional::EstablecerActual(QLocale(QLocale::English, QLocale::UnitedStates));
 }
 
 // The bytes of a file; none when it cannot be read.

@@ -1,8 +1,6 @@
 #pragma once
 
-#include "common/clsConfiguracionRegional.h"
 #include "common/ventanas/modDialogos.h"
-#include "data/MensajesError.h"
 #include "support/modPrueba.h"
 #include "support/ventanas/modDialogosPrueba.h"
 
@@ -17,9 +15,7 @@
 class clsPruebaVentana : public ::testing::Test {
 protected:
     void SetUp() override {
-        CargarMensajes();
-        clsConfiguracionRegional::EstablecerActual(
-            QLocale(QLocale::English, QLocale::UnitedStates));
+        modPrueba::PrepararTextos();
         ASSERT_TRUE(mCarpeta.isValid());
         modDialogos::ResponderMensajes([this](const modDialogos::PeticionMensaje& xPeticion) {
             Mensajes << xPeticion;
