@@ -58,4 +58,13 @@ using AnchoDeTexto = std::function<double(const QString&)>;
 QString MultiLinea(const QString& xTexto, double xAncho, int xSangria,
                    const AnchoDeTexto& xAnchoDe);
 
+// Whether a CSV cell must be quoted: it holds a comma (unless xSinComas, for a number whose
+// decimal comma becomes a full stop), a quote or a line break. Inline: the export asks it of
+// every text cell.
+inline bool NecesitaComillasCSV(QStringView xTexto, bool xSinComas = false) {
+    for (const QChar c : xTexto)
+        if ((c == u',' && !xSinComas) || c == u'"' || c == u'\r' || c == u'\n') return true;
+    return false;
+}
+
 } // namespace modFunciones

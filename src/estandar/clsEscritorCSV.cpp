@@ -1,5 +1,6 @@
 #include "estandar/clsEscritorCSV.h"
 
+#include "common/modFunciones.h"
 #include "estandar/modTextoEstandar.h"
 
 clsEscritorCSV::clsEscritorCSV(const clsDecodificadorEstandar& xDecodificador)
@@ -11,9 +12,7 @@ clsEscritorCSV::clsEscritorCSV(const clsDecodificadorEstandar& xDecodificador)
 }
 
 QString clsEscritorCSV::Celda(const QString& xTexto) {
-    if (!xTexto.contains(QLatin1Char(',')) && !xTexto.contains(QLatin1Char('"')) &&
-        !xTexto.contains(QLatin1Char('\n')) && !xTexto.contains(QLatin1Char('\r')))
-        return xTexto;
+    if (!modFunciones::NecesitaComillasCSV(xTexto)) return xTexto;
     QString celda = xTexto;
     celda.replace(QLatin1Char('"'), QLatin1String("\"\""));
     return QLatin1Char('"') + celda + QLatin1Char('"');

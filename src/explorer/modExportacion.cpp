@@ -28,14 +28,6 @@ ErrorVB ErrorArchivo(qint32 xNumero, const QString& xDescripcion, const QString&
                    QStringLiteral("%1: %2 (%3)").arg(xDescripcion, xArchivo, xEscritura.Error()));
 }
 
-// Strict CSV quotes a cell holding a comma (unless it becomes a full stop), a quote or a line
-// break.
-bool NecesitaComillas(QStringView xTexto, bool xSinComas) {
-    for (const QChar c : xTexto)
-        if ((c == u',' && !xSinComas) || c == u'"' || c == u'\r' || c == u'\n') return true;
-    return false;
-}
-
 // Copies xTexto a byte per character into xDestino and says whether every character was below
 // 128, so that the copy stands; one pass, written to let the compiler take many at once.
 bool CopiarAscii(QStringView xTexto, char* xDestino) {
@@ -135,12 +127,12 @@ void clsArchivoExportacion::Linea(const std::vector<QStringView>& xCeldas, bool 
         const QStringView texto =
             c < qsizetype(xCeldas.size()) ? xCeldas[size_t(c)] : QStringView();
         if (xEncabezado) {
-            Celda(texto, estricto && NecesitaComillas(texto, false), false, estricto);
+            Celda(texto, estricto && modFunciones::NecesitaComillasCSV(texto), false, estricto);
             continue;
         }
         const bool single = mEsSingle[size_t(c)];
-        const bool comillas =
-            (comas && mEsTexto[size_t(c)]) || (estricto && NecesitaComillas(texto, single));
+        const bool comillas = (comas && mEsTexto[size_t(c)]) ||
+                              (estricto && modFunciones::NecesitaComillasCSV(texto, single));
         Celda(texto, comillas, single, estricto);
     }
     Poner('\r');
