@@ -34,4 +34,3 @@ TEST(frmSplash, ElRelojLaCierraSegunSuModo) {
 }
 
 } // namespace
-
